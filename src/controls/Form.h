@@ -1,0 +1,100 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "controls/Controls.h"
+
+namespace pellmark {
+
+class Desktop;
+class Menu;
+
+/// The window behind a form, made by the Desktop. Destroying it destroys the window.
+class FormPeer {
+  public:
+    virtual ~FormPeer() = default;
+
+    /// The window's handle, 0 where there is no real window.
+    virtual WindowHandle handle() const = 0;
+    /// Makes the window a borderless child of the host's window, fills that window's client area with it
+    /// and shows it. The host moves it from then on.
+    virtual void embed(WindowHandle parent) = 0;
+    /// Shows the window above its disabled owner and returns when endModal has been called. The owner is
+    /// enabled again and gets the focus back, whatever way the dialog ended.
+    virtual void runModal(WindowHandle owner) = 0;
+    virtual void endModal() = 0;
+    virtual void hide() = 0;
+    /// Pops a menu up and returns when it has been closed; the chosen item's handler has run by then.
+    virtual void popUp(Menu& menu, Control& over, Point at) = 0;
+};
+
+enum class BorderStyle { FixedDialog, Sizable };
+
+/// A window of the component: a container with a life cycle. Forms are created on first use, loaded (their
+/// window exists, hidden), shown embedded or modally, and unloaded, after which they may be loaded again.
+class Form : public Container {
+  public:
+    Form(Desktop& desktop, std::string name);
+    ~Form() override;
+
+    Desktop& desktop() const { return desktop_; }
+
+    /// Runs Form_Load and creates the window, hidden. Does nothing when loaded already.
+    void load();
+    /// Form_QueryUnload, then the window goes. A modal show returns. Does nothing when not loaded.
+    void unload();
+    bool isLoaded() const { return peer_ != nullptr; }
+    /// True from embed or showModal to unload or hide.
+    bool isShown() const { return shown_; }
+    bool isEmbedded() const { return embeddedIn_ != 0; }
+    WindowHandle embeddedIn() const { return embeddedIn_; }
+
+    void embed(WindowHandle parent);
+    void showModal(WindowHandle owner);
+    void popUp(Menu& menu, Control& over, Point at);
+
+    /// The window's handle, 0 while not loaded.
+    WindowHandle handle() const { return peer_ ? peer_->handle() : 0; }
+
+    /// A person closed the window by its close box or Escape: the cancel button's click where there is one,
+    /// otherwise unload.
+    void close();
+
+    BorderStyle borderStyle() const { return borderStyle_; }
+    Size clientSize() const { return clientSize_; }
+    /// Not smaller than this when a person resizes the window.
+    Size minimumSize() const { return minimumSize_; }
+
+    /// Pressed by Enter and Escape; null for none.
+    Button* defaultButton() const { return defaultButton_; }
+    Button* cancelButton() const { return cancelButton_; }
+
+    /// The peer tells the size of the client area; the form lays itself out.
+    void resized(Size client);
+
+  protected:
+    virtual void Form_Load() {}
+    virtual void Form_QueryUnload() {}
+
+    void setBorderStyle(BorderStyle style) { borderStyle_ = style; }
+    void setClientSize(Size size) { clientSize_ = size; }
+    void setMinimumSize(Size size) { minimumSize_ = size; }
+    void setDefaultButton(Button* button) { defaultButton_ = button; }
+    void setCancelButton(Button* button) { cancelButton_ = button; }
+
+  private:
+    Desktop& desktop_;
+    std::unique_ptr<FormPeer> peer_;
+    std::unique_ptr<FormPeer> retiring_;
+    bool shown_ = false;
+    bool modal_ = false;
+    WindowHandle embeddedIn_ = 0;
+    BorderStyle borderStyle_ = BorderStyle::FixedDialog;
+    Size clientSize_{6000, 4000};
+    Size minimumSize_{};
+    Button* defaultButton_ = nullptr;
+    Button* cancelButton_ = nullptr;
+};
+
+}  // namespace pellmark

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pellmark {
+
+/// Files and folders as the component needs them. Paths are UTF-8 with "\" between folders. Operations that
+/// fail throw Error with the classic numbers (53 not found, 70 permission denied, 5 and so on) and a text
+/// that names the path.
+class FileSystem {
+  public:
+    /// Bits of a directory entry, the system's own values.
+    enum Attribute : std::uint32_t { kReadOnly = 1, kHidden = 2, kSystem = 4, kDirectory = 16, kArchive = 32 };
+
+    struct Entry {
+        std::string name;
+        std::uint32_t attributes = 0;
+        bool isFolder() const { return (attributes & kDirectory) != 0; }
+    };
+
+    virtual ~FileSystem() = default;
+
+    /// Entries that match a path whose last part may be a pattern (* and ?), in the system's order, "." and
+    /// ".." left out. Empty when there are none or the folder is missing.
+    virtual std::vector<Entry> list(const std::string& pattern) = 0;
+    virtual std::uint64_t size(const std::string& path) = 0;
+    /// Up to count bytes from offset.
+    virtual std::string read(const std::string& path, std::uint64_t offset, std::size_t count) = 0;
+    /// Creates or replaces the file.
+    virtual void write(const std::string& path, std::string_view bytes) = 0;
+    /// Writes over the file's first bytes, creating it if needed and leaving what lies behind them.
+    virtual void overwrite(const std::string& path, std::string_view bytes) = 0;
+    virtual void append(const std::string& path, std::string_view bytes) = 0;
+    /// The temporary folder as the system names it, with its trailing "\"; empty when that fails.
+    virtual std::string temporaryFolder() = 0;
+};
+
+/// Lets the user interface breathe during long work.
+class Idle {
+  public:
+    virtual ~Idle() = default;
+    virtual void yield() = 0;
+};
+
+}  // namespace pellmark
