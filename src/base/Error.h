@@ -29,11 +29,12 @@ inline constexpr std::int32_t kTypeMismatch = 13;
 inline constexpr std::int32_t kPermissionDenied = 70;
 inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kRegistry = 26001;
-inline constexpr std::int32_t kNotFound = 26101;        ///< a record with that id does not exist (any more)
-inline constexpr std::int32_t kValueTooLong = 26102;    ///< a text longer than its field
-inline constexpr std::int32_t kNotUnique = 26103;       ///< a record with that key exists already
-inline constexpr std::int32_t kKnowledgeBase = 26104;   ///< the knowledge base cannot be opened or used
-inline constexpr std::int32_t kHostInterface = 26105;   ///< the host's object lacks a member or answers wrongly
+inline constexpr std::int32_t kNotFound = 26101;       ///< a record with that id does not exist (any more)
+inline constexpr std::int32_t kValueTooLong = 26102;   ///< a text longer than its field
+inline constexpr std::int32_t kNotUnique = 26103;      ///< a record with that key exists already
+inline constexpr std::int32_t kKnowledgeBase = 26104;  ///< the knowledge base cannot be opened or used
+inline constexpr std::int32_t kHostInterface =
+    26105;  ///< the host's object lacks a member or answers wrongly
 }  // namespace errors
 
 }  // namespace pellmark

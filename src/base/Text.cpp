@@ -8,9 +8,13 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char asciiLower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
-bool isContinuation(unsigned char byte) { return (byte & 0xC0U) == 0x80U; }
+bool isContinuation(unsigned char byte) {
+    return (byte & 0xC0U) == 0x80U;
+}
 
 /// Decodes one code point and moves position behind it; a malformed byte yields U+FFFD and is skipped alone.
 char32_t decode(std::string_view text, std::size_t& position) {
@@ -30,7 +34,8 @@ char32_t decode(std::string_view text, std::size_t& position) {
     }
     std::size_t next = position;
     for (int i = 0; i < following; ++i, ++next) {
-        if (next >= text.size() || !isContinuation(static_cast<unsigned char>(text[next]))) return kReplacement;
+        if (next >= text.size() || !isContinuation(static_cast<unsigned char>(text[next])))
+            return kReplacement;
         code = (code << 6U) | (static_cast<unsigned char>(text[next]) & 0x3FU);
     }
     const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
@@ -92,7 +97,8 @@ std::string toUtf8(std::u16string_view utf16) {
 
 std::size_t utf16Length(std::string_view utf8) {
     std::size_t units = 0;
-    for (std::size_t at = 0; at < utf8.size();) units += decode(utf8, at) < 0x10000 ? 1 : 2;
+    for (std::size_t at = 0; at < utf8.size();)
+        units += decode(utf8, at) < 0x10000 ? 1 : 2;
     return units;
 }
 

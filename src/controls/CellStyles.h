@@ -34,7 +34,7 @@ class CellStyles {
   private:
     using Index = std::uint16_t;
     struct Column {
-        Index base = 0;             ///< of slots that `cells` does not reach
+        Index base = 0;  ///< of slots that `cells` does not reach
         std::vector<Index> cells;
     };
     Index indexOf(const CellStyle& style);

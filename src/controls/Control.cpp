@@ -17,7 +17,8 @@ Control::~Control() {
 
 Form* Control::form() {
     Control* root = this;
-    while (root->parent_ != nullptr) root = root->parent_;
+    while (root->parent_ != nullptr)
+        root = root->parent_;
     return root->kind_ == Kind::Form ? static_cast<Form*>(root) : nullptr;
 }
 
@@ -59,13 +60,15 @@ void Control::place(const Rect& design, Size designParent, Anchors anchors) {
 }
 
 Container::~Container() {
-    for (Control* child : children_) child->parent_ = nullptr;
+    for (Control* child : children_)
+        child->parent_ = nullptr;
 }
 
 void Container::arrange(Size client) {
     for (Control* child : children_) {
         if (child->designParent() == Size{}) continue;
-        child->setBounds(anchoredRect(child->designBounds(), child->designParent(), client, child->anchors()));
+        child->setBounds(
+            anchoredRect(child->designBounds(), child->designParent(), client, child->anchors()));
     }
 }
 

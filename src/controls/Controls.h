@@ -11,7 +11,8 @@ namespace pellmark {
 
 class Label : public Control {
   public:
-    Label(Container& parent, std::string name, std::string caption = {}) : Control(Kind::Label, &parent, std::move(name)) {
+    Label(Container& parent, std::string name, std::string caption = {})
+        : Control(Kind::Label, &parent, std::move(name)) {
         setCaption(std::move(caption));
         setTabStop(false);
     }
@@ -19,7 +20,8 @@ class Label : public Control {
 
 class Button : public Control {
   public:
-    Button(Container& parent, std::string name, std::string caption = {}) : Control(Kind::Button, &parent, std::move(name)) {
+    Button(Container& parent, std::string name, std::string caption = {})
+        : Control(Kind::Button, &parent, std::move(name)) {
         setCaption(std::move(caption));
     }
 
@@ -35,7 +37,8 @@ class Button : public Control {
 /// A captioned box around other controls; children are placed inside its client area, caption included.
 class Frame : public Container {
   public:
-    Frame(Container& parent, std::string name, std::string caption = {}) : Container(Kind::Frame, &parent, std::move(name)) {
+    Frame(Container& parent, std::string name, std::string caption = {})
+        : Container(Kind::Frame, &parent, std::move(name)) {
         setCaption(std::move(caption));
         setTabStop(false);
     }
@@ -104,7 +107,9 @@ class ComboBox : public Control {
         index_ = index;
         indexChanged.raise();
     }
-    const Item* selected() const { return index_ == kNone ? nullptr : &items_[static_cast<std::size_t>(index_)]; }
+    const Item* selected() const {
+        return index_ == kNone ? nullptr : &items_[static_cast<std::size_t>(index_)];
+    }
 
     /// A person's choice: sets the index and raises clicked, also when it was chosen already.
     void choose(int index) {
@@ -163,7 +168,8 @@ class TabStrip : public Container {
     int index_ = 0;
 };
 
-inline TabPage::TabPage(TabStrip& strip, std::string name) : Container(Kind::TabPage, &strip, std::move(name)) {
+inline TabPage::TabPage(TabStrip& strip, std::string name)
+    : Container(Kind::TabPage, &strip, std::move(name)) {
     setTabStop(false);
     strip.pages_.push_back(this);
 }

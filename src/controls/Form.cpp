@@ -4,7 +4,8 @@
 
 namespace pellmark {
 
-Form::Form(Desktop& desktop, std::string name) : Container(Kind::Form, nullptr, std::move(name)), desktop_(desktop) {}
+Form::Form(Desktop& desktop, std::string name)
+    : Container(Kind::Form, nullptr, std::move(name)), desktop_(desktop) {}
 
 Form::~Form() = default;
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <functional>
-#include <iosfwd>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "controls/CellStyles.h"
@@ -13,6 +14,7 @@
 #include "controls/GridColumns.h"
 #include "controls/GridRows.h"
 #include "controls/RecordSet.h"
+#include "controls/RowKeys.h"
 #include "controls/RowSelection.h"
 
 namespace pellmark {
@@ -120,7 +122,9 @@ class Grid : public Control {
     std::string displayText(int row, int col) const;
     /// Writes over one cell; the record set is never changed.
     void setText(int row, int col, std::string value);
-    void setText(int row, std::string_view key, std::string value) { setText(row, colIndex(key), std::move(value)); }
+    void setText(int row, std::string_view key, std::string value) {
+        setText(row, colIndex(key), std::move(value));
+    }
     /// The hidden text that identifies a row's record; "" when none.
     std::string rowData(int row) const;
     void setRowData(int row, const std::string& data);
@@ -193,7 +197,8 @@ class Grid : public Control {
     /// Every row and column, hidden ones included, headings first where asked, each cell's shown text,
     /// joined by the separator, lines ended by CR LF. A cell that holds the separator, a quote or a line
     /// break is quoted (RFC 4180); plain cells are not. The text goes to `write` in pieces of some 64 KiB.
-    void saveDelimited(char separator, bool withFixed, const std::function<void(std::string_view)>& write) const;
+    void saveDelimited(char separator, bool withFixed,
+                       const std::function<void(std::string_view)>& write) const;
 
     // --- events ------------------------------------------------------------------------------------------
     Event<const GridChange&> gridChanged;  ///< for the peer
@@ -242,6 +247,7 @@ class Grid : public Control {
     bool activeLook_ = true;
     int redrawOff_ = 0;
     std::optional<GridChange> pending_;
+    std::optional<int> pendingScroll_;
 };
 
 }  // namespace pellmark

@@ -14,7 +14,13 @@ namespace pellmark {
 class FileSystem {
   public:
     /// Bits of a directory entry, the system's own values.
-    enum Attribute : std::uint32_t { kReadOnly = 1, kHidden = 2, kSystem = 4, kDirectory = 16, kArchive = 32 };
+    enum Attribute : std::uint32_t {
+        kReadOnly = 1,
+        kHidden = 2,
+        kSystem = 4,
+        kDirectory = 16,
+        kArchive = 32
+    };
 
     struct Entry {
         std::string name;

@@ -22,7 +22,8 @@ class Registry {
     virtual ~Registry() = default;
 
     virtual std::int32_t openKey(Key parent, const std::string& path, std::uint32_t access, Key& opened) = 0;
-    virtual std::int32_t createKey(Key parent, const std::string& path, std::uint32_t access, Key& opened) = 0;
+    virtual std::int32_t createKey(Key parent, const std::string& path, std::uint32_t access,
+                                   Key& opened) = 0;
     virtual std::int32_t closeKey(Key key) = 0;
     virtual std::int32_t queryValue(Key key, const std::string& name, std::uint32_t& type,
                                     std::vector<std::uint8_t>& data) = 0;

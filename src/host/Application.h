@@ -39,8 +39,10 @@ class Application {
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
-    void ShowWindowProcessesView(const std::shared_ptr<HostApplication>& host, const std::string& processGuid);
-    void ShowWindowProcessCaseView(const std::shared_ptr<HostApplication>& host, const CaseDescription& description);
+    void ShowWindowProcessesView(const std::shared_ptr<HostApplication>& host,
+                                 const std::string& processGuid);
+    void ShowWindowProcessCaseView(const std::shared_ptr<HostApplication>& host,
+                                   const CaseDescription& description);
     /// The picked process's id, "" after a cancel. `owner` is the window that the modal form stands over.
     std::string OpenProcess(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
                             const CaseDescription& description);

@@ -78,8 +78,8 @@ class FeatureCaseStore {
     virtual std::shared_ptr<RecordSet> materialClasses() = 0;
     /// `_Id`, `_Name` of the feature types of a Norvex feature type, a part type and a unit; -1 and ""
     /// leave that part open.
-    virtual std::shared_ptr<RecordSet> featureTypes(std::int16_t nvxFeatureType, const std::string& partTypeId,
-                                                    std::int16_t unitCode) = 0;
+    virtual std::shared_ptr<RecordSet> featureTypes(std::int16_t nvxFeatureType,
+                                                    const std::string& partTypeId, std::int16_t unitCode) = 0;
     /// `_Id`, `_Name`
     virtual std::shared_ptr<RecordSet> keys(const std::string& featureTypeId) = 0;
     /// `_Id`, `_Name`, `_KeyId` of all values of all keys of the feature type, key by key.

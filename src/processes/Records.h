@@ -68,11 +68,11 @@ struct ProcessRecord {
 
 /// What describes a feature case: the host's query and the create call take it whole.
 struct FeatureCaseDescription {
-    std::string featureTypeId;               ///< "" or "-1" when none is chosen
-    std::vector<std::string> valueIds;       ///< at most one per key of the feature type
+    std::string featureTypeId;          ///< "" or "-1" when none is chosen
+    std::vector<std::string> valueIds;  ///< at most one per key of the feature type
     std::int16_t nvxFeatureType = -1;
     std::string partTypeId;
-    std::int16_t unit = unit::kNone;         ///< of the feature case
+    std::int16_t unit = unit::kNone;  ///< of the feature case
     std::string materialClassId;
     std::int16_t processUnit = unit::kNone;
 };
