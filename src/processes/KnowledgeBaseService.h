@@ -11,6 +11,12 @@
 /// The host's machining knowledge base as the component needs it. Three implementations obey one contract
 /// suite: the in-memory fake, the SQLite store and the adapter over the host's automation objects. Every
 /// call stands by itself; failures are thrown as Error with a text that a person can act on.
+///
+/// Rules that hold throughout: an id is GUID text in any case, with or without braces, and comes back in
+/// registry form. An id that is not a GUID is unknown like any other. A question about an unknown id has an
+/// empty answer; a change that names an unknown record throws errors::kNotFound, unless stated otherwise.
+/// "By name" ignores the case of ASCII letters, equal names by id. A text longer than its field (limit::)
+/// throws errors::kValueTooLong and changes nothing.
 namespace pellmark {
 
 /// Operation codes of the rights check.
@@ -37,17 +43,19 @@ class ProcessStore {
     virtual std::vector<std::optional<ProcessRecord>> processRecords(const std::vector<std::string>& ids) = 0;
     /// The processes attached to no feature case; at least the field `_Id`.
     virtual std::shared_ptr<RecordSet> orphanProcesses() = 0;
-    /// Returns the new id; record.Id is not read. Too long a text throws errors::kValueTooLong.
+    /// Returns the new id; record.Id is not read.
     virtual std::string addProcess(const ProcessRecord& record) = 0;
+    /// Writes every field of the process that record.Id names.
     virtual void updateProcess(const ProcessRecord& record) = 0;
-    /// False when the knowledge base refuses (protected, or gone already). Takes steps, values, materials
-    /// and attachments along.
+    /// False when the knowledge base refuses (protected, or gone already). Takes steps, values, links to
+    /// materials and attachments along.
     virtual bool deleteProcess(const std::string& id) = 0;
     /// Attaching twice is harmless.
     virtual void attach(const std::string& processId, const std::string& featureCaseId) = 0;
-    /// True also when the process was not attached; false when the knowledge base refuses.
+    /// True also when the process was not attached or an id is unknown; false when the knowledge base
+    /// refuses.
     virtual bool detach(const std::string& featureCaseId, const std::string& processId) = 0;
-    /// Adding a present material and removing an absent one are harmless.
+    /// Adding a present material and removing an absent or unknown one are harmless.
     virtual void addMaterial(const std::string& processId, const std::string& materialId) = 0;
     virtual void removeMaterial(const std::string& processId, const std::string& materialId) = 0;
     /// Fields `_Id` (the material's), `_Name`, `_PartMaterialGroupId`; by name.
@@ -59,13 +67,18 @@ class FeatureCaseStore {
     virtual ~FeatureCaseStore() = default;
 
     /// Processes attached to feature cases that have any of the description's values, through each such
-    /// case; ExactMatch where the case has all of them. Style 0 asks by values alone; style 1 leaves out
-    /// processes that do not apply to the description's material class.
+    /// case; ExactMatch where the case has all of them. Oldest case first, within a case by process name.
+    /// Style 0 asks by values alone; style 1 leaves out processes that do not apply to the description's
+    /// material class: those that have materials, but none of that class. A process without materials
+    /// applies to every class, and no class asked for leaves nothing out. Another style throws
+    /// errors::kInvalidArgument.
     virtual std::vector<pNode> processesOfValues(const FeatureCaseDescription& description, int style) = 0;
-    /// The new feature case's id. It has no values yet.
+    /// The new feature case's id. It has no values yet. Without a known feature type there is no case:
+    /// errors::kNotFound.
     virtual std::string createFeatureCase(const FeatureCaseDescription& description) = 0;
+    /// Adding a present value is harmless.
     virtual void addValue(const std::string& valueId, const std::string& featureCaseId) = 0;
-    /// All feature cases of the type, oldest first.
+    /// All feature cases of the type, oldest first; exactMatch where the case's values are exactly those.
     virtual std::vector<FeatureCaseMatch> matches(const std::string& featureTypeId,
                                                   const std::vector<std::string>& valueIds) = 0;
 
@@ -77,7 +90,7 @@ class FeatureCaseStore {
     /// `_Id`, `_Name`
     virtual std::shared_ptr<RecordSet> materialClasses() = 0;
     /// `_Id`, `_Name` of the feature types of a Norvex feature type, a part type and a unit; -1 and ""
-    /// leave that part open.
+    /// leave that part open. A feature type that names no part type or no unit fits every one.
     virtual std::shared_ptr<RecordSet> featureTypes(std::int16_t nvxFeatureType,
                                                     const std::string& partTypeId, std::int16_t unitCode) = 0;
     /// `_Id`, `_Name`
@@ -96,20 +109,27 @@ class MaterialStore {
 class ProcessStepStore {
   public:
     virtual ~ProcessStepStore() = default;
-    /// Fields `_Id`, `_ProcessId`, `_Priority`, `_Name`, `_NVXCuttingCycleID`, by priority; "" gives none.
+    /// Fields `_Id`, `_ProcessId`, `_Priority`, `_Name`, `_NVXCuttingCycleID`, by priority, equal
+    /// priorities in the order of their adding; "" gives none.
     virtual std::shared_ptr<RecordSet> steps(const std::string& processId) = 0;
+    /// Throws errors::kNotFound when the step does not exist.
     virtual ProcessStepRecord step(const std::string& id) = 0;
+    /// Returns the new id; record.id is not read.
     virtual std::string addStep(const ProcessStepRecord& record) = 0;
+    /// Writes every field of the step that record.id names, its process included.
     virtual void updateStep(const ProcessStepRecord& record) = 0;
+    /// Takes the step's values along. False when the step is gone already.
     virtual bool deleteStep(const std::string& id) = 0;
-    /// One more than the highest priority of the process's steps, 1 when it has none.
+    /// One more than the highest priority of the process's steps, 1 when it has none; 32767 at most.
     virtual std::int16_t nextPriority(const std::string& processId) = 0;
     /// Fields `_CLFileCode`, `_Value`, by code.
     virtual std::shared_ptr<RecordSet> values(const std::string& stepId) = 0;
     /// A second value with the same code throws errors::kNotUnique.
     virtual void addValue(const StepValueRecord& record) = 0;
+    /// The step must have a value with that code: errors::kNotFound.
     virtual void updateValue(const StepValueRecord& record) = 0;
-    /// `_Id` (a small number), `_Name` of the cutting cycles of the given types, in the order of the types.
+    /// `_Id` (a small number), `_Name` of the cutting cycles of the given types, in the order of the types,
+    /// within a type by id.
     virtual std::shared_ptr<RecordSet> cuttingCycles(const std::vector<int>& types) = 0;
 };
 
