@@ -25,9 +25,14 @@ class Error : public std::runtime_error {
 /// Error numbers that callers test for. Those below 1000 are the classic automation run-time numbers.
 namespace errors {
 inline constexpr std::int32_t kInvalidArgument = 5;
+inline constexpr std::int32_t kOverflow = 6;
 inline constexpr std::int32_t kTypeMismatch = 13;
-inline constexpr std::int32_t kPermissionDenied = 70;
+inline constexpr std::int32_t kBadFileName = 52;
 inline constexpr std::int32_t kFileNotFound = 53;
+inline constexpr std::int32_t kDeviceError = 57;
+inline constexpr std::int32_t kDiskFull = 61;
+inline constexpr std::int32_t kPermissionDenied = 70;
+inline constexpr std::int32_t kPathNotFound = 76;
 inline constexpr std::int32_t kRegistry = 26001;
 inline constexpr std::int32_t kNotFound = 26101;       ///< a record with that id does not exist (any more)
 inline constexpr std::int32_t kValueTooLong = 26102;   ///< a text longer than its field

@@ -9,8 +9,9 @@
 namespace pellmark {
 
 /// Files and folders as the component needs them. Paths are UTF-8 with "\" between folders. Operations that
-/// fail throw Error with the classic numbers (53 not found, 70 permission denied, 5 and so on) and a text
-/// that names the path.
+/// fail throw Error with the classic numbers (52 bad name, 53 file not found, 70 permission denied, 76 path
+/// not found and so on) and a text that names the path. The name of a device, with or without an extension
+/// ("nul.csv"), is a bad name: what is written to it is lost, and what is read from it may never end.
 class FileSystem {
   public:
     /// Bits of a directory entry, the system's own values.
@@ -19,7 +20,8 @@ class FileSystem {
         kHidden = 2,
         kSystem = 4,
         kDirectory = 16,
-        kArchive = 32
+        kArchive = 32,
+        kReparsePoint = 0x400  ///< a link to another place, which a walk must not follow
     };
 
     struct Entry {

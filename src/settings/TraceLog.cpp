@@ -1,0 +1,70 @@
+#include "settings/TraceLog.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pellmark {
+
+namespace {
+
+constexpr char kFileName[] = "Pellmark.log";
+
+/// A line of the trace is one line, whatever a foreign error text holds.
+std::string onOneLine(std::string_view text) {
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
+    return line;
+}
+
+/// Marks a stretch of work so that what it records itself does not start it again.
+class Busy {
+  public:
+    explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+    ~Busy() { flag_ = false; }
+
+  private:
+    bool& flag_;
+};
+
+}  // namespace
+
+TraceLog::TraceLog(DebuggerOutput debuggerOutput, Registry& registry, const CodePage& codePage,
+                   FileSystem& files, Clock& clock, std::string executableName)
+    : debuggerOutput_(std::move(debuggerOutput)),
+      files_(files),
+      clock_(clock),
+      settings_(registry, codePage, files, std::move(executableName), *this) {}
+
+void TraceLog::record(std::string_view operation, std::string_view what) noexcept {
+    try {
+        const std::string line = clock_.now() + " " + onOneLine(operation) + ": " + onOneLine(what);
+        writeToDebugger(line);
+        if (appending_) return;
+        const Busy busy(appending_);
+        // What fails here is seen in the debugger only: the nested record stops above.
+        trap(*this, "TraceLog::record", [&] { appendToFile(line); });
+    } catch (...) {
+        // Out of memory, or no clock: there is nowhere left to say so.
+    }
+}
+
+void TraceLog::writeToDebugger(const std::string& line) noexcept {
+    if (writing_ || !debuggerOutput_) return;
+    const Busy busy(writing_);
+    try {
+        debuggerOutput_(line);
+    } catch (...) {
+        // A failing debugger output must not cost the line its place in the file.
+    }
+}
+
+void TraceLog::appendToFile(const std::string& line) {
+    if (settings_.DebugMode() == 0) return;
+    const std::string folder = files_.temporaryFolder();
+    if (!folder.empty()) files_.append(folder + kFileName, line + "\r\n");
+}
+
+}  // namespace pellmark
