@@ -1,0 +1,154 @@
+# The environment of `run` and `test`: packages, builds, a display and a Wine prefix. Sourced, never run. Whoever
+# sources it gets an EXIT trap that ends what was started here.
+# shellcheck shell=bash
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+build=$root/build
+logs=$build/logs
+
+packages_native=(g++ cmake ninja-build ccache googletest libsqlite3-dev)
+packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64 xvfb xauth
+    fonts-liberation fonts-wine)
+packages_checks=(clang-format clang-tidy git)
+packages_desktop=(x11vnc novnc websockify)
+packages_picture=(xdotool scrot)
+packages_e2e=(python3 sqlite3 xdotool scrot)
+
+export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+
+say() { printf '%s\n' "$*" >&2; }
+die() {
+    say "$*"
+    exit 1
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        die "Installing packages needs root: run as root or install sudo."
+    fi
+}
+
+# Installs the named Debian packages that are missing; asks no package server when none is.
+need_packages() {
+    local package missing=()
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    say "Installing: ${missing[*]}"
+    mkdir -p "$logs"
+    if ! { as_root apt-get update && as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y --no-install-recommends "${missing[@]}"; } > "$logs/apt.log" 2>&1; then
+        tail -n 20 "$logs/apt.log" >&2
+        die "The packages could not be installed; the whole log is $logs/apt.log"
+    fi
+}
+
+# Fetches the sources that no Debian package brings; does nothing once they are there.
+need_sources() {
+    local stamp=$root/.cache/deps/sqlite3/integrity
+    [ -f "$stamp" ] || command -v npm >/dev/null || need_packages npm ca-certificates
+    "$root/cmake/fetch-deps" || die "The third-party sources could not be fetched."
+}
+
+# Configures a preset once; ninja repeats it by itself when a CMake file changes. Prints the log of a failure.
+configure() {
+    local preset=$1 log=$logs/configure-$1.log
+    [ -f "$build/$preset/build.ninja" ] && return 0
+    mkdir -p "$logs"
+    say "Configuring $preset"
+    (cd "$root" && cmake --preset "$preset") > "$log" 2>&1 || {
+        cat "$log" >&2
+        return 1
+    }
+}
+
+# Builds the targets of a preset (all of them when none is named). Prints the log of a failure.
+build_preset() {
+    local preset=$1 log=$logs/build-$1.log
+    shift
+    configure "$preset" || return 1
+    say "Building $preset"
+    ninja -C "$build/$preset" -k 0 "$@" > "$log" 2>&1 || {
+        grep -vE '^\[[0-9]+/[0-9]+\] (Building|Linking)' "$log" | tail -n 200 >&2
+        return 1
+    }
+}
+
+started=()
+cleanup() {
+    local status=$? pid
+    trap - EXIT INT TERM
+    if [ -n "${WINEPREFIX:-}" ] && [ -d "$WINEPREFIX" ] && command -v wine >/dev/null; then
+        WINEDEBUG=-all timeout 20 "$(wineserver_path)" -k 2>/dev/null
+    fi
+    for pid in "${started[@]}"; do
+        kill "$pid" 2>/dev/null
+    done
+    [ -z "${scratch:-}" ] || rm -rf "$scratch"
+    exit "$status"
+}
+trap cleanup EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+wineserver_path() { command -v wineserver || echo /usr/lib/wine/wineserver; }
+
+# Starts a virtual display of its own, of the given size, and points DISPLAY at it. The server itself picks the
+# first free number, so that two runs on one machine do not meet.
+start_display() {
+    local size=${1:-1600x1200x24} pipe number
+    mkdir -p "$logs"
+    pipe=$(mktemp -u)
+    mkfifo "$pipe"
+    Xvfb -displayfd 3 -screen 0 "$size" -nolisten tcp 3> "$pipe" 2> "$logs/xvfb.log" &
+    started+=($!)
+    read -r -t 20 number < "$pipe" || die "The virtual display did not start: $(cat "$logs/xvfb.log")"
+    rm -f "$pipe"
+    export DISPLAY=:$number
+    unset WAYLAND_DISPLAY XAUTHORITY
+}
+
+# Makes the Wine prefix build/NAME the current one, creating it the first time. The stamp is written last, so a
+# prefix whose creation was interrupted is made anew. No debugger: a crash must end a program, not hang it.
+use_prefix() {
+    export WINEPREFIX=$build/$1 WINEARCH=win64 WINEDEBUG=-all
+    export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d;winemenubuilder.exe=d"
+    export WINEPATH
+    WINEPATH=$(windows_path "$build/win64/bin")
+    [ ! -f "$WINEPREFIX/ready" ] || return 0
+    say "Creating the Wine prefix build/$1"
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX" "$logs"
+    {
+        timeout 120 wine wineboot -i &&
+            # Without a window manager, destroying a managed top-level window waits two seconds.
+            timeout 60 wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
+    } > "$logs/prefix.log" 2>&1 || die "The Wine prefix could not be created; see $logs/prefix.log"
+    touch "$WINEPREFIX/ready"
+}
+
+# The path as a Windows program sees it.
+windows_path() {
+    local path=Z:$1
+    printf '%s' "${path//\//\\}"
+}
+
+# Registers the two automation libraries in the prefix, again only after a build changed one of them.
+register_products() {
+    local name library stamp
+    for name in Norvex Pellmark; do
+        library=$build/win64/bin/$name.dll
+        stamp=$WINEPREFIX/registered-$name
+        [ -f "$library" ] || continue
+        [ "$stamp" -nt "$library" ] && continue
+        timeout 60 wine regsvr32 /s "$(windows_path "$library")" > "$logs/register-$name.log" 2>&1 ||
+            die "Registering $name.dll failed; see $logs/register-$name.log"
+        touch "$stamp"
+    done
+}
