@@ -1,0 +1,53 @@
+#include "base/NaturalOrder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace pellmark {
+namespace {
+
+void expectBefore(const std::string& left, const std::string& right) {
+    EXPECT_LT(compareNatural(left, right), 0) << left << " before " << right;
+    EXPECT_GT(compareNatural(right, left), 0) << right << " after " << left;
+}
+
+TEST(NaturalOrderTest, NumbersCompareByTheirValue) {
+    expectBefore("Drill 9", "Drill 10");
+    expectBefore("M6x1", "M12x1");
+    expectBefore("9", "10");
+    expectBefore("D 99999999999999999999998", "D 99999999999999999999999");
+    expectBefore("D 99999999999999999999999", "D 100000000000000000000000");
+}
+
+TEST(NaturalOrderTest, LettersCompareWithoutCase) {
+    EXPECT_EQ(compareNatural("drill", "DRILL"), 0);
+    EXPECT_EQ(compareNatural("\xC3\xA4rmel", "\xC3\x84RMEL"), 0);  // a umlaut
+    EXPECT_EQ(compareNatural("\xD0\x96", "\xD0\xB6"), 0);          // Cyrillic zhe
+    EXPECT_EQ(compareNatural("\xC5\xA0koda", "\xC5\xA1koda"), 0);  // s with caron
+    EXPECT_EQ(compareNatural("\xC5\xBD", "\xC5\xBE"), 0);          // z with caron
+    EXPECT_EQ(compareNatural("\xCE\xA9", "\xCF\x89"), 0);          // omega
+    expectBefore("apple", "Banana");
+}
+
+TEST(NaturalOrderTest, LeadingZerosDoNotCount) {
+    EXPECT_EQ(compareNatural("T007", "T7"), 0);
+    EXPECT_EQ(compareNatural("T000", "T0"), 0);
+    expectBefore("T007", "T8");
+    expectBefore("T0", "T01");
+}
+
+TEST(NaturalOrderTest, APrefixStandsFirstAndEmptyStandsBeforeEverything) {
+    expectBefore("", "a");
+    expectBefore("Drill", "Drill 1");
+    expectBefore("Drill 1", "Drill 1a");
+    EXPECT_EQ(compareNatural("", ""), 0);
+}
+
+TEST(NaturalOrderTest, BrokenTextComparesWithoutFailing) {
+    EXPECT_EQ(compareNatural("\xFF", "\xFF"), 0);
+    expectBefore("a", "\xFF");
+}
+
+}  // namespace
+}  // namespace pellmark
