@@ -64,6 +64,12 @@ Container::~Container() {
         child->parent_ = nullptr;
 }
 
+void arrangeInside(Control& control) {
+    // A tab strip's pages wait for its peer, which alone knows how much of it the tabs take.
+    if (control.kind() != Control::Kind::Frame && control.kind() != Control::Kind::TabPage) return;
+    static_cast<Container&>(control).arrange({control.bounds().width, control.bounds().height});
+}
+
 void Container::arrange(Size client) {
     for (Control* child : children_) {
         if (child->designParent() == Size{}) continue;

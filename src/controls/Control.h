@@ -115,6 +115,9 @@ class Container : public Control {
     std::vector<Control*> children_;
 };
 
+/// Lays a frame's or a page's children out for the bounds that it has now; other controls have none.
+void arrangeInside(Control& control);
+
 /// The rectangle of a control designed as `design` in a container of size `designed`, in one of `actual`.
 /// Never narrower or lower than nothing.
 Rect anchoredRect(const Rect& design, Size designed, Size actual, const Anchors& anchors);

@@ -203,6 +203,11 @@ int Grid::findRow(std::string_view rowData) const {
     return slot ? rowOf(*slot) : -1;
 }
 
+int Grid::findRow(const Guid& rowData) const {
+    const auto slot = keys_.find(rowData, [this](std::size_t each) { return rowOrder_.isLeft(each); });
+    return slot ? rowOf(*slot) : -1;
+}
+
 int Grid::findText(std::string_view value, int col) const {
     if (!columns_.contains(col)) return -1;
     for (int row = fixedRows_; row < rows(); ++row) {

@@ -33,18 +33,22 @@ std::string RowKeys::at(std::size_t slot) const {
     return slot < packed_.size() ? packed_[slot].text() : std::string();
 }
 
+std::optional<std::size_t> RowKeys::find(const Guid& guid, const std::function<bool(std::size_t)>& accept) const {
+    std::optional<std::size_t> lowest;
+    if (!texts_.empty()) lowest = findText(lowerAscii(guid.text()), accept);
+    const auto packed = findPacked(guid, accept);
+    return packed && (!lowest || *packed < *lowest) ? packed : lowest;
+}
+
 std::optional<std::size_t> RowKeys::find(std::string_view text,
                                          const std::function<bool(std::size_t)>& accept) const {
-    std::optional<std::size_t> lowest = findText(lowerAscii(text), accept);
-    if (const auto guid = packed_.empty() ? std::nullopt : Guid::parse(text)) {
-        const auto packed = findPacked(*guid, accept);
-        if (packed && (!lowest || *packed < *lowest)) lowest = packed;
-    }
-    return lowest;
+    if (const auto guid = Guid::parse(text)) return find(*guid, accept);
+    return findText(lowerAscii(text), accept);
 }
 
 std::optional<std::size_t> RowKeys::findPacked(const Guid& guid,
                                                const std::function<bool(std::size_t)>& accept) const {
+    if (packed_.empty()) return std::nullopt;
     if (buckets_.empty()) buildIndex();
     // Slots were entered in rising order, so that equal ids stand in rising order along the probe.
     for (std::size_t bucket = bucketOf(guid); buckets_[bucket] != kFree;

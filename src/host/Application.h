@@ -63,10 +63,12 @@ class Application {
     std::string ReturnFeatureCaseGuid;
 
   private:
+    template <class Call>
+    void run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title, Call&& call);
     bool startUp(const std::shared_ptr<HostApplication>& host, const char* title);
     void applyDescription(const CaseDescription& description);
     void showEmbedded(FRView view);
-    void showExitOnly();
+    void captionForViewing();
     void runModally(WindowHandle owner, bool withOk);
 
     Platform platform_;

@@ -1,0 +1,49 @@
+#include "util/cVSGridOps.h"
+
+#include "base/Error.h"
+#include "processes/Records.h"
+
+namespace pellmark {
+
+void cVSGridOps::SelectAll(Grid& grid) {
+    grid.selectBlock(grid.fixedRows(), grid.fixedCols(), grid.rows() - 1, grid.cols() - 1);
+}
+
+std::vector<std::string> cVSGridOps::SelectedIds(const Grid& grid) {
+    std::vector<std::string> ids;
+    for (int i = 0; i < grid.selectedRows(); ++i) {
+        std::string id = grid.rowData(grid.selectedRow(i));
+        ids.push_back(id.empty() ? "-1" : std::move(id));
+    }
+    return ids;
+}
+
+std::string cVSGridOps::SelectedId(const Grid& grid) { return grid.rowData(grid.row()); }
+
+void cVSGridOps::SetRowDataToIds(Grid& grid) { grid.setRowDataFromColumn(grid.colIndex(field::kId)); }
+
+std::string cVSGridOps::GetTempFolderPath() { return files_.temporaryFolder(); }
+
+std::string cVSGridOps::SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
+                                                     const std::string& separator) {
+    std::string header;
+    std::string lines;
+    for (int i = 0; i < grid.selectedRows(); ++i) {
+        const int row = grid.selectedRow(i);
+        for (int col = 0; col < grid.cols(); ++col) {
+            const std::string cell = grid.displayText(row, col);
+            if (grid.style(row, col).hasPicture() || cell.starts_with('{')) continue;
+            const std::string end = col == grid.cols() - 1 ? "" : separator;
+            lines += cell + end;
+            if (i == 0) header += grid.heading(col) + end;
+        }
+        lines += "\r\n";
+    }
+    std::string text = header + "\r\n" + lines + "\r\n";
+    if (!fileIO_.WriteFile(path, text)) {
+        throw Error(errors::kPermissionDenied, "Pellmark.cVSGridOps", "The file '" + path + "' could not be written");
+    }
+    return text;
+}
+
+}  // namespace pellmark
