@@ -171,11 +171,12 @@ void cProcess::fillFeatureCase(const std::string& selectId) {
     auto records = std::make_shared<ProcessListRecordset>();
     grid_->bind(nullptr);
     const std::vector<pNode> results = listedResults();
-    for (const pNode& node : results) records->add(node);
-    if (!results.empty()) {
-        const std::int16_t unitCode = component_.featureCase()->GetFTUnit();
-        records->setFilter(unitCode >= 0 ? "(_Unit  = " + std::to_string(unitCode) + ")" : "");
+    for (const pNode& node : results) {
+        // A record that does not fit its fields must not hide the others.
+        trap(component_.trace(), "cProcess::RefreshList", [&] { records->addRow(node); });
     }
+    if (records->count() == 0) return;
+    records->setFilter(ProcessListRecordset::unitFilter(component_.featureCase()->GetFTUnit()));
     grid_->bind(std::move(records));
     hideInternalColumns();
     component_.gridOps().SetRowDataToIds(*grid_);

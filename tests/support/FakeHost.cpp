@@ -1,0 +1,78 @@
+#include "support/FakeHost.h"
+
+namespace pellmark::test {
+
+namespace {
+
+class Counted {
+  public:
+    explicit Counted(int& alive) : alive_(alive) { ++alive_; }
+    ~Counted() { --alive_; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+  private:
+    int& alive_;
+};
+
+class ServiceReference : public KnowledgeBaseService, Counted {
+  public:
+    ServiceReference(KnowledgeBaseService& target, int& alive) : Counted(alive), target_(target) {}
+    bool isConnected() override { return target_.isConnected(); }
+    UserRights& userRights() override { return target_.userRights(); }
+    ProcessStore& processStore() override { return target_.processStore(); }
+    FeatureCaseStore& featureCaseStore() override { return target_.featureCaseStore(); }
+    MaterialStore& materialStore() override { return target_.materialStore(); }
+    ProcessStepStore& stepStore() override { return target_.stepStore(); }
+
+  private:
+    KnowledgeBaseService& target_;
+};
+
+class Translation : public TranslationService, Counted {
+  public:
+    Translation(FakeHostLibrary& library) : Counted(library.alive), library_(library) {}
+    void setCallingApplication(const std::string& title) override { note("CallingApplication " + title); }
+    void setResourceFile(const std::string& path) override { note("ResourceFile " + path); }
+    void setOutputLanguage(std::int16_t code) override { note("OutputLanguage " + std::to_string(code)); }
+    std::string GetString(const std::string& english) override {
+        const auto found = library_.translations.find(english);
+        return found == library_.translations.end() ? english : found->second;
+    }
+
+  private:
+    void note(std::string call) { library_.translationCalls.push_back(std::move(call)); }
+    FakeHostLibrary& library_;
+};
+
+class Languages : public LanguageConverter, Counted {
+  public:
+    explicit Languages(FakeHostLibrary& library) : Counted(library.alive), library_(library) {}
+    std::int32_t localeOf(std::int16_t) override { return library_.locale; }
+
+  private:
+    FakeHostLibrary& library_;
+};
+
+void failWhenMissing(bool missing) {
+    if (missing) throw Error(errors::kHostInterface, "Norvex", "The host's library is not registered");
+}
+
+}  // namespace
+
+std::unique_ptr<KnowledgeBaseService> FakeHostLibrary::createKnowledgeBaseService() {
+    failWhenMissing(missing);
+    return std::make_unique<ServiceReference>(knowledgeBase_, alive);
+}
+
+std::unique_ptr<TranslationService> FakeHostLibrary::createTranslationService() {
+    failWhenMissing(missing);
+    return std::make_unique<Translation>(*this);
+}
+
+std::unique_ptr<LanguageConverter> FakeHostLibrary::createLanguageConverter() {
+    failWhenMissing(missing);
+    return std::make_unique<Languages>(*this);
+}
+
+}  // namespace pellmark::test

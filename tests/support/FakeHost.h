@@ -1,0 +1,54 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/HostInterfaces.h"
+#include "support/FakeKnowledgeBase.h"
+
+namespace pellmark::test {
+
+/// The host as a test sets it up.
+class FakeHost : public HostApplication {
+  public:
+    static constexpr WindowHandle kWindow = 7;
+
+    WindowHandle mainWindow() override { return window; }
+    std::string installationFolder() override { return "C:\\Norvex\\"; }
+    std::int16_t languageCode() override { return language; }
+    std::int16_t currentUnit() override { return unitCode; }
+    std::string buildExpression(const std::string& rule, WindowHandle) override {
+        rulesOffered.push_back(rule);
+        return builtRule;
+    }
+
+    WindowHandle window = kWindow;
+    std::int16_t language = 2;
+    std::int16_t unitCode = unit::kMetric;
+    std::string builtRule;  ///< what the expression builder answers
+    std::vector<std::string> rulesOffered;
+};
+
+/// What the host's library would create, kept where a test can look at it. The objects it hands out are thin
+/// references, since the component owns and releases what it creates.
+class FakeHostLibrary : public HostLibrary {
+  public:
+    explicit FakeHostLibrary(KnowledgeBaseService& knowledgeBase) : knowledgeBase_(knowledgeBase) {}
+
+    std::unique_ptr<KnowledgeBaseService> createKnowledgeBaseService() override;
+    std::unique_ptr<TranslationService> createTranslationService() override;
+    std::unique_ptr<LanguageConverter> createLanguageConverter() override;
+
+    std::map<std::string, std::string> translations;
+    std::vector<std::string> translationCalls;  ///< "ResourceFile C:\...", in order
+    std::int32_t locale = 1031;
+    bool missing = false;  ///< the library is not installed
+    int alive = 0;         ///< objects not released yet
+
+  private:
+    KnowledgeBaseService& knowledgeBase_;
+};
+
+}  // namespace pellmark::test
