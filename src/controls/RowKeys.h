@@ -23,6 +23,7 @@ class RowKeys {
     /// "" when the slot has none.
     std::string at(std::size_t slot) const;
     /// The lowest slot with that text, case ignored, that `accept` takes; nothing when there is none.
+    std::optional<std::size_t> find(const Guid& guid, const std::function<bool(std::size_t)>& accept) const;
     std::optional<std::size_t> find(std::string_view text,
                                     const std::function<bool(std::size_t)>& accept) const;
 

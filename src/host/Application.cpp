@@ -3,6 +3,7 @@
 #include "featurecases/cFeatureCase.h"
 #include "host/Component.h"
 #include "host/FrmMain.h"
+#include "processes/FrmAddEditProcess.h"
 #include "processes/cProcess.h"
 
 namespace pellmark {
@@ -10,6 +11,7 @@ namespace pellmark {
 namespace {
 
 constexpr const char* kManagerTitle = "Norvex - Process Manager";
+constexpr const char* kEditorTitle = "Norvex - Process Tech Loftwise";
 
 }  // namespace
 
@@ -19,13 +21,16 @@ Application::Application(const Platform& platform)
 Application::~Application() { Dispose(); }
 
 template <class Call>
-void Application::run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title,
+bool Application::run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title,
                       Call&& call) {
+    bool started = false;
     trap(platform_.trace, operation, [&] {
         if (!host) return;
         if (!component_) throw Error(errors::kInvalidArgument, "Pellmark", "Dispose was called before");
-        if (startUp(host, title)) call();
+        started = startUp(host, title);
+        if (started) call();
     });
+    return started;
 }
 
 bool Application::startUp(const std::shared_ptr<HostApplication>& host, const char* title) {
@@ -48,6 +53,84 @@ void Application::ShowWindowProcessesView(const std::shared_ptr<HostApplication>
     });
 }
 
+void Application::ShowWindowProcessCaseView(const std::shared_ptr<HostApplication>& host,
+                                            const CaseDescription& description) {
+    run("Application::ShowWindowProcessCaseView", host, kManagerTitle, [&] {
+        showEmbedded(FRView::FRProcesscase);
+        describeCase(description);
+        selectNamed(description);
+    });
+}
+
+std::string Application::OpenProcess(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
+                                     const CaseDescription& description) {
+    ReturnProcessGuid.clear();
+    run("Application::OpenProcess", host, kManagerTitle, [&] {
+        interruptEmbeddedView([&] {
+            captionForPicking();
+            showModally(owner, description);
+        });
+    });
+    return ReturnProcessGuid;
+}
+
+void Application::EditFeatureCase(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
+                                  const CaseDescription& description) {
+    run("Application::EditFeatureCase", host, kManagerTitle, [&] {
+        interruptEmbeddedView([&] {
+            captionForViewing();
+            showModally(owner, description);
+        });
+    });
+}
+
+std::string Application::OpenFeatureCase(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
+                                         const CaseDescription& description) {
+    const bool ran = run("Application::OpenFeatureCase", host, kManagerTitle, [&] {
+        interruptEmbeddedView([&] {
+            component_->mainForm().FeatureCasePick = true;
+            captionForPicking();
+            showModally(owner, description);
+        });
+    });
+    // A cancelled pick answers with the last confirmed one; a call that could not begin answers nothing.
+    return ran ? ReturnFeatureCaseGuid : std::string();
+}
+
+void Application::EditProcess(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
+                              const CaseDescription& description) {
+    run("Application::EditProcess", host, kEditorTitle, [&] {
+        interruptEmbeddedView([&] {
+            FrmMain& form = component_->mainForm();
+            form.unload();  // its lists are built anew for this call
+            form.SetView(FRView::FRProcesscase);
+            describeCase(description);
+            selectNamed(description);
+            form.load();
+            FrmAddEditProcess dialog(*component_, description.processGuid);
+            dialog.showModal(owner);
+            form.unload();
+        });
+    });
+}
+
+void Application::describeCase(const CaseDescription& description) {
+    cFeatureCase* view = component_->featureCase();
+    if (view == nullptr) return;
+    view->SetFeatureCaseUnitGui(description.featureCaseUnit);
+    view->SetNvxFeatureTypeGui(description.nvxFeatureType);
+    view->SetPartTypeGui(description.partTypeGuid);
+    view->SetFeatureTypeGui(description.featureTypeGuid);
+    view->SetPartMaterialClassGui(description.processMaterialClassGuid);
+    view->SetProcessUnitGui(description.processUnit);
+    view->SetValuesGui(description.valuesGuids);
+}
+
+void Application::selectNamed(const CaseDescription& description) {
+    cProcess* processes = component_->processes();
+    if (processes != nullptr && !description.processGuid.empty()) processes->SetProcessGui(description.processGuid);
+}
+
 void Application::showEmbedded(FRView view) {
     FrmMain& form = component_->mainForm();
     const WindowHandle parent = component_->host().mainWindow();
@@ -60,6 +143,56 @@ void Application::captionForViewing() {
     FrmMain& form = component_->mainForm();
     form.CmdOK.setVisible(false);
     form.CmdCancel.setCaption(component_->GetString("Exit"));
+}
+
+void Application::captionForPicking() {
+    FrmMain& form = component_->mainForm();
+    form.CmdOK.setVisible(true);
+    form.CmdCancel.setCaption(component_->GetString("Cancel"));
+}
+
+void Application::showModally(WindowHandle owner, const CaseDescription& description) {
+    FrmMain& form = component_->mainForm();
+    form.SetView(FRView::FRProcesscase);
+    describeCase(description);
+    selectNamed(description);
+    form.showModal(owner);
+    form.FeatureCasePick = false;
+}
+
+template <class Show>
+void Application::interruptEmbeddedView(Show&& show) {
+    FrmMain& form = component_->mainForm();
+    const WindowHandle parent = form.embeddedIn();
+    if (parent == 0) {
+        show();
+        return;
+    }
+    const FRView view = form.view();
+    const CaseDescription shown = currentDescription();
+    form.unload();
+    trap(platform_.trace, "Application::interruptEmbeddedView", [&] { show(); });
+    form.SetView(view);
+    captionForViewing();
+    form.embed(parent);
+    if (view == FRView::FRProcesscase) describeCase(shown);
+    component_->processes()->RefreshList(shown.processGuid);
+}
+
+CaseDescription Application::currentDescription() {
+    CaseDescription shown;
+    if (cProcess* processes = component_->processes()) shown.processGuid = processes->SelectedProcessID();
+    if (cFeatureCase* view = component_->featureCase()) {
+        const FeatureCaseDescription now = view->description();
+        shown.valuesGuids = now.valueIds;
+        shown.featureCaseUnit = now.unit;
+        shown.nvxFeatureType = now.nvxFeatureType;
+        shown.partTypeGuid = now.partTypeId;
+        shown.featureTypeGuid = now.featureTypeId;
+        shown.processMaterialClassGuid = now.materialClassId;
+        shown.processUnit = now.processUnit;
+    }
+    return shown;
 }
 
 void Application::Dispose() {

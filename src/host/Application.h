@@ -63,13 +63,20 @@ class Application {
     std::string ReturnFeatureCaseGuid;
 
   private:
+    /// False when the call could not begin: no host object, released, or not connected.
     template <class Call>
-    void run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title, Call&& call);
+    bool run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title, Call&& call);
     bool startUp(const std::shared_ptr<HostApplication>& host, const char* title);
-    void applyDescription(const CaseDescription& description);
+    void describeCase(const CaseDescription& description);
+    void selectNamed(const CaseDescription& description);
     void showEmbedded(FRView view);
     void captionForViewing();
-    void runModally(WindowHandle owner, bool withOk);
+    void captionForPicking();
+    template <class Show>
+    void interruptEmbeddedView(Show&& show);
+    /// What the embedded view shows now, so that it can be shown again after a modal call.
+    CaseDescription currentDescription();
+    void showModally(WindowHandle owner, const CaseDescription& description);
 
     Platform platform_;
     std::unique_ptr<Component> component_;
