@@ -75,6 +75,7 @@ void Container::arrange(Size client) {
         if (child->designParent() == Size{}) continue;
         child->setBounds(
             anchoredRect(child->designBounds(), child->designParent(), client, child->anchors()));
+        arrangeInside(*child);
     }
 }
 

@@ -33,7 +33,8 @@ std::string RowKeys::at(std::size_t slot) const {
     return slot < packed_.size() ? packed_[slot].text() : std::string();
 }
 
-std::optional<std::size_t> RowKeys::find(const Guid& guid, const std::function<bool(std::size_t)>& accept) const {
+std::optional<std::size_t> RowKeys::find(const Guid& guid,
+                                         const std::function<bool(std::size_t)>& accept) const {
     std::optional<std::size_t> lowest;
     if (!texts_.empty()) lowest = findText(lowerAscii(guid.text()), accept);
     const auto packed = findPacked(guid, accept);

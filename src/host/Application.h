@@ -65,7 +65,8 @@ class Application {
   private:
     /// False when the call could not begin: no host object, released, or not connected.
     template <class Call>
-    bool run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title, Call&& call);
+    bool run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title,
+             Call&& call);
     bool startUp(const std::shared_ptr<HostApplication>& host, const char* title);
     void describeCase(const CaseDescription& description);
     void selectNamed(const CaseDescription& description);

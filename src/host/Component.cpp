@@ -1,5 +1,6 @@
 #include "host/Component.h"
 
+#include "base/Error.h"
 #include "featurecases/cFeatureCase.h"
 #include "host/FrmMain.h"
 #include "processes/cProcess.h"
@@ -9,14 +10,18 @@ namespace pellmark {
 Component::Component(Application& application, const Platform& platform)
     : application_(application),
       platform_(platform),
-      files_(platform.files, platform.codePage, platform.idle),
-      settings_(platform.registry, platform.codePage, platform.files, platform.executableName),
+      files_(platform.files, platform.codePage, platform.idle, platform.trace),
+      settings_(platform.registry, platform.codePage, platform.files, platform.executableName,
+                platform.trace),
       gridOps_(platform.files, files_),
       help_(std::make_unique<HTMLHelp>(platform.help, std::string())) {
     // A host library that is not there must not keep the Application from being created: its calls say so.
-    trap(trace(), "Component::Component", [this] { languages_ = platform_.hostLibrary.createLanguageConverter(); });
-    trap(trace(), "Component::Component", [this] { translation_ = platform_.hostLibrary.createTranslationService(); });
-    trap(trace(), "Component::Component", [this] { knowledgeBase_ = platform_.hostLibrary.createKnowledgeBaseService(); });
+    trap(trace(), "Component::Component",
+         [this] { languages_ = platform_.hostLibrary.createLanguageConverter(); });
+    trap(trace(), "Component::Component",
+         [this] { translation_ = platform_.hostLibrary.createTranslationService(); });
+    trap(trace(), "Component::Component",
+         [this] { knowledgeBase_ = platform_.hostLibrary.createKnowledgeBaseService(); });
 }
 
 Component::~Component() {
@@ -38,7 +43,9 @@ void Component::configureTranslation(HostApplication& host, const char* title) {
     title_ = GetString(title);
 }
 
-void Component::setHelpFile(const std::string& path) { help_ = std::make_unique<HTMLHelp>(platform_.help, path); }
+void Component::setHelpFile(const std::string& path) {
+    help_ = std::make_unique<HTMLHelp>(platform_.help, path);
+}
 
 std::string Component::helpFileOf(HostApplication& host) {
     constexpr int kUsEnglish = 1033;
@@ -50,13 +57,15 @@ std::string Component::helpFileOf(HostApplication& host) {
 
 bool Component::isConnected() {
     bool connected = false;
-    trap(trace(), "Component::isConnected", [&] { connected = knowledgeBase_ && knowledgeBase_->isConnected(); });
+    trap(trace(), "Component::isConnected",
+         [&] { connected = knowledgeBase_ && knowledgeBase_->isConnected(); });
     return connected;
 }
 
 KnowledgeBaseService& Component::knowledgeBase() const {
     if (!knowledgeBase_) {
-        throw Error(errors::kKnowledgeBase, "Pellmark", "The host's knowledge-base service could not be created");
+        throw Error(errors::kKnowledgeBase, "Pellmark",
+                    "The host's knowledge-base service could not be created");
     }
     return *knowledgeBase_;
 }
@@ -73,7 +82,8 @@ bool Component::CheckPermission(int operation) {
     if (operation == PermissionEdit) what = GetString("edit objects in the database!");
     if (operation == PermissionAdd) what = GetString("add new objects to the database!");
     if (operation == PermissionDelete) what = GetString("delete objects from the database!");
-    desktop().showMessage({GetString("You do not have permission to") + " " + what, "", MessageIcon::Information});
+    desktop().showMessage(
+        {GetString("You do not have permission to") + " " + what, "", MessageIcon::Information});
     return false;
 }
 
@@ -82,11 +92,17 @@ FrmMain& Component::mainForm() {
     return *mainForm_;
 }
 
-bool Component::isMainFormLoaded() const { return mainForm_ && mainForm_->isLoaded(); }
+bool Component::isMainFormLoaded() const {
+    return mainForm_ && mainForm_->isLoaded();
+}
 
-void Component::setProcesses(std::unique_ptr<cProcess> processes) { processes_ = std::move(processes); }
+void Component::setProcesses(std::unique_ptr<cProcess> processes) {
+    processes_ = std::move(processes);
+}
 
-void Component::setFeatureCase(std::unique_ptr<cFeatureCase> featureCase) { featureCase_ = std::move(featureCase); }
+void Component::setFeatureCase(std::unique_ptr<cFeatureCase> featureCase) {
+    featureCase_ = std::move(featureCase);
+}
 
 void Component::releaseControllers() {
     featureCase_.reset();

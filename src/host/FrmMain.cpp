@@ -30,7 +30,8 @@ FrmMain::FrmMain(Component& component) : Form(component.desktop(), "FrmMain"), c
     on(CmdCancel.clicked.subscribe([this] { CmdCancel_Click(); }));
     on(CmdHelp.clicked.subscribe([this] { CmdHelp_Click(); }));
     on(TabCtrl.clicked.subscribe([this](int index) { tabClicked(index); }));
-    on(VSFGProcessCaseResults.entered.subscribe([this] { gridEntered(VSFGProcessCaseResults, VSFGProcessStep); }));
+    on(VSFGProcessCaseResults.entered.subscribe(
+        [this] { gridEntered(VSFGProcessCaseResults, VSFGProcessStep); }));
     on(VSFGProcessStep.entered.subscribe([this] { gridEntered(VSFGProcessStep, VSFGProcessCaseResults); }));
 }
 
@@ -106,8 +107,8 @@ void FrmMain::tabClicked(int index) {
     if (cProcess* processes = component_.processes()) processes->RefreshList("");
 }
 
-void FrmMain::gridEntered(Grid& entered, Grid& other) {
-    entered.setActiveLook(true);
+void FrmMain::gridEntered(Grid& active, Grid& other) {
+    active.setActiveLook(true);
     other.setActiveLook(false);
 }
 
@@ -119,7 +120,8 @@ void FrmMain::CmdOk_Click() {
         application.ReturnFeatureCaseGuid = featureCase;
     });
     trap(component_.trace(), "FrmMain::CmdOk_Click", [&] {
-        application.ReturnProcessGuid = component_.processes() ? component_.processes()->SelectedProcessID() : "";
+        application.ReturnProcessGuid =
+            component_.processes() ? component_.processes()->SelectedProcessID() : "";
     });
     unload();
 }
@@ -130,7 +132,9 @@ std::string FrmMain::pickedFeatureCase() {
     return featureCase->existingOrNewFeatureCase();
 }
 
-void FrmMain::CmdCancel_Click() { unload(); }
+void FrmMain::CmdCancel_Click() {
+    unload();
+}
 
 void FrmMain::CmdHelp_Click() {
     trap(component_.trace(), "FrmMain::CmdHelp_Click",

@@ -50,7 +50,8 @@ class FrmMain : public Form {
     ArrangedPage TabProcesses{TabCtrl, "TabProcesses", [this](Size page) { arrangeProcesses(page); }};
     Grid VSFGAllProcesses{TabProcesses, "VSFGAllProcesses"};
 
-    ArrangedPage SizerProcessCase{TabCtrl, "SizerProcessCase", [this](Size page) { arrangeProcessCase(page); }};
+    ArrangedPage SizerProcessCase{TabCtrl, "SizerProcessCase",
+                                  [this](Size page) { arrangeProcessCase(page); }};
     Frame FrameFilters{SizerProcessCase, "FrameFilters", "Filters"};
     Frame FrameFeatureTypeFilters{FrameFilters, "FrameFeatureTypeFilters", "Feature Case Filters"};
     Label LblUnit{FrameFeatureTypeFilters, "LblUnit", "Unit"};
@@ -89,7 +90,7 @@ class FrmMain : public Form {
     void placeFilters();
     void translateCaptions();
     void tabClicked(int index);
-    void gridEntered(Grid& entered, Grid& other);
+    void gridEntered(Grid& active, Grid& other);
 
     Component& component_;
     FRView view_ = FRView::FRProcesses;

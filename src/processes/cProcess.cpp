@@ -43,7 +43,9 @@ void cProcess::Init(Grid& grid) {
     grid_ = &grid;
     layOut();
     Trace& trace = component_.trace();
-    const auto onGrid = [this](Subscription subscription) { subscriptions_.push_back(std::move(subscription)); };
+    const auto onGrid = [this](Subscription subscription) {
+        subscriptions_.push_back(std::move(subscription));
+    };
     subscriptions_.clear();
     onGrid(grid.doubleClicked.subscribe([this](int row) {
         if (row >= grid_->fixedRows()) Editwizard();
@@ -69,9 +71,11 @@ void cProcess::layOut() {
     };
     Grid::RedrawOff off(*grid_);
     if (ofCase) {
-        for (const Column& column : kCaseColumns) add(column);
+        for (const Column& column : kCaseColumns)
+            add(column);
     } else {
-        for (const Column& column : kAllColumns) add(column);
+        for (const Column& column : kAllColumns)
+            add(column);
     }
     grid_->setHeadings(headings);
     for (int col = 0; col < grid_->cols(); ++col) {
@@ -146,14 +150,16 @@ std::vector<pNode> cProcess::listedResults() {
 
     // What is listed is what the store holds now, not what the feature case remembered.
     std::vector<std::string> ids;
-    for (const pNode& node : working) ids.push_back(node.id);
+    for (const pNode& node : working)
+        ids.push_back(node.id);
     const auto current = component_.knowledgeBase().processStore().processRecords(ids);
     std::vector<pNode> ordered;
     std::set<std::string> listed;
     for (const bool exact : {true, false}) {
         for (std::size_t i = 0; i < working.size(); ++i) {
             if (exact && !working[i].ExactMatch) continue;
-            if (i >= current.size() || !current[i] || !listed.insert(lowerAscii(working[i].id)).second) continue;
+            if (i >= current.size() || !current[i] || !listed.insert(lowerAscii(working[i].id)).second)
+                continue;
             pNode node = working[i];
             node.Name = current[i]->Name;
             node.unit = current[i]->Unit;
@@ -201,7 +207,8 @@ void cProcess::SetOrphanColor() {
     grid_->setColumnForeColor(nameCol, kBlack);
     const auto orphans = component_.knowledgeBase().processStore().orphanProcesses();
     if (const auto keys = orphans->keys()) {
-        for (const Guid& key : *keys) grid_->setForeColor(grid_->findRow(key), nameCol, kRed);
+        for (const Guid& key : *keys)
+            grid_->setForeColor(grid_->findRow(key), nameCol, kRed);
         return;
     }
     const std::size_t idField = orphans->fieldIndex(field::kId).value_or(0);
@@ -247,8 +254,9 @@ void cProcess::Delete() {
     trap(component_.trace(), "cProcess::Delete", [this] {
         if (!component_.CheckPermission(PermissionDelete)) return;
         if (grid_->rows() < 2 || grid_->selectedRows() == 0) return;
-        const MessageBox question{component_.GetString("Permanently delete selected item(s) from the database?"),
-                                  kQuestionTitle, MessageIcon::Question, MessageButtons::OkCancel};
+        const MessageBox question{
+            component_.GetString("Permanently delete selected item(s) from the database?"), kQuestionTitle,
+            MessageIcon::Question, MessageButtons::OkCancel};
         if (component_.desktop().showMessage(question) != MessageAnswer::Ok) return;
         ProcessStore& store = component_.knowledgeBase().processStore();
         removeSelected([&](int row) { return store.deleteProcess(grid_->rowData(row)); });
@@ -258,8 +266,9 @@ void cProcess::Delete() {
 void cProcess::DeleteFromFeatureCase() {
     trap(component_.trace(), "cProcess::DeleteFromFeatureCase", [this] {
         if (!component_.CheckPermission(PermissionDelete) || grid_->selectedRows() == 0) return;
-        const MessageBox question{"Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?",
-                                  kQuestionTitle, MessageIcon::Question, MessageButtons::OkCancel};
+        const MessageBox question{
+            "Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?",
+            kQuestionTitle, MessageIcon::Question, MessageButtons::OkCancel};
         if (component_.desktop().showMessage(question) != MessageAnswer::Ok) return;
         ProcessStore& store = component_.knowledgeBase().processStore();
         removeSelected([&](int row) {
@@ -267,6 +276,11 @@ void cProcess::DeleteFromFeatureCase() {
         });
     });
 }
+
+void cProcess::AddNewWizard() {}
+void cProcess::Editwizard() {}
+void cProcess::EditExistingProcesseswizard() {}
+void cProcess::EditMaterialsWizard() {}
 
 void cProcess::offerSelection(DragData& drag) {
     drag.clear();

@@ -18,11 +18,17 @@ std::vector<std::string> cVSGridOps::SelectedIds(const Grid& grid) {
     return ids;
 }
 
-std::string cVSGridOps::SelectedId(const Grid& grid) { return grid.rowData(grid.row()); }
+std::string cVSGridOps::SelectedId(const Grid& grid) {
+    return grid.rowData(grid.row());
+}
 
-void cVSGridOps::SetRowDataToIds(Grid& grid) { grid.setRowDataFromColumn(grid.colIndex(field::kId)); }
+void cVSGridOps::SetRowDataToIds(Grid& grid) {
+    grid.setRowDataFromColumn(grid.colIndex(field::kId));
+}
 
-std::string cVSGridOps::GetTempFolderPath() { return files_.temporaryFolder(); }
+std::string cVSGridOps::GetTempFolderPath() {
+    return files_.temporaryFolder();
+}
 
 std::string cVSGridOps::SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
                                                      const std::string& separator) {
@@ -41,7 +47,8 @@ std::string cVSGridOps::SaveSelectionAsDelimitedFile(const Grid& grid, const std
     }
     std::string text = header + "\r\n" + lines + "\r\n";
     if (!fileIO_.WriteFile(path, text)) {
-        throw Error(errors::kPermissionDenied, "Pellmark.cVSGridOps", "The file '" + path + "' could not be written");
+        throw Error(errors::kPermissionDenied, "Pellmark.cVSGridOps",
+                    "The file '" + path + "' could not be written");
     }
     return text;
 }

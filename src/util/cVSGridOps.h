@@ -26,7 +26,8 @@ class cVSGridOps {
     std::string GetTempFolderPath();
     /// Writes the selected rows, in selection order, under a heading line, and returns the text written.
     /// Left out are cells with a picture and those whose text begins with "{" (ids). Nothing is quoted.
-    std::string SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path, const std::string& separator);
+    std::string SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
+                                             const std::string& separator);
 
   private:
     FileSystem& files_;

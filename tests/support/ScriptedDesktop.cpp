@@ -6,7 +6,9 @@ namespace pellmark::test {
 
 class ScriptedDesktop::Peer : public FormPeer {
   public:
-    Peer(ScriptedDesktop& desktop, Form& form) : desktop_(desktop), form_(form), name_(form.name()) { note("create"); }
+    Peer(ScriptedDesktop& desktop, Form& form) : desktop_(desktop), form_(form), name_(form.name()) {
+        note("create");
+    }
     ~Peer() override { note("destroy"); }
 
     WindowHandle handle() const override { return reinterpret_cast<WindowHandle>(this); }
@@ -38,7 +40,8 @@ class ScriptedDesktop::Peer : public FormPeer {
 };
 
 ScriptedDesktop::~ScriptedDesktop() {
-    for (const Expected& expected : script_) ADD_FAILURE() << "never came: " << expected.kind << " " << expected.name;
+    for (const Expected& expected : script_)
+        ADD_FAILURE() << "never came: " << expected.kind << " " << expected.name;
 }
 
 void ScriptedDesktop::expectMessage(const std::string& text, MessageAnswer answer) {
@@ -56,7 +59,9 @@ void ScriptedDesktop::expectMenu(const std::string& name, std::function<void(Men
 bool ScriptedDesktop::take(const std::string& kind, const std::string& name, Expected& expected) {
     if (script_.empty() || script_.front().kind != kind || script_.front().name != name) {
         ADD_FAILURE() << "unexpected " << kind << ": " << name
-                      << (script_.empty() ? "" : "; expected was " + script_.front().kind + ": " + script_.front().name);
+                      << (script_.empty()
+                              ? ""
+                              : "; expected was " + script_.front().kind + ": " + script_.front().name);
         return false;
     }
     expected = std::move(script_.front());
@@ -70,6 +75,8 @@ MessageAnswer ScriptedDesktop::showMessage(const MessageBox& message) {
     return take("message", message.text, expected) ? expected.answer : MessageAnswer::Cancel;
 }
 
-std::unique_ptr<FormPeer> ScriptedDesktop::createPeer(Form& form) { return std::make_unique<Peer>(*this, form); }
+std::unique_ptr<FormPeer> ScriptedDesktop::createPeer(Form& form) {
+    return std::make_unique<Peer>(*this, form);
+}
 
 }  // namespace pellmark::test

@@ -13,11 +13,13 @@ TEST(AnchoredRectTest, AControlFollowsTheEdgesItIsTiedTo) {
     const Size actual{2500, 1400};
     EXPECT_EQ(anchoredRect(design, designed, actual, {}), design);
     EXPECT_EQ(anchoredRect(design, designed, actual, {true, true, true, true}), (Rect{100, 200, 1500, 700}));
-    EXPECT_EQ(anchoredRect(design, designed, actual, {false, false, true, true}), (Rect{600, 600, 1000, 300}));
+    EXPECT_EQ(anchoredRect(design, designed, actual, {false, false, true, true}),
+              (Rect{600, 600, 1000, 300}));
 }
 
 TEST(AnchoredRectTest, TooLittleRoomLeavesNothingNegative) {
-    const Rect placed = anchoredRect({100, 100, 500, 500}, {1000, 1000}, {200, 200}, {true, true, true, true});
+    const Rect placed =
+        anchoredRect({100, 100, 500, 500}, {1000, 1000}, {200, 200}, {true, true, true, true});
     EXPECT_EQ(placed, (Rect{100, 100, 0, 0}));
 }
 
@@ -116,7 +118,8 @@ TEST_F(FormTest, AModalFormIsGoneWhenItsShowReturns) {
     });
     probe.showModal(9);
     EXPECT_FALSE(probe.isLoaded());
-    EXPECT_THAT(desktop.windows(), testing::ElementsAre("create FrmProbe", "modal FrmProbe 9", "destroy FrmProbe"));
+    EXPECT_THAT(desktop.windows(),
+                testing::ElementsAre("create FrmProbe", "modal FrmProbe 9", "destroy FrmProbe"));
 }
 
 TEST_F(FormTest, AFormMayBeShownAgain) {

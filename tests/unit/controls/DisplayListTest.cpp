@@ -22,7 +22,9 @@ TEST(DisplayListTest, APlainItemStoresWhatItShows) {
     EXPECT_EQ(list.shownFor("missing"), "missing");
 }
 
-TEST(DisplayListTest, AnEmptyTextIsNoList) { EXPECT_TRUE(DisplayList("").empty()); }
+TEST(DisplayListTest, AnEmptyTextIsNoList) {
+    EXPECT_TRUE(DisplayList("").empty());
+}
 
 TEST(DisplayListTest, ADividerInAShownTextBecomesABlank) {
     DisplayList list;

@@ -34,7 +34,8 @@ TEST(RowOrderTest, BehavesLikeAVectorOfSlots) {
         RowOrder order;
         order.reset(start);
         std::vector<std::size_t> model;
-        for (std::size_t slot = 0; slot < start; ++slot) model.push_back(slot);
+        for (std::size_t slot = 0; slot < start; ++slot)
+            model.push_back(slot);
         for (int step = 0; step < 3000; ++step) {
             if (!model.empty() && random() % 5 < 3) {
                 const std::size_t at = random() % model.size();

@@ -27,12 +27,14 @@ class CountingRecords : public RecordSet {
     std::optional<std::vector<Guid>> keys() override {
         ++keyBlocks;
         std::vector<Guid> keys;
-        for (std::size_t i = 0; i < count_; ++i) keys.push_back(idOf(i));
+        for (std::size_t i = 0; i < count_; ++i)
+            keys.push_back(idOf(i));
         return keys;
     }
     static Guid idOf(std::size_t record) {
         Guid guid;
-        for (std::size_t i = 0; i < 4; ++i) guid.bytes[i] = static_cast<std::uint8_t>(record >> (8 * i));
+        for (std::size_t i = 0; i < 4; ++i)
+            guid.bytes[i] = static_cast<std::uint8_t>(record >> (8 * i));
         return guid;
     }
 
@@ -66,13 +68,15 @@ class GridTest : public testing::Test, protected FormHarness {
 
     std::vector<std::string> names() {
         std::vector<std::string> all;
-        for (int row = grid.fixedRows(); row < grid.rows(); ++row) all.push_back(grid.text(row, "_name"));
+        for (int row = grid.fixedRows(); row < grid.rows(); ++row)
+            all.push_back(grid.text(row, "_name"));
         return all;
     }
 
     std::vector<int> selection() {
         std::vector<int> rows;
-        for (int i = 0; i < grid.selectedRows(); ++i) rows.push_back(grid.selectedRow(i));
+        for (int i = 0; i < grid.selectedRows(); ++i)
+            rows.push_back(grid.selectedRow(i));
         return rows;
     }
 
@@ -127,7 +131,8 @@ TEST_F(GridTest, TextsThatAreNoGuidsServeAsRowDataToo) {
 TEST_F(GridTest, OfTwoRowsWithOneIdTheFirstLeftIsFound) {
     const std::string id = Guid::random().text();
     auto records = std::make_shared<MemoryRecordSet>(std::vector<std::string>{"_Id"});
-    for (int i = 0; i < 2; ++i) records->addRow({id});
+    for (int i = 0; i < 2; ++i)
+        records->addRow({id});
     grid.bind(records);
     grid.setRowDataFromColumn(0);
     EXPECT_EQ(grid.findRow(id), 1);
@@ -279,7 +284,8 @@ TEST_F(GridTest, OnlyWhatAPersonDoesToColumnsRaisesTheirEvents) {
 TEST_F(GridTest, WithRedrawingOffThePeerHearsOnce) {
     fill(3);
     std::vector<GridChange::What> heard;
-    const auto subscription = grid.gridChanged.subscribe([&](const GridChange& change) { heard.push_back(change.what); });
+    const auto subscription =
+        grid.gridChanged.subscribe([&](const GridChange& change) { heard.push_back(change.what); });
     {
         Grid::RedrawOff off(grid);
         grid.setText(1, 1, "x");
@@ -300,7 +306,8 @@ class GridEditTest : public GridTest {
 
 TEST_F(GridEditTest, AnEditIsAppliedInTwoSteps) {
     std::vector<std::string> log;
-    const auto after = grid.afterEdit.subscribe([&](int row, int col) { log.push_back(grid.text(row, col)); });
+    const auto after =
+        grid.afterEdit.subscribe([&](int row, int col) { log.push_back(grid.text(row, col)); });
     ASSERT_TRUE(grid.beginEdit(1, 1));
     EXPECT_EQ(grid.text(1, 1), "a");
     EXPECT_TRUE(grid.commitEdit("edited"));
