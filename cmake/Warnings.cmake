@@ -1,13 +1,16 @@
 # Flags of our own targets; third-party code is compiled as it comes.
 add_library(pellmark_flags INTERFACE)
 target_compile_options(pellmark_flags INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>
+    $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual> -Werror)
 if(WIN32)
     # A DLL must run on a machine that has nothing but the system.
     target_compile_definitions(pellmark_flags INTERFACE UNICODE _UNICODE WINVER=0x0A00 _WIN32_WINNT=0x0A00
         NOMINMAX STRICT WIN32_LEAN_AND_MEAN)
-    # The casts of GetProcAddress and of COM's C-style interfaces are what the platform asks for.
-    target_compile_options(pellmark_flags INTERFACE -Wno-cast-function-type -Wno-missing-field-initializers)
+    # The casts of GetProcAddress and of COM's C-style interfaces are what the platform asks for, and those
+    # interfaces cannot have a virtual destructor: it would take a place in their table of functions.
+    target_compile_options(pellmark_flags INTERFACE -Wno-cast-function-type -Wno-missing-field-initializers
+        $<$<COMPILE_LANGUAGE:CXX>:-Wno-non-virtual-dtor>)
     add_link_options(-static)
 endif()
 if(PELLMARK_SANITIZE)

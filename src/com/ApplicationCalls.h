@@ -1,0 +1,33 @@
+#pragma once
+
+#include <windows.h>
+
+#include <oaidl.h>
+
+#include <string>
+
+#include "host/Application.h"
+
+namespace pellmark {
+
+/// What the automation object asks of the component behind it, once the arguments have been understood. A
+/// null host is passed on: doing nothing then is the component's business. Objects are borrowed for the call.
+class ApplicationCalls {
+  public:
+    virtual ~ApplicationCalls() = default;
+
+    virtual void showProcesses(IDispatch* host, const std::string& processGuid) = 0;
+    virtual void showProcessCase(IDispatch* host, const CaseDescription& description) = 0;
+    virtual std::string openProcess(IDispatch* host, IDispatch* owner,
+                                    const CaseDescription& description) = 0;
+    virtual void editFeatureCase(IDispatch* host, IDispatch* owner, const CaseDescription& description) = 0;
+    virtual std::string openFeatureCase(IDispatch* host, IDispatch* owner,
+                                        const CaseDescription& description) = 0;
+    virtual void editProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) = 0;
+    virtual void dispose() = 0;
+
+    virtual FRView currentView() const = 0;
+    virtual void setCurrentView(FRView view) = 0;
+};
+
+}  // namespace pellmark

@@ -1,0 +1,379 @@
+#include "com/ApplicationObject.h"
+
+#include "com/Coercion.h"
+#include "com/Guard.h"
+#include "com/TypeLibrary.h"
+
+namespace pellmark {
+
+namespace {
+
+constexpr const char* kSource = "Pellmark.Application";
+
+bool isProperty(Member member) {
+    return member == Member::CurrentView || member == Member::NorvexApplication;
+}
+
+bool returnsText(Member member) {
+    return member == Member::OpenProcess || member == Member::OpenFeatureCase;
+}
+
+template <class Type>
+Type& required(Type* place) {
+    if (place == nullptr) throw CallError(E_POINTER, "The place for the result is missing");
+    return *place;
+}
+
+std::string textAt(const BSTR* place) {
+    return place == nullptr ? std::string() : Bstr::toUtf8(*place);
+}
+
+void fillException(EXCEPINFO& exception, const Failure& failure) {
+    exception = EXCEPINFO{};
+    exception.scode = failure.code;
+    exception.bstrSource = Bstr(failure.source).release();
+    exception.bstrDescription = Bstr(failure.description).release();
+}
+
+/// What a dispatch call answers to the exception in flight. A mistake in the call is named by the code
+/// itself, anything else is an exception with its text.
+HRESULT answerFailedInvoke(EXCEPINFO* exception, UINT* argument) noexcept {
+    try {
+        const Failure failure = describeFailure(kSource);
+        setErrorInformation(failure);
+        if (failure.argument && argument != nullptr) *argument = *failure.argument;
+        if (failure.isCallError) return failure.code;
+        if (exception != nullptr) fillException(*exception, failure);
+        return DISP_E_EXCEPTION;
+    } catch (...) {
+        return E_OUTOFMEMORY;
+    }
+}
+
+}  // namespace
+
+class ApplicationObject::RunningCall {
+  public:
+    explicit RunningCall(ApplicationObject& object) : object_(object) {
+        object_.AddRef();
+        ++object_.runningCalls_;
+    }
+    RunningCall(const RunningCall&) = delete;
+    RunningCall& operator=(const RunningCall&) = delete;
+    ~RunningCall() {
+        // a host that disposes from inside a modal call gets what it asked for as soon as nothing runs
+        if (--object_.runningCalls_ == 0 && object_.disposeRequested_) object_.dispose();
+        object_.Release();
+    }
+
+  private:
+    ApplicationObject& object_;
+};
+
+ApplicationObject::ApplicationObject(std::unique_ptr<ApplicationCalls> calls) : calls_(std::move(calls)) {}
+
+ApplicationObject::~ApplicationObject() {
+    dispose();
+}
+
+HRESULT ApplicationObject::QueryInterface(REFIID iid, void** object) {
+    if (object == nullptr) return E_POINTER;
+    *object = nullptr;
+    if (iid == IID_IUnknown || iid == IID_IDispatch || iid == IID__Application) {
+        *object = static_cast<_Application*>(this);
+    } else if (iid == IID_ISupportErrorInfo) {
+        *object = static_cast<ISupportErrorInfo*>(this);
+    } else if (iid == IID_IProvideClassInfo) {
+        *object = static_cast<IProvideClassInfo*>(this);
+    } else {
+        return E_NOINTERFACE;
+    }
+    AddRef();
+    return S_OK;
+}
+
+ULONG ApplicationObject::AddRef() {
+    return ++references_;
+}
+
+ULONG ApplicationObject::Release() {
+    const ULONG left = --references_;
+    if (left == 0) {
+        // whoever is called back while the component goes must not bring the count to zero a second time
+        ++references_;
+        delete this;
+    }
+    return left;
+}
+
+HRESULT ApplicationObject::GetTypeInfoCount(UINT* count) {
+    if (count == nullptr) return E_POINTER;
+    *count = 1;
+    return S_OK;
+}
+
+HRESULT ApplicationObject::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
+    if (info == nullptr) return E_POINTER;
+    *info = nullptr;
+    if (index != 0) return DISP_E_BADINDEX;
+    return guarded(kSource, [&] { *info = loadTypeInfo(IID__Application).release(); });
+}
+
+HRESULT ApplicationObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+    if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+    if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
+    const std::optional<Member> member = findMember(names[0]);
+    ids[0] = member ? static_cast<DISPID>(*member) : DISPID_UNKNOWN;
+    bool allFound = member.has_value();
+    for (UINT i = 1; i < count; ++i) {
+        const std::optional<DISPID> parameter = member ? findParameter(*member, names[i]) : std::nullopt;
+        ids[i] = parameter.value_or(DISPID_UNKNOWN);
+        allFound = allFound && parameter.has_value();
+    }
+    return allFound ? S_OK : DISP_E_UNKNOWNNAME;
+}
+
+HRESULT ApplicationObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* arguments,
+                                  VARIANT* result, EXCEPINFO* exception, UINT* argument) {
+    if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+    if (arguments == nullptr) return E_INVALIDARG;
+    if (result != nullptr) ::VariantInit(result);
+    ::SetErrorInfo(0, nullptr);
+    try {
+        VariantArg value = invoke(id, flags, *arguments);
+        if (result != nullptr) *result = value.release();
+        return S_OK;
+    } catch (...) {
+        return answerFailedInvoke(exception, argument);
+    }
+}
+
+VariantArg ApplicationObject::invoke(DISPID id, WORD flags, const DISPPARAMS& arguments) {
+    const std::optional<Member> member = findMember(id);
+    if (!member) throw CallError(DISP_E_MEMBERNOTFOUND, "There is no member " + std::to_string(id));
+    if (!isProperty(*member)) {
+        if ((flags & DISPATCH_METHOD) != 0) return invokeMethod(*member, arguments);
+        throw CallError(DISP_E_MEMBERNOTFOUND, utf8FromWide(nameOf(*member)) + " is a method");
+    }
+    if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
+        putProperty(*member, arguments);
+        return {};
+    }
+    if ((flags & DISPATCH_PROPERTYGET) == 0) {
+        throw CallError(DISP_E_MEMBERNOTFOUND, utf8FromWide(nameOf(*member)) + " is a property");
+    }
+    if (arguments.cArgs != 0) {
+        throw CallError(DISP_E_BADPARAMCOUNT, utf8FromWide(nameOf(*member)) + " takes no arguments");
+    }
+    return getProperty(*member);
+}
+
+VariantArg ApplicationObject::invokeMethod(Member member, const DISPPARAMS& arguments) {
+    const MethodCall call = pellmark::readCall(member, arguments);
+    const std::string text = perform(member, call);
+    return returnsText(member) ? VariantArg(text) : VariantArg();
+}
+
+VariantArg ApplicationObject::getProperty(Member member) const {
+    if (member == Member::CurrentView) return static_cast<std::int32_t>(calls_->currentView());
+    return norvexApplication_;
+}
+
+void ApplicationObject::putProperty(Member member, const DISPPARAMS& arguments) {
+    if (arguments.cArgs != 1) {
+        throw CallError(DISP_E_BADPARAMCOUNT, utf8FromWide(nameOf(member)) + " takes one value");
+    }
+    try {
+        if (member == Member::CurrentView) {
+            calls_->setCurrentView(static_cast<FRView>(toInt32(arguments.rgvarg[0])));
+        } else {
+            const ComPtr<IDispatch> application = toObject(arguments.rgvarg[0]);
+            if (!disposeRequested_) norvexApplication_ = application;
+        }
+    } catch (const CallError& error) {
+        throw CallError(error.code(), utf8FromWide(nameOf(member)) + " " + error.what(), 0);
+    }
+}
+
+std::string ApplicationObject::perform(Member member, const MethodCall& call) {
+    const RunningCall running(*this);
+    if (member == Member::Dispose) {
+        disposeRequested_ = true;
+        return {};
+    }
+    if (disposeRequested_) return {};
+    if (call.host) norvexApplication_ = call.host;
+    return performOn(*calls_, member, call);
+}
+
+std::string ApplicationObject::performOn(ApplicationCalls& calls, Member member, const MethodCall& call) {
+    IDispatch* const host = call.host.get();
+    IDispatch* const owner = call.owner.get();
+    switch (member) {
+        case Member::ShowWindowProcessesView:
+            calls.showProcesses(host, call.description.processGuid);
+            return {};
+        case Member::ShowWindowProcessCaseView:
+            calls.showProcessCase(host, call.description);
+            return {};
+        case Member::OpenProcess:
+            return calls.openProcess(host, owner, call.description);
+        case Member::EditFeatureCase:
+            calls.editFeatureCase(host, owner, call.description);
+            return {};
+        case Member::OpenFeatureCase:
+            return calls.openFeatureCase(host, owner, call.description);
+        case Member::EditProcess:
+            calls.editProcess(host, owner, call.description);
+            return {};
+        case Member::CurrentView:
+        case Member::NorvexApplication:
+        case Member::Dispose:
+            break;
+    }
+    return {};
+}
+
+void ApplicationObject::dispose() {
+    if (disposed_) return;
+    disposed_ = true;
+    disposeRequested_ = true;
+    // the component traces what goes wrong while it ends; nobody is left to be told
+    guarded(kSource, [this] { calls_->dispose(); });
+    norvexApplication_ = nullptr;
+}
+
+MethodCall ApplicationObject::readCall(const EarlyBound& arguments) {
+    MethodCall call;
+    if (arguments.host == nullptr || *arguments.host == nullptr) return call;
+    call.host = ComPtr<IDispatch>(*arguments.host);
+    if (arguments.owner != nullptr) call.owner = ComPtr<IDispatch>(*arguments.owner);
+    CaseDescription& description = call.description;
+    if (arguments.valuesGuids != nullptr) description.valuesGuids = toTexts(*arguments.valuesGuids);
+    description.featureCaseUnit = arguments.featureCaseUnit;
+    description.nvxFeatureType = arguments.nvxFeatureType;
+    description.partTypeGuid = textAt(arguments.partTypeGuid);
+    description.featureTypeGuid = textAt(arguments.featureTypeGuid);
+    description.processMaterialClassGuid = textAt(arguments.processMaterialClassGuid);
+    description.processUnit = arguments.processUnit;
+    description.processGuid = textAt(arguments.processGuid);
+    description.processStepGuid = textAt(arguments.processStepGuid);
+    return call;
+}
+
+HRESULT ApplicationObject::callEarlyBound(Member member, const EarlyBound& arguments,
+                                          VARIANT* result) noexcept {
+    return guarded(kSource, [&] {
+        ::VariantInit(&required(result));
+        perform(member, readCall(arguments));
+    });
+}
+
+HRESULT ApplicationObject::callEarlyBound(Member member, const EarlyBound& arguments, BSTR* result) noexcept {
+    return guarded(kSource, [&] {
+        required(result) = nullptr;
+        *result = Bstr(perform(member, readCall(arguments))).release();
+    });
+}
+
+HRESULT ApplicationObject::get_CurrentView(::FRView* view) {
+    return guarded(kSource, [&] { required(view) = static_cast<::FRView>(calls_->currentView()); });
+}
+
+HRESULT ApplicationObject::put_CurrentView(::FRView view) {
+    return guarded(kSource, [&] { calls_->setCurrentView(static_cast<FRView>(view)); });
+}
+
+HRESULT ApplicationObject::get_NorvexApplication(IDispatch** application) {
+    return guarded(kSource, [&] { required(application) = ComPtr<IDispatch>(norvexApplication_).release(); });
+}
+
+HRESULT ApplicationObject::putref_NorvexApplication(IDispatch* application) {
+    return guarded(kSource, [&] {
+        if (!disposeRequested_) norvexApplication_ = ComPtr<IDispatch>(application);
+    });
+}
+
+HRESULT ApplicationObject::ShowWindowProcessesView(IDispatch** host, BSTR* processGuid, VARIANT* result) {
+    EarlyBound arguments{};
+    arguments.host = host;
+    arguments.processGuid = processGuid;
+    return callEarlyBound(Member::ShowWindowProcessesView, arguments, result);
+}
+
+HRESULT ApplicationObject::ShowWindowProcessCaseView(IDispatch** host, SAFEARRAY** valuesGuids,
+                                                     short featureCaseUnit, short nvxFeatureType,
+                                                     BSTR* partTypeGuid, BSTR* featureTypeGuid,
+                                                     BSTR* processMaterialClassGuid, short processUnit,
+                                                     BSTR* processGuid, BSTR* processStepGuid,
+                                                     VARIANT* result) {
+    return callEarlyBound(
+        Member::ShowWindowProcessCaseView,
+        {host, nullptr, valuesGuids, featureCaseUnit, nvxFeatureType, partTypeGuid, featureTypeGuid,
+         processMaterialClassGuid, processUnit, processGuid, processStepGuid},
+        result);
+}
+
+HRESULT ApplicationObject::OpenProcess(IDispatch** host, IDispatch** owner, SAFEARRAY** valuesGuids,
+                                       short featureCaseUnit, short nvxFeatureType, BSTR* partTypeGuid,
+                                       BSTR* featureTypeGuid, BSTR* processMaterialClassGuid,
+                                       short processUnit, BSTR* processGuid, BSTR* processStepGuid,
+                                       BSTR* result) {
+    return callEarlyBound(
+        Member::OpenProcess,
+        {host, owner, valuesGuids, featureCaseUnit, nvxFeatureType, partTypeGuid, featureTypeGuid,
+         processMaterialClassGuid, processUnit, processGuid, processStepGuid},
+        result);
+}
+
+HRESULT ApplicationObject::EditFeatureCase(IDispatch** host, IDispatch** owner, SAFEARRAY** valuesGuids,
+                                           short featureCaseUnit, short nvxFeatureType, BSTR* partTypeGuid,
+                                           BSTR* featureTypeGuid, BSTR* processMaterialClassGuid,
+                                           short processUnit, BSTR* processGuid, BSTR* processStepGuid,
+                                           VARIANT* result) {
+    return callEarlyBound(
+        Member::EditFeatureCase,
+        {host, owner, valuesGuids, featureCaseUnit, nvxFeatureType, partTypeGuid, featureTypeGuid,
+         processMaterialClassGuid, processUnit, processGuid, processStepGuid},
+        result);
+}
+
+HRESULT ApplicationObject::OpenFeatureCase(IDispatch** host, IDispatch** owner, SAFEARRAY** valuesGuids,
+                                           short featureCaseUnit, short nvxFeatureType, BSTR* partTypeGuid,
+                                           BSTR* featureTypeGuid, BSTR* processMaterialClassGuid,
+                                           short processUnit, BSTR* processGuid, BSTR* processStepGuid,
+                                           BSTR* result) {
+    return callEarlyBound(
+        Member::OpenFeatureCase,
+        {host, owner, valuesGuids, featureCaseUnit, nvxFeatureType, partTypeGuid, featureTypeGuid,
+         processMaterialClassGuid, processUnit, processGuid, processStepGuid},
+        result);
+}
+
+HRESULT ApplicationObject::EditProcess(IDispatch** host, IDispatch** owner, SAFEARRAY** valuesGuids,
+                                       short featureCaseUnit, short nvxFeatureType, BSTR* partTypeGuid,
+                                       BSTR* featureTypeGuid, BSTR* processMaterialClassGuid,
+                                       short processUnit, BSTR* processGuid, BSTR* processStepGuid,
+                                       VARIANT* result) {
+    return callEarlyBound(
+        Member::EditProcess,
+        {host, owner, valuesGuids, featureCaseUnit, nvxFeatureType, partTypeGuid, featureTypeGuid,
+         processMaterialClassGuid, processUnit, processGuid, processStepGuid},
+        result);
+}
+
+HRESULT ApplicationObject::Dispose(VARIANT* result) {
+    return callEarlyBound(Member::Dispose, EarlyBound{}, result);
+}
+
+HRESULT ApplicationObject::InterfaceSupportsErrorInfo(REFIID iid) {
+    return iid == IID__Application || iid == IID_IDispatch ? S_OK : S_FALSE;
+}
+
+HRESULT ApplicationObject::GetClassInfo(ITypeInfo** info) {
+    if (info == nullptr) return E_POINTER;
+    *info = nullptr;
+    return guarded(kSource, [&] { *info = loadTypeInfo(CLSID_Application).release(); });
+}
+
+}  // namespace pellmark

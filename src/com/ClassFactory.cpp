@@ -1,0 +1,48 @@
+#include "com/ClassFactory.h"
+
+#include "com/ApplicationObject.h"
+#include "com/Guard.h"
+
+namespace pellmark {
+
+HRESULT ClassFactory::QueryInterface(REFIID iid, void** object) {
+    if (object == nullptr) return E_POINTER;
+    *object = nullptr;
+    if (iid != IID_IUnknown && iid != IID_IClassFactory) return E_NOINTERFACE;
+    *object = static_cast<IClassFactory*>(this);
+    AddRef();
+    return S_OK;
+}
+
+ULONG ClassFactory::AddRef() {
+    return ++references_;
+}
+
+ULONG ClassFactory::Release() {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+}
+
+HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** object) {
+    if (object == nullptr) return E_POINTER;
+    *object = nullptr;
+    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+    HRESULT answer = E_FAIL;
+    const HRESULT made = guarded("Pellmark.Application", [&] {
+        const auto created = ComPtr<_Application>::adopt(new ApplicationObject(compose_()));
+        answer = created->QueryInterface(iid, object);
+    });
+    return FAILED(made) ? made : answer;
+}
+
+HRESULT ClassFactory::LockServer(BOOL lock) {
+    if (lock != FALSE) {
+        module::Lock::add();
+    } else {
+        module::Lock::remove();
+    }
+    return S_OK;
+}
+
+}  // namespace pellmark
