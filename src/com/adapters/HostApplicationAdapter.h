@@ -1,0 +1,32 @@
+#pragma once
+
+#include "com/adapters/DispatchObject.h"
+#include "host/HostInterfaces.h"
+
+namespace pellmark {
+
+/// The object that the host hands in with a call, its members called by name.
+class HostApplicationAdapter : public HostApplication {
+  public:
+    explicit HostApplicationAdapter(DispatchObject host) : host_(std::move(host)) {}
+
+    WindowHandle mainWindow() override;
+    std::string installationFolder() override;
+    std::int16_t languageCode() override;
+    std::int16_t currentUnit() override;
+    std::string buildExpression(const std::string& rule, WindowHandle owner) override;
+
+  private:
+    DispatchObject host_;
+};
+
+/// The host application behind an argument as it came; null when it is Nothing, Empty, Null or left out.
+/// Throws errors::kTypeMismatch for a value that is no automation object.
+std::shared_ptr<HostApplication> hostApplicationFrom(const VARIANT& argument);
+
+/// The window of the host's owner object; 0 when the argument is Nothing, Empty, Null or left out. Throws
+/// errors::kTypeMismatch for a value that is no automation object and errors::kHostInterface for an object
+/// without hWnd.
+WindowHandle ownerWindowFrom(const VARIANT& argument);
+
+}  // namespace pellmark

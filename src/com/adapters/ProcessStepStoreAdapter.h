@@ -1,0 +1,26 @@
+#pragma once
+
+#include "com/adapters/StoreAdapter.h"
+#include "processes/KnowledgeBaseService.h"
+
+namespace pellmark {
+
+/// The host's technology steps and their values, reached by name.
+class ProcessStepStoreAdapter : public ProcessStepStore, private StoreAdapter {
+  public:
+    explicit ProcessStepStoreAdapter(std::shared_ptr<DispatchObject> service)
+        : StoreAdapter(std::move(service), "ProcessStepStore") {}
+
+    std::shared_ptr<RecordSet> steps(const std::string& processId) override;
+    ProcessStepRecord step(const std::string& id) override;
+    std::string addStep(const ProcessStepRecord& record) override;
+    void updateStep(const ProcessStepRecord& record) override;
+    bool deleteStep(const std::string& id) override;
+    std::int16_t nextPriority(const std::string& processId) override;
+    std::shared_ptr<RecordSet> values(const std::string& stepId) override;
+    void addValue(const StepValueRecord& record) override;
+    void updateValue(const StepValueRecord& record) override;
+    std::shared_ptr<RecordSet> cuttingCycles(const std::vector<int>& types) override;
+};
+
+}  // namespace pellmark

@@ -1,0 +1,103 @@
+#include "com/adapters/ProcessStoreAdapter.h"
+
+#include "base/Error.h"
+#include "com/adapters/HostRecords.h"
+#include "host/PackedText.h"
+
+namespace pellmark {
+
+namespace {
+
+constexpr auto kProcessFields = {field::kId, field::kName, field::kUnit, field::kDescription, field::kRule};
+
+ProcessRecord processFrom(const HostRecord& record, const DispatchResult& result) {
+    return {record[0], record[1], int16Of(record[2], result), record[3], record[4]};
+}
+
+Bstr packedIds(const std::vector<std::string>& ids) {
+    PackedTextWriter writer;
+    for (const auto& id : ids)
+        writer.add(id);
+    const std::u16string& packed = writer.text();
+    BSTR text =
+        SysAllocStringLen(reinterpret_cast<const wchar_t*>(packed.data()), static_cast<UINT>(packed.size()));
+    if (text == nullptr) throw std::bad_alloc();
+    return Bstr::adopt(text);
+}
+
+}  // namespace
+
+std::shared_ptr<RecordSet> ProcessStoreAdapter::processes(const std::string& id) {
+    return query("Processes", {id});
+}
+
+ProcessRecord ProcessStoreAdapter::process(const std::string& id) {
+    const DispatchResult result = call("Process", {id});
+    return processFrom(readRecord(result, kProcessFields), result);
+}
+
+std::optional<ProcessRecord> ProcessStoreAdapter::processIfPresent(const std::string& id) {
+    try {
+        return process(id);
+    } catch (const Error& error) {
+        if (error.number() != errors::kNotFound) throw;
+        return std::nullopt;
+    }
+}
+
+std::vector<std::optional<ProcessRecord>> ProcessStoreAdapter::processRecords(
+    const std::vector<std::string>& ids) {
+    std::vector<std::optional<ProcessRecord>> found;
+    if (ids.empty()) return found;
+    found.reserve(ids.size());
+    if (!store().has("ProcessRecords")) {
+        for (const auto& id : ids)
+            found.push_back(processIfPresent(id));
+        return found;
+    }
+    const DispatchResult result = call("ProcessRecords", {packedIds(ids)});
+    const auto records = readRecords(result, kProcessFields);
+    if (records.size() != ids.size()) result.failBecause("did not answer with one record per id.");
+    for (const auto& record : records) {
+        found.push_back(record[0].empty() ? std::nullopt : std::optional(processFrom(record, result)));
+    }
+    return found;
+}
+
+std::shared_ptr<RecordSet> ProcessStoreAdapter::orphanProcesses() {
+    return query("OrphanProcesses");
+}
+
+std::string ProcessStoreAdapter::addProcess(const ProcessRecord& record) {
+    return call("AddProcess", {record.Name, record.Unit, record.Description, record.Rule}).text();
+}
+
+void ProcessStoreAdapter::updateProcess(const ProcessRecord& record) {
+    call("UpdateProcess", {record.Id, record.Name, record.Unit, record.Description, record.Rule});
+}
+
+bool ProcessStoreAdapter::deleteProcess(const std::string& id) {
+    return call("DeleteProcess", {id}).boolean();
+}
+
+void ProcessStoreAdapter::attach(const std::string& processId, const std::string& featureCaseId) {
+    call("AttachProcess", {processId, featureCaseId});
+}
+
+bool ProcessStoreAdapter::detach(const std::string& featureCaseId, const std::string& processId) {
+    return call("DetachProcess", {featureCaseId, processId}).boolean();
+}
+
+void ProcessStoreAdapter::addMaterial(const std::string& processId, const std::string& materialId) {
+    call("AddMaterial", {processId, materialId});
+}
+
+void ProcessStoreAdapter::removeMaterial(const std::string& processId, const std::string& materialId) {
+    call("RemoveMaterial", {processId, materialId});
+}
+
+std::shared_ptr<RecordSet> ProcessStoreAdapter::materialsOf(const std::string& processId) {
+    return query("MaterialsOf", {processId});
+}
+
+}  // namespace pellmark
