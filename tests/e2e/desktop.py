@@ -1,0 +1,165 @@
+"""The virtual desktop as a person has it: eyes (winprobe, screenshots), a mouse and a keyboard (xdotool)."""
+
+import json
+import os
+import pathlib
+import subprocess
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+PRODUCTS = ROOT / "build" / "win64" / "bin"
+PICTURES = ROOT / "build" / "e2e"
+
+WAIT_SECONDS = 20
+
+
+def wait_for(what, condition, seconds=WAIT_SECONDS):
+    """Polls until the condition is true and returns its value; says what was awaited when it never was."""
+    end = time.monotonic() + seconds
+    while True:
+        found = condition()
+        if found:
+            return found
+        if time.monotonic() > end:
+            raise AssertionError(f"waited {seconds} s in vain for: {what}")
+        time.sleep(0.05)
+
+
+class Window:
+    """One visible window as winprobe saw it; areas are (left, top, width, height) on the screen."""
+
+    def __init__(self, facts):
+        self.handle = facts["handle"]
+        self.parent = facts["parent"]
+        self.owner = facts["owner"]
+        self.kind = facts["class"]
+        self.text = facts["text"]
+        self.area = tuple(facts["area"])
+        self.enabled = facts["enabled"]
+        self.focused = facts["focus"]
+
+    @property
+    def middle(self):
+        left, top, width, height = self.area
+        return left + width // 2, top + height // 2
+
+    def contains(self, other):
+        left, top, width, height = self.area
+        inner_left, inner_top, inner_width, inner_height = other.area
+        return (left <= inner_left and top <= inner_top and inner_left + inner_width <= left + width
+                and inner_top + inner_height <= top + height)
+
+    def __repr__(self):
+        return f"{self.kind} {self.text!r} {self.area}{'' if self.enabled else ' disabled'}"
+
+
+class Desktop:
+    """Everything visible on the display, and the hands that act on it."""
+
+    def __init__(self):
+        self._probe = None
+
+    def __enter__(self):
+        self._probe = subprocess.Popen(["wine", str(PRODUCTS / "winprobe.exe")], stdin=subprocess.PIPE,
+                                       stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        return self
+
+    def __exit__(self, *_):
+        self._probe.stdin.close()
+        try:
+            self._probe.wait(10)
+        except subprocess.TimeoutExpired:
+            self._probe.kill()
+
+    def ask(self, question):
+        self._probe.stdin.write(question + "\n")
+        self._probe.stdin.flush()
+        answer = self._probe.stdout.readline()
+        if not answer:
+            raise AssertionError("winprobe ended")
+        return json.loads(answer)
+
+    def windows(self):
+        return [Window(facts) for facts in self.ask("tree")]
+
+    def find(self, kind=None, text=None, inside=None, enabled=None):
+        """The visible windows of a class and text, below another window when one is given."""
+        everything = self.windows()
+        parents = {window.handle: window.parent for window in everything}
+
+        def is_inside(handle):
+            while handle in parents:
+                handle = parents[handle]
+                if handle == inside.handle:
+                    return True
+            return False
+
+        return [window for window in everything
+                if (kind is None or window.kind == kind) and (text is None or window.text == text)
+                and (inside is None or is_inside(window.handle))
+                and (enabled is None or window.enabled == enabled)]
+
+    def one(self, kind=None, text=None, inside=None, seconds=WAIT_SECONDS):
+        """Waits for such a window and returns the first."""
+        try:
+            return wait_for(f"a window {kind or ''} {text!r}", lambda: self.find(kind, text, inside), seconds)[0]
+        except AssertionError as error:
+            raise AssertionError(f"{error}; there are {self.windows()}") from None
+
+    def gone(self, window):
+        wait_for(f"{window} to go", lambda: all(w.handle != window.handle for w in self.windows()))
+
+    def rows(self, window):
+        """A report list: {headings, count, rows: [{cells, area, selected, focused}]}."""
+        return self.ask(f"list {window.handle}")
+
+    def tabs(self, window):
+        return self.ask(f"tabs {window.handle}")
+
+    def entries(self, window):
+        return self.ask(f"combo {window.handle}")
+
+    # Mouse and keyboard -----------------------------------------------------------------------------------
+
+    @staticmethod
+    def _xdotool(*words):
+        subprocess.run(["xdotool", *map(str, words)], check=True, timeout=30)
+
+    def move(self, point):
+        self._xdotool("mousemove", "--sync", *point)
+
+    def click(self, point, button=1, times=1):
+        self.move(point)
+        self._xdotool("click", "--repeat", times, "--delay", 60, button)
+
+    def double_click(self, point):
+        self.click(point, times=2)
+
+    def drag(self, start, end, steps=12):
+        """Presses at one point, moves in steps as a hand does, and releases at the other."""
+        self.move(start)
+        self._xdotool("mousedown", 1)
+        for step in range(1, steps + 1):
+            self._xdotool("mousemove", "--sync", start[0] + (end[0] - start[0]) * step // steps,
+                          start[1] + (end[1] - start[1]) * step // steps)
+        self._xdotool("mouseup", 1)
+
+    def key(self, *keys):
+        self._xdotool("key", "--delay", 40, *keys)
+
+    def type(self, text):
+        self._xdotool("type", "--delay", 30, text)
+
+    def row_middle(self, row):
+        """A point on a row's text, near its left end so that a wide list needs no scrolling."""
+        left, top, width, height = row["area"]
+        return left + min(60, width // 2), top + height // 2
+
+    # Pictures ---------------------------------------------------------------------------------------------
+
+    def picture(self, path, window=None):
+        """Writes what the display shows, or one window's part of it."""
+        path = pathlib.Path(path)
+        path.parent.mkdir(parents=True, exist_ok=True)
+        part = ["-a", ",".join(map(str, window.area))] if window else []
+        subprocess.run(["scrot", "-o", *part, str(path)], check=True, timeout=30, env=os.environ)

@@ -1,0 +1,262 @@
+// Reports what is on the screen to the end-to-end tests: one command per line on the standard input, one line
+// of JSON per answer. Mouse and keyboard stay outside (they are the display server's); this program only
+// looks.
+//
+//   tree          every visible window: handle, parent, owner, class, text, screen rectangle, state
+//   list HWND     a report list: its headings, and of its first rows the texts, rectangle and state
+//   tabs HWND     a tab strip: the rectangle of each tab and which one is selected
+//   combo HWND    a combo box: its entries
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <iostream>
+#include <sstream>
+#include <string>
+
+namespace {
+
+constexpr int kMaxRows = 200;
+constexpr UINT kTimeoutMs = 5000;
+
+// Another process's window must not hang this one: a question unanswered in time counts as 0.
+LRESULT ask(HWND window, UINT message, WPARAM first = 0, LPARAM second = 0) {
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutW(window, message, first, second, SMTO_ABORTIFHUNG, kTimeoutMs, &answer);
+    return static_cast<LRESULT>(answer);
+}
+
+template <typename Pointer>
+LPARAM asParameter(Pointer pointer) {
+    return reinterpret_cast<LPARAM>(pointer);
+}
+
+std::uintptr_t number(const void* handle) {
+    return reinterpret_cast<std::uintptr_t>(handle);
+}
+
+std::string quoted(const std::wstring& text) {
+    std::ostringstream out;
+    out << '"';
+    for (const wchar_t unit : text) {
+        if (unit >= 0x20 && unit < 0x7f && unit != L'"' && unit != L'\\') {
+            out << static_cast<char>(unit);
+        } else {
+            std::array<char, 8> escape{};
+            std::snprintf(escape.data(), escape.size(), "\\u%04x", static_cast<unsigned>(unit));
+            out << escape.data();
+        }
+    }
+    out << '"';
+    return out.str();
+}
+
+std::string shown(const RECT& area) {
+    std::ostringstream out;
+    out << '[' << area.left << ',' << area.top << ',' << area.right - area.left << ','
+        << area.bottom - area.top << ']';
+    return out.str();
+}
+
+// Memory inside the process that owns a window: the common controls read and write their structures there.
+class RemoteMemory {
+  public:
+    RemoteMemory(HWND window, std::size_t bytes) {
+        DWORD processId = 0;
+        GetWindowThreadProcessId(window, &processId);
+        process_ = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, processId);
+        if (process_ != nullptr) {
+            address_ = VirtualAllocEx(process_, nullptr, bytes, MEM_COMMIT, PAGE_READWRITE);
+        }
+    }
+    ~RemoteMemory() {
+        if (address_ != nullptr) VirtualFreeEx(process_, address_, 0, MEM_RELEASE);
+        if (process_ != nullptr) CloseHandle(process_);
+    }
+    RemoteMemory(const RemoteMemory&) = delete;
+    RemoteMemory& operator=(const RemoteMemory&) = delete;
+
+    std::byte* at(std::size_t offset) const { return static_cast<std::byte*>(address_) + offset; }
+    template <typename Value>
+    void write(const Value& value) const {
+        WriteProcessMemory(process_, address_, &value, sizeof value, nullptr);
+    }
+    template <typename Value>
+    void read(std::size_t offset, Value& value) const {
+        ReadProcessMemory(process_, at(offset), &value, sizeof value, nullptr);
+    }
+
+  private:
+    HANDLE process_ = nullptr;
+    void* address_ = nullptr;
+};
+
+constexpr std::size_t kTextOffset = 256;
+using TextBuffer = std::array<wchar_t, 512>;
+
+std::wstring windowText(HWND window) {
+    TextBuffer buffer{};
+    ask(window, WM_GETTEXT, buffer.size() - 1, asParameter(buffer.data()));
+    return buffer.data();
+}
+
+std::string describe(HWND window) {
+    std::array<wchar_t, 128> className{};
+    GetClassNameW(window, className.data(), static_cast<int>(className.size()));
+    RECT area{};
+    GetWindowRect(window, &area);
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    const bool known = GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &thread) != FALSE;
+    std::ostringstream out;
+    out << R"({"handle":)" << number(window) << R"(,"parent":)" << number(GetAncestor(window, GA_PARENT))
+        << R"(,"owner":)" << number(GetWindow(window, GW_OWNER)) << R"(,"class":)" << quoted(className.data())
+        << R"(,"text":)" << quoted(windowText(window)) << R"(,"area":)" << shown(area) << R"(,"enabled":)"
+        << (IsWindowEnabled(window) ? "true" : "false") << R"(,"focus":)"
+        << (known && thread.hwndFocus == window ? "true" : "false") << '}';
+    return out.str();
+}
+
+BOOL CALLBACK collect(HWND window, LPARAM out) {
+    auto& found = *reinterpret_cast<std::string*>(out);
+    if (IsWindowVisible(window)) found += (found.empty() ? "" : ",") + describe(window);
+    return TRUE;
+}
+
+BOOL CALLBACK collectWithChildren(HWND window, LPARAM out) {
+    if (IsWindowVisible(window)) {
+        collect(window, out);
+        EnumChildWindows(window, collect, out);
+    }
+    return TRUE;
+}
+
+std::string tree() {
+    std::string found;
+    EnumWindows(collectWithChildren, asParameter(&found));
+    return '[' + found + ']';
+}
+
+RECT toScreen(HWND window, RECT area) {
+    POINT origin{0, 0};
+    ClientToScreen(window, &origin);
+    OffsetRect(&area, origin.x, origin.y);
+    return area;
+}
+
+std::wstring cellText(HWND list, const RemoteMemory& memory, int row, int column) {
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = reinterpret_cast<wchar_t*>(memory.at(kTextOffset));
+    item.cchTextMax = static_cast<int>(TextBuffer().size());
+    memory.write(item);
+    ask(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), asParameter(memory.at(0)));
+    TextBuffer text{};
+    memory.read(kTextOffset, text);
+    text.back() = L'\0';
+    return text.data();
+}
+
+RECT rowArea(HWND list, const RemoteMemory& memory, int row) {
+    RECT area{LVIR_BOUNDS, 0, 0, 0};
+    memory.write(area);
+    ask(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), asParameter(memory.at(0)));
+    memory.read(0, area);
+    return toScreen(list, area);
+}
+
+std::string headings(HWND header, const RemoteMemory& memory, int columns) {
+    std::string out;
+    for (int column = 0; column < columns; ++column) {
+        HDITEMW item{};
+        item.mask = HDI_TEXT | HDI_WIDTH;
+        item.pszText = reinterpret_cast<wchar_t*>(memory.at(kTextOffset));
+        item.cchTextMax = static_cast<int>(TextBuffer().size());
+        memory.write(item);
+        ask(header, HDM_GETITEMW, static_cast<WPARAM>(column), asParameter(memory.at(0)));
+        TextBuffer text{};
+        memory.read(0, item);
+        memory.read(kTextOffset, text);
+        text.back() = L'\0';
+        out += (column > 0 ? "," : "") + std::string(R"({"text":)") + quoted(text.data()) + R"(,"width":)" +
+               std::to_string(item.cxy) + '}';
+    }
+    return '[' + out + ']';
+}
+
+std::string list(HWND window) {
+    const RemoteMemory memory(window, kTextOffset + sizeof(TextBuffer));
+    const auto header = reinterpret_cast<HWND>(ask(window, LVM_GETHEADER));
+    const int columns = static_cast<int>(ask(header, HDM_GETITEMCOUNT));
+    const int rows = static_cast<int>(ask(window, LVM_GETITEMCOUNT));
+    std::ostringstream out;
+    out << R"({"headings":)" << headings(header, memory, columns) << R"(,"count":)" << rows << R"(,"rows":[)";
+    for (int row = 0; row < rows && row < kMaxRows; ++row) {
+        out << (row > 0 ? "," : "") << R"({"cells":[)";
+        for (int column = 0; column < columns; ++column) {
+            out << (column > 0 ? "," : "") << quoted(cellText(window, memory, row, column));
+        }
+        const auto state =
+            ask(window, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED | LVIS_FOCUSED);
+        out << R"(],"area":)" << shown(rowArea(window, memory, row)) << R"(,"selected":)"
+            << ((state & LVIS_SELECTED) != 0 ? "true" : "false") << R"(,"focused":)"
+            << ((state & LVIS_FOCUSED) != 0 ? "true" : "false") << '}';
+    }
+    out << "]}";
+    return out.str();
+}
+
+std::string tabs(HWND window) {
+    const RemoteMemory memory(window, kTextOffset + sizeof(TextBuffer));
+    const int count = static_cast<int>(ask(window, TCM_GETITEMCOUNT));
+    std::ostringstream out;
+    out << R"({"selected":)" << ask(window, TCM_GETCURSEL) << R"(,"areas":[)";
+    for (int tab = 0; tab < count; ++tab) {
+        RECT area{};
+        ask(window, TCM_GETITEMRECT, static_cast<WPARAM>(tab), asParameter(memory.at(0)));
+        memory.read(0, area);
+        out << (tab > 0 ? "," : "") << shown(toScreen(window, area));
+    }
+    out << "]}";
+    return out.str();
+}
+
+std::string combo(HWND window) {
+    const int count = static_cast<int>(ask(window, CB_GETCOUNT));
+    std::ostringstream out;
+    out << '[';
+    for (int entry = 0; entry < count; ++entry) {
+        TextBuffer text{};
+        if (ask(window, CB_GETLBTEXTLEN, static_cast<WPARAM>(entry)) < static_cast<LRESULT>(text.size())) {
+            ask(window, CB_GETLBTEXT, static_cast<WPARAM>(entry), asParameter(text.data()));
+        }
+        out << (entry > 0 ? "," : "") << quoted(text.data());
+    }
+    out << ']';
+    return out.str();
+}
+
+std::string answer(const std::string& line) {
+    std::istringstream words(line);
+    std::string command;
+    std::uintptr_t handle = 0;
+    words >> command >> handle;
+    const auto window = reinterpret_cast<HWND>(handle);
+    if (command == "tree") return tree();
+    if (command == "list") return list(window);
+    if (command == "tabs") return tabs(window);
+    if (command == "combo") return combo(window);
+    return R"({"error":"unknown command"})";
+}
+
+}  // namespace
+
+int main() {
+    std::string line;
+    while (std::getline(std::cin, line))
+        std::cout << answer(line) << std::endl;
+    return 0;
+}
