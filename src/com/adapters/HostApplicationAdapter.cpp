@@ -1,9 +1,5 @@
 #include "com/adapters/HostApplicationAdapter.h"
 
-#include <optional>
-
-#include "base/Error.h"
-
 namespace pellmark {
 
 namespace {
@@ -15,23 +11,6 @@ WindowHandle handleFrom(const DispatchResult& result) {
 
 VariantArg handleArgument(WindowHandle window) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(window));
-}
-
-std::optional<DispatchObject> objectFrom(const VARIANT& argument, const char* name) {
-    const VariantArg plain = VariantArg::dereferenced(argument);
-    switch (plain.type()) {
-        case VT_EMPTY:
-        case VT_NULL:
-        case VT_ERROR:
-            return std::nullopt;
-        case VT_DISPATCH:
-        case VT_UNKNOWN:
-            if (plain.get().punkVal == nullptr) return std::nullopt;
-            return DispatchObject::from(plain.get(), name);
-        default:
-            throw Error(errors::kTypeMismatch, name,
-                        std::string("The argument for ") + name + " is not an object.");
-    }
 }
 
 }  // namespace
@@ -58,14 +37,15 @@ std::string HostApplicationAdapter::buildExpression(const std::string& rule, Win
     return host_.call("ExpressionBuilder").object().call("Build", {rule, handleArgument(owner)}).text();
 }
 
-std::shared_ptr<HostApplication> hostApplicationFrom(const VARIANT& argument) {
-    auto host = objectFrom(argument, "NvxApplication");
-    return host ? std::make_shared<HostApplicationAdapter>(std::move(*host)) : nullptr;
+std::shared_ptr<HostApplication> hostApplicationFrom(IDispatch* argument) {
+    if (argument == nullptr) return nullptr;
+    return std::make_shared<HostApplicationAdapter>(
+        DispatchObject(ComPtr<IDispatch>(argument), "NvxApplication"));
 }
 
-WindowHandle ownerWindowFrom(const VARIANT& argument) {
-    auto owner = objectFrom(argument, "OwnerForm");
-    return owner ? handleFrom(owner->call("hWnd")) : 0;
+WindowHandle ownerWindowFrom(IDispatch* argument) {
+    if (argument == nullptr) return 0;
+    return handleFrom(DispatchObject(ComPtr<IDispatch>(argument), "OwnerForm").call("hWnd"));
 }
 
 }  // namespace pellmark

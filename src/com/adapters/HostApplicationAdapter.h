@@ -20,13 +20,11 @@ class HostApplicationAdapter : public HostApplication {
     DispatchObject host_;
 };
 
-/// The host application behind an argument as it came; null when it is Nothing, Empty, Null or left out.
-/// Throws errors::kTypeMismatch for a value that is no automation object.
-std::shared_ptr<HostApplication> hostApplicationFrom(const VARIANT& argument);
+/// The host application behind a call's first argument; null for Nothing.
+std::shared_ptr<HostApplication> hostApplicationFrom(IDispatch* argument);
 
-/// The window of the host's owner object; 0 when the argument is Nothing, Empty, Null or left out. Throws
-/// errors::kTypeMismatch for a value that is no automation object and errors::kHostInterface for an object
-/// without hWnd.
-WindowHandle ownerWindowFrom(const VARIANT& argument);
+/// The window of the host's owner object; 0 for Nothing. Throws errors::kHostInterface for an object without
+/// hWnd.
+WindowHandle ownerWindowFrom(IDispatch* argument);
 
 }  // namespace pellmark
