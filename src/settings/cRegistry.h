@@ -17,13 +17,13 @@ struct EXEAssociation {
     std::string className;  ///< the class key, below the hive ClassKey and the key path SectionKey
     std::string description;
     std::string icon;  ///< such as "C:\Norvex\Norvex.exe,0"
-    std::string openText;
+    std::string openText{};
     bool withPrint = false;
-    std::string printText;
+    std::string printText{};
     bool withInstall = false;
-    std::string installText;
+    std::string installText{};
     bool withNew = false;
-    std::string newText;
+    std::string newText{};
 };
 
 /// One place in the registry, chosen by four selectors, to be read, written, created, deleted or listed. Keys
