@@ -1,0 +1,363 @@
+#include "com/ApplicationObject.h"
+
+#include <gtest/gtest.h>
+
+#include "ErrorText.h"
+#include "RecordingCalls.h"
+#include "TestObject.h"
+#include "base/Error.h"
+
+namespace pellmark {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+/// The object under test, a host, and a late-bound caller.
+class ApplicationObjectTest : public testing::Test {
+  protected:
+    HRESULT invoke(Member member, std::vector<VariantArg> arguments, WORD flags = DISPATCH_METHOD,
+                   std::vector<DISPID> names = {}) {
+        std::vector<VARIANT> reversed;
+        for (auto each = arguments.rbegin(); each != arguments.rend(); ++each) {
+            reversed.push_back(each->get());
+        }
+        DISPPARAMS parameters{reversed.data(), names.data(), static_cast<UINT>(reversed.size()),
+                              static_cast<UINT>(names.size())};
+        badArgument_ = 99;
+        exception_ = EXCEPINFO{};
+        const HRESULT code =
+            object_->Invoke(static_cast<DISPID>(member), IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                            result_.receive(), &exception_, &badArgument_);
+        exceptionText_ = Bstr::adopt(exception_.bstrDescription).utf8();
+        exceptionSource_ = Bstr::adopt(exception_.bstrSource).utf8();
+        return code;
+    }
+    const RecordedCall& onlyCall() const {
+        if (log_.calls.size() != 1) throw std::runtime_error("not one call");
+        return log_.calls.front();
+    }
+    VariantArg host() const { return ComPtr<IDispatch>(host_.get()); }
+    static VariantArg nothing() { return ComPtr<IDispatch>(); }
+
+    CallLog log_;
+    ComPtr<TestObject> host_ = TestObject::make();
+    ComPtr<_Application> object_ =
+        ComPtr<_Application>::adopt(new ApplicationObject(std::make_unique<RecordingCalls>(log_)));
+    VariantArg result_;
+    EXCEPINFO exception_{};
+    std::string exceptionText_;
+    std::string exceptionSource_;
+    UINT badArgument_ = 99;
+};
+
+TEST_F(ApplicationObjectTest, OmittedArgumentsTakeTheirDefaults) {
+    ASSERT_EQ(invoke(Member::ShowWindowProcessCaseView, {host(), "value"}), S_OK);
+    const CaseDescription& description = onlyCall().description;
+    EXPECT_EQ(description.valuesGuids, (Texts{"value"}));
+    EXPECT_EQ(description.featureCaseUnit, -1);
+    EXPECT_EQ(description.nvxFeatureType, -1);
+    EXPECT_EQ(description.processUnit, -1);
+    EXPECT_EQ(description.partTypeGuid, "");
+    EXPECT_EQ(description.processStepGuid, "");
+    EXPECT_EQ(result_.type(), VT_EMPTY);
+}
+
+TEST_F(ApplicationObjectTest, AnArgumentLeftOutBetweenOthersTakesItsDefault) {
+    ASSERT_EQ(invoke(Member::ShowWindowProcessCaseView, {host(), "value", VariantArg::missing(),
+                                                         std::int32_t{3}, VariantArg::missing(), "type"}),
+              S_OK);
+    EXPECT_EQ(onlyCall().description.featureCaseUnit, -1);
+    EXPECT_EQ(onlyCall().description.nvxFeatureType, 3);
+    EXPECT_EQ(onlyCall().description.partTypeGuid, "");
+    EXPECT_EQ(onlyCall().description.featureTypeGuid, "type");
+}
+
+TEST_F(ApplicationObjectTest, EveryArgumentReachesItsPlace) {
+    const ComPtr<TestObject> owner = TestObject::make();
+    log_.picked = "{picked}";
+    ASSERT_EQ(invoke(Member::OpenProcess,
+                     {host(), ComPtr<IDispatch>(owner.get()), "v", std::int16_t{70}, std::int16_t{5}, "part",
+                      "feature", "material", std::int16_t{71}, "process", "step"}),
+              S_OK);
+    const RecordedCall& call = onlyCall();
+    EXPECT_EQ(call.method, "OpenProcess");
+    EXPECT_EQ(call.host, host_.get());
+    EXPECT_EQ(call.owner, owner.get());
+    EXPECT_EQ(call.description.featureCaseUnit, 70);
+    EXPECT_EQ(call.description.nvxFeatureType, 5);
+    EXPECT_EQ(call.description.partTypeGuid, "part");
+    EXPECT_EQ(call.description.featureTypeGuid, "feature");
+    EXPECT_EQ(call.description.processMaterialClassGuid, "material");
+    EXPECT_EQ(call.description.processUnit, 71);
+    EXPECT_EQ(call.description.processGuid, "process");
+    EXPECT_EQ(call.description.processStepGuid, "step");
+    EXPECT_EQ(Bstr::toUtf8(result_.get().bstrVal), "{picked}");
+}
+
+TEST_F(ApplicationObjectTest, EachMethodCallsItsOwn) {
+    for (const Member member :
+         {Member::OpenProcess, Member::EditFeatureCase, Member::OpenFeatureCase, Member::EditProcess}) {
+        log_.calls.clear();
+        ASSERT_EQ(invoke(member, {host(), nothing(), "v"}), S_OK);
+        EXPECT_EQ(onlyCall().method, utf8FromWide(nameOf(member)));
+        EXPECT_EQ(onlyCall().owner, nullptr);
+        const bool picks = member == Member::OpenProcess || member == Member::OpenFeatureCase;
+        EXPECT_EQ(result_.type(), picks ? VT_BSTR : VT_EMPTY);
+    }
+}
+
+TEST_F(ApplicationObjectTest, ArgumentsCanBeNamed) {
+    const DISPID processGuid = 1;
+    ASSERT_EQ(invoke(Member::ShowWindowProcessesView, {host(), "process"}, DISPATCH_METHOD, {processGuid}),
+              S_OK);
+    EXPECT_EQ(onlyCall().description.processGuid, "process");
+    EXPECT_EQ(onlyCall().host, host_.get());
+}
+
+TEST_F(ApplicationObjectTest, AnUnknownNameOrOneGivenTwiceIsRefused) {
+    EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {host(), "p"}, DISPATCH_METHOD, {7}),
+              DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(badArgument_, 0U);
+    EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {host(), "p"}, DISPATCH_METHOD, {0}),
+              DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(takeErrorText(), "NvxApplication is given twice");
+    EXPECT_TRUE(log_.calls.empty());
+}
+
+TEST_F(ApplicationObjectTest, NamesOfMembersAndParametersAreFound) {
+    wchar_t member[] = L"openPROCESS";
+    wchar_t parameter[] = L"valuesguids";
+    LPOLESTR names[] = {member, parameter};
+    DISPID ids[2] = {};
+    ASSERT_EQ(object_->GetIDsOfNames(IID_NULL, names, 2, LOCALE_USER_DEFAULT, ids), S_OK);
+    EXPECT_EQ(ids[0], static_cast<DISPID>(Member::OpenProcess));
+    EXPECT_EQ(ids[1], 2);
+    wchar_t wrong[] = L"NoSuchThing";
+    names[1] = wrong;
+    EXPECT_EQ(object_->GetIDsOfNames(IID_NULL, names, 2, LOCALE_USER_DEFAULT, ids), DISP_E_UNKNOWNNAME);
+    EXPECT_EQ(ids[0], static_cast<DISPID>(Member::OpenProcess));
+    EXPECT_EQ(ids[1], DISPID_UNKNOWN);
+}
+
+TEST_F(ApplicationObjectTest, WithoutAHostTheCallIsPassedOnAndNothingElseIsLookedAt) {
+    VariantArg null;
+    null.get().vt = VT_NULL;
+    for (const VariantArg& absent : {nothing(), VariantArg(), null}) {
+        log_.calls.clear();
+        EXPECT_EQ(invoke(Member::OpenProcess, {absent, std::int32_t{1}, std::int32_t{2}}), S_OK);
+        EXPECT_EQ(onlyCall().host, nullptr);
+        EXPECT_EQ(result_.type(), VT_BSTR);
+        EXPECT_EQ(Bstr::toUtf8(result_.get().bstrVal), "");
+    }
+}
+
+TEST_F(ApplicationObjectTest, AValueInTheHostsPlaceIsRefusedWithItsText) {
+    EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {std::int32_t{5}, "p"}), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(badArgument_, 1U);
+    EXPECT_EQ(takeErrorText(), "NvxApplication must be an object");
+    EXPECT_TRUE(log_.calls.empty());
+}
+
+TEST_F(ApplicationObjectTest, AnArgumentThatDoesNotFitIsRefusedWithItsPlaceAndItsName) {
+    EXPECT_EQ(invoke(Member::ShowWindowProcessCaseView, {host(), "v", std::int32_t{40000}}), DISP_E_OVERFLOW);
+    EXPECT_EQ(badArgument_, 0U);
+    EXPECT_EQ(takeErrorText(), "FeatureCaseUnit must be a number from -32768 to 32767");
+    EXPECT_EQ(invoke(Member::OpenProcess, {host(), "owner", "v"}), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(badArgument_, 1U);
+    EXPECT_EQ(takeErrorText(), "OwnerForm must be an object");
+}
+
+TEST_F(ApplicationObjectTest, AWrongNumberOfArgumentsIsRefused) {
+    EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {}), DISP_E_PARAMNOTOPTIONAL);
+    EXPECT_EQ(takeErrorText(), "NvxApplication must be given");
+    EXPECT_EQ(invoke(Member::ShowWindowProcessCaseView, {host()}), DISP_E_PARAMNOTOPTIONAL);
+    EXPECT_EQ(takeErrorText(), "ValuesGuids must be given");
+    EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {host(), "p", "q"}), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(takeErrorText(), "ShowWindowProcessesView takes at most 2 arguments, not 3");
+    EXPECT_EQ(invoke(Member::Dispose, {host()}), DISP_E_BADPARAMCOUNT);
+    EXPECT_TRUE(log_.calls.empty());
+}
+
+TEST_F(ApplicationObjectTest, AMemberThatIsNotThereIsRefused) {
+    EXPECT_EQ(invoke(static_cast<Member>(10), {}), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(invoke(Member::OpenProcess, {host()}, DISPATCH_PROPERTYPUT), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(invoke(Member::CurrentView, {}, DISPATCH_METHOD), DISP_E_MEMBERNOTFOUND);
+}
+
+TEST_F(ApplicationObjectTest, AFailureOfTheComponentReachesALateBoundCallerWithNumberSourceAndText) {
+    log_.duringCall = [] {
+        throw Error(errors::kHostInterface, "NvxApplication", "The object has no main window");
+    };
+    EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {host()}), DISP_E_EXCEPTION);
+    EXPECT_EQ(static_cast<unsigned long>(exception_.scode), 0x800A0000UL + errors::kHostInterface);
+    EXPECT_EQ(exceptionText_, "The object has no main window");
+    EXPECT_EQ(exceptionSource_, "NvxApplication");
+}
+
+TEST_F(ApplicationObjectTest, AnUnexpectedFailureReachesALateBoundCallerWithItsText) {
+    log_.duringCall = [] { throw std::runtime_error("unforeseen"); };
+    EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {host()}), DISP_E_EXCEPTION);
+    EXPECT_EQ(exception_.scode, E_FAIL);
+    EXPECT_EQ(exceptionText_, "unforeseen");
+    EXPECT_EQ(exceptionSource_, "Pellmark.Application");
+    log_.duringCall = [] { throw std::bad_alloc(); };
+    EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {host()}), E_OUTOFMEMORY);
+}
+
+TEST_F(ApplicationObjectTest, AFailureWithoutAPlaceForItsTextIsNoCrash) {
+    log_.duringCall = [] { throw std::runtime_error("unforeseen"); };
+    VARIANT argument = host().release();
+    DISPPARAMS parameters{&argument, nullptr, 1, 0};
+    EXPECT_EQ(object_->Invoke(static_cast<DISPID>(Member::ShowWindowProcessesView), IID_NULL, 0,
+                              DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr),
+              DISP_E_EXCEPTION);
+    VariantClear(&argument);
+    EXPECT_EQ(object_->Invoke(1, IID_NULL, 0, DISPATCH_PROPERTYGET, nullptr, nullptr, nullptr, nullptr),
+              E_INVALIDARG);
+    EXPECT_EQ(
+        object_->Invoke(1, IID_IDispatch, 0, DISPATCH_PROPERTYGET, &parameters, nullptr, nullptr, nullptr),
+        DISP_E_UNKNOWNINTERFACE);
+}
+
+TEST_F(ApplicationObjectTest, TheCurrentViewIsKeptForTheHost) {
+    ASSERT_EQ(invoke(Member::CurrentView, {std::int32_t{1}}, DISPATCH_PROPERTYPUT, {DISPID_PROPERTYPUT}),
+              S_OK);
+    ASSERT_EQ(invoke(Member::CurrentView, {}, DISPATCH_PROPERTYGET | DISPATCH_METHOD), S_OK);
+    EXPECT_EQ(result_.type(), VT_I4);
+    EXPECT_EQ(result_.get().lVal, 1);
+    ::FRView view = FRProcesses;
+    EXPECT_EQ(object_->get_CurrentView(&view), S_OK);
+    EXPECT_EQ(view, FRProcesscase);
+    EXPECT_EQ(invoke(Member::CurrentView, {"cases"}, DISPATCH_PROPERTYPUT, {DISPID_PROPERTYPUT}),
+              DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(takeErrorText(), "CurrentView must be a 32-bit number");
+}
+
+TEST_F(ApplicationObjectTest, TheHostOfTheLastCallIsKeptUntilDispose) {
+    const ULONG before = host_->references();
+    ASSERT_EQ(invoke(Member::ShowWindowProcessesView, {host()}), S_OK);
+    ASSERT_EQ(invoke(Member::NorvexApplication, {}, DISPATCH_PROPERTYGET), S_OK);
+    EXPECT_EQ(result_.get().pdispVal, host_.get());
+    // a call without a host does not forget the one before
+    ASSERT_EQ(invoke(Member::ShowWindowProcessesView, {nothing()}), S_OK);
+    ComPtr<IDispatch> kept;
+    ASSERT_EQ(object_->get_NorvexApplication(kept.receive()), S_OK);
+    EXPECT_EQ(kept.get(), host_.get());
+    kept = nullptr;
+    ASSERT_EQ(invoke(Member::Dispose, {}), S_OK);
+    EXPECT_EQ(host_->references(), before);
+}
+
+TEST_F(ApplicationObjectTest, TheHostCanBeSetByReference) {
+    ASSERT_EQ(invoke(Member::NorvexApplication, {host()}, DISPATCH_PROPERTYPUTREF, {DISPID_PROPERTYPUT}),
+              S_OK);
+    ComPtr<IDispatch> kept;
+    ASSERT_EQ(object_->get_NorvexApplication(kept.receive()), S_OK);
+    EXPECT_EQ(kept.get(), host_.get());
+    ASSERT_EQ(object_->putref_NorvexApplication(nullptr), S_OK);
+    ASSERT_EQ(object_->get_NorvexApplication(kept.receive()), S_OK);
+    EXPECT_FALSE(kept);
+}
+
+TEST_F(ApplicationObjectTest, AfterDisposeCallsDoNothingAndGiveTheEmptyResult) {
+    ASSERT_EQ(invoke(Member::Dispose, {}), S_OK);
+    ASSERT_EQ(invoke(Member::Dispose, {}), S_OK);
+    log_.picked = "never";
+    ASSERT_EQ(invoke(Member::OpenProcess, {host(), nothing(), "v"}), S_OK);
+    EXPECT_EQ(Bstr::toUtf8(result_.get().bstrVal), "");
+    EXPECT_EQ(object_->putref_NorvexApplication(host_.get()), S_OK);
+    EXPECT_TRUE(log_.calls.empty());
+    EXPECT_EQ(log_.disposals, 1);
+}
+
+TEST_F(ApplicationObjectTest, ReleasingTheLastReferenceDisposes) {
+    ASSERT_EQ(invoke(Member::ShowWindowProcessesView, {host()}), S_OK);
+    object_ = nullptr;
+    EXPECT_EQ(log_.disposals, 1);
+    EXPECT_TRUE(log_.destroyed);
+    EXPECT_EQ(host_->references(), 1U);
+}
+
+TEST_F(ApplicationObjectTest, DisposingFromInsideACallWaitsForItsEnd) {
+    int disposalsDuringCall = -1;
+    log_.duringCall = [&] {
+        VARIANT result;
+        object_->Dispose(&result);
+        disposalsDuringCall = log_.disposals;
+    };
+    ASSERT_EQ(invoke(Member::EditProcess, {host(), nothing(), "v"}), S_OK);
+    EXPECT_EQ(disposalsDuringCall, 0);
+    EXPECT_EQ(log_.disposals, 1);
+}
+
+TEST_F(ApplicationObjectTest, ReleasingTheLastReferenceFromInsideACallIsNoCrash) {
+    _Application* const raw = object_.get();
+    log_.duringCall = [&] { object_ = nullptr; };
+    IDispatch* host = host_.get();
+    VARIANT result;
+    EXPECT_EQ(raw->ShowWindowProcessesView(&host, nullptr, &result), S_OK);
+    EXPECT_TRUE(log_.destroyed);
+}
+
+TEST_F(ApplicationObjectTest, AnEarlyBoundCallReachesTheComponent) {
+    IDispatch* host = host_.get();
+    const ComPtr<TestObject> owner = TestObject::make();
+    IDispatch* ownerForm = owner.get();
+    SAFEARRAY* values = SafeArrayCreateVector(VT_BSTR, 0, 1);
+    LONG index = 0;
+    SafeArrayPutElement(values, &index, Bstr("value").get());
+    BSTR part = SysAllocString(L"part");
+    BSTR result = nullptr;
+    log_.picked = "{case}";
+    ASSERT_EQ(object_->OpenFeatureCase(&host, &ownerForm, &values, 70, 2, &part, nullptr, nullptr, -1,
+                                       nullptr, nullptr, &result),
+              S_OK);
+    EXPECT_EQ(onlyCall().method, "OpenFeatureCase");
+    EXPECT_EQ(onlyCall().owner, owner.get());
+    EXPECT_EQ(onlyCall().description.valuesGuids, (Texts{"value"}));
+    EXPECT_EQ(onlyCall().description.featureCaseUnit, 70);
+    EXPECT_EQ(onlyCall().description.partTypeGuid, "part");
+    EXPECT_EQ(Bstr::adopt(result).utf8(), "{case}");
+    SysFreeString(part);
+    SafeArrayDestroy(values);
+}
+
+TEST_F(ApplicationObjectTest, AnEarlyBoundCallWithoutHostOrWithoutAPlaceForTheResultIsNoCrash) {
+    VARIANT result;
+    EXPECT_EQ(object_->ShowWindowProcessesView(nullptr, nullptr, &result), S_OK);
+    EXPECT_EQ(result.vt, VT_EMPTY);
+    IDispatch* host = host_.get();
+    EXPECT_EQ(object_->ShowWindowProcessesView(&host, nullptr, nullptr), E_POINTER);
+    EXPECT_EQ(takeErrorText(), "The place for the result is missing");
+    EXPECT_EQ(object_->get_CurrentView(nullptr), E_POINTER);
+}
+
+TEST_F(ApplicationObjectTest, AnEarlyBoundFailureLeavesItsText) {
+    log_.duringCall = [] { throw Error(26001, "Norvex.cRegistry", "no such key"); };
+    IDispatch* host = host_.get();
+    VARIANT result;
+    EXPECT_EQ(static_cast<unsigned long>(object_->ShowWindowProcessesView(&host, nullptr, &result)),
+              0x800A0000UL + 26001);
+    EXPECT_EQ(takeErrorText(), "no such key");
+    const ComPtr<ISupportErrorInfo> support = object_.query<ISupportErrorInfo>();
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__Application), S_OK);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IUnknown), S_FALSE);
+}
+
+TEST_F(ApplicationObjectTest, TheInterfacesOfTheObjectAreOneIdentity) {
+    const ComPtr<IUnknown> unknown = object_.query<IUnknown>();
+    for (const IID& iid : {IID_IDispatch, IID__Application, IID_ISupportErrorInfo, IID_IProvideClassInfo}) {
+        ComPtr<IUnknown> other;
+        ASSERT_EQ(object_->QueryInterface(iid, other.receiveVoid()), S_OK);
+        ComPtr<IUnknown> back;
+        ASSERT_EQ(other->QueryInterface(IID_IUnknown, back.receiveVoid()), S_OK);
+        EXPECT_EQ(back.get(), unknown.get());
+    }
+    ComPtr<IUnknown> other;
+    EXPECT_EQ(object_->QueryInterface(IID_IPersist, other.receiveVoid()), E_NOINTERFACE);
+    EXPECT_FALSE(other);
+    EXPECT_EQ(object_->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
+}
+
+}  // namespace
+}  // namespace pellmark

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "com/ApplicationCalls.h"
+
+namespace pellmark {
+
+/// One call as it reached the component.
+struct RecordedCall {
+    std::string method;
+    IDispatch* host = nullptr;
+    IDispatch* owner = nullptr;
+    CaseDescription description;
+};
+
+/// What the component behind the automation object was asked for; outlives the object.
+struct CallLog {
+    std::vector<RecordedCall> calls;
+    std::string picked;                ///< what the picking methods answer
+    std::function<void()> duringCall;  ///< runs inside every method
+    FRView view = FRView::FRProcesses;
+    int disposals = 0;
+    bool destroyed = false;
+};
+
+/// Stands in the component's place and writes down what arrives.
+class RecordingCalls : public ApplicationCalls {
+  public:
+    explicit RecordingCalls(CallLog& log) : log_(log) {}
+    ~RecordingCalls() override { log_.destroyed = true; }
+
+    void showProcesses(IDispatch* host, const std::string& processGuid) override {
+        CaseDescription description;
+        description.processGuid = processGuid;
+        note("ShowWindowProcessesView", host, nullptr, description);
+    }
+    void showProcessCase(IDispatch* host, const CaseDescription& description) override {
+        note("ShowWindowProcessCaseView", host, nullptr, description);
+    }
+    std::string openProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) override {
+        note("OpenProcess", host, owner, description);
+        return log_.picked;
+    }
+    void editFeatureCase(IDispatch* host, IDispatch* owner, const CaseDescription& description) override {
+        note("EditFeatureCase", host, owner, description);
+    }
+    std::string openFeatureCase(IDispatch* host, IDispatch* owner,
+                                const CaseDescription& description) override {
+        note("OpenFeatureCase", host, owner, description);
+        return log_.picked;
+    }
+    void editProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) override {
+        note("EditProcess", host, owner, description);
+    }
+    void dispose() override { ++log_.disposals; }
+    FRView currentView() const override { return log_.view; }
+    void setCurrentView(FRView view) override { log_.view = view; }
+
+  private:
+    void note(const char* method, IDispatch* host, IDispatch* owner, const CaseDescription& description) {
+        log_.calls.push_back({method, host, owner, description});
+        if (log_.duringCall) log_.duringCall();
+    }
+
+    CallLog& log_;
+};
+
+}  // namespace pellmark
