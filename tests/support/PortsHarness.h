@@ -1,0 +1,71 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/Component.h"
+#include "host/Platform.h"
+#include "support/FakeHost.h"
+#include "support/FakeKnowledgeBase.h"
+#include "support/MemoryFileSystem.h"
+#include "support/MemoryRegistry.h"
+#include "support/NoIdle.h"
+#include "support/PortableCodePage.h"
+#include "support/RecordingTrace.h"
+#include "support/ScriptedDesktop.h"
+
+namespace pellmark::test {
+
+/// Keeps what was asked of the help viewer.
+class RecordingHelp : public HelpViewer {
+  public:
+    struct Opened {
+        WindowHandle owner;
+        std::string file;
+        std::string topic;
+    };
+    void openContext(WindowHandle owner, const std::string& file, std::int32_t context) override {
+        opened.push_back({owner, file, std::to_string(context)});
+    }
+    void openContext(WindowHandle owner, const std::string& file, const std::string& topic) override {
+        opened.push_back({owner, file, "text " + topic});
+    }
+    std::vector<Opened> opened;
+};
+
+/// All ports of a component, faked, over an empty knowledge base.
+struct PortsHarness {
+    static constexpr const char* kSettings =
+        "Software\\Orvane\\Norvex\\ExtensionSettings\\GlobalQDLSettings\\";
+
+    void set(const std::string& option, const std::string& value) {
+        registry.setText(Registry::kCurrentUser, kSettings, option, value);
+    }
+    Platform platform() {
+        return {desktop, registry, codePage, files, idle, help, library, trace, "C:\\Pellmark", "Norvex"};
+    }
+
+    FakeKnowledgeBase base;
+    MemoryRegistry registry;
+    PortableCodePage codePage;
+    MemoryFileSystem files;
+    NoIdle idle;
+    RecordingTrace trace;
+    RecordingHelp help;
+    FakeHostLibrary library{base};
+    ScriptedDesktop desktop;
+    std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();
+};
+
+/// A component whose controllers are tested one by one, on a form of the test's own.
+struct ComponentHarness : PortsHarness {
+    ComponentHarness() { component.setHost(host); }
+
+    Application application{platform()};
+    Component component{application, platform()};
+    Form form{desktop, "FrmTest"};
+};
+
+}  // namespace pellmark::test

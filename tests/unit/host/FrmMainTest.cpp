@@ -1,0 +1,85 @@
+#include "host/FrmMain.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "featurecases/cFeatureCase.h"
+#include "processes/cProcess.h"
+#include "support/PortsHarness.h"
+
+namespace pellmark::test {
+namespace {
+
+class FrmMainTest : public testing::Test, protected ComponentHarness {
+  protected:
+    FrmMain& main = component.mainForm();
+};
+
+TEST_F(FrmMainTest, LoadingCaptionsTheTabs) {
+    library.translations["Processes"] = "Prozesse";
+    main.load();
+    EXPECT_EQ(main.TabProcesses.caption(), "Prozesse");
+    EXPECT_EQ(main.SizerProcessCase.caption(), "Process Case");
+}
+
+TEST_F(FrmMainTest, AHostsSwitchMovesTheTabsAndBuildsTheView) {
+    main.SetView(FRView::FRProcesscase);
+    EXPECT_EQ(main.TabCtrl.index(), 1);
+    EXPECT_NE(component.featureCase(), nullptr);
+    EXPECT_EQ(&component.processes()->grid(), &main.VSFGProcessCaseResults);
+    main.SetView(FRView::FRProcesses);
+    EXPECT_EQ(main.TabCtrl.index(), 0);
+    EXPECT_EQ(component.featureCase(), nullptr);
+    EXPECT_EQ(&component.processes()->grid(), &main.VSFGAllProcesses);
+}
+
+TEST_F(FrmMainTest, AClickOnATabRebuildsTheViewWithoutMovingTheTabAgain) {
+    base.addProcess("a");
+    main.SetView(FRView::FRProcesscase);
+    int moves = 0;
+    const auto moved = main.TabCtrl.indexChanged.subscribe([&] { ++moves; });
+    main.TabCtrl.click(0);
+    EXPECT_EQ(moves, 1);
+    EXPECT_EQ(main.VSFGAllProcesses.rows(), 2);
+    EXPECT_EQ(main.view(), FRView::FRProcesses);
+    main.TabCtrl.clicked.raise(7);
+    EXPECT_EQ(main.view(), FRView::FRProcesses);
+}
+
+TEST_F(FrmMainTest, OkWithoutASelectionAnswersAnEmptyProcess) {
+    application.ReturnProcessGuid = "old";
+    main.SetView(FRView::FRProcesses);
+    main.load();
+    main.CmdOK.click();
+    EXPECT_EQ(application.ReturnProcessGuid, "");
+    EXPECT_EQ(application.ReturnFeatureCaseGuid, "");
+    EXPECT_FALSE(main.isLoaded());
+}
+
+TEST_F(FrmMainTest, CancelUnloadsAndWritesNothing) {
+    application.ReturnProcessGuid = "old";
+    main.load();
+    main.CmdCancel.click();
+    EXPECT_EQ(application.ReturnProcessGuid, "old");
+    EXPECT_FALSE(main.isLoaded());
+}
+
+TEST_F(FrmMainTest, HelpOpensItsContextOverTheForm) {
+    component.setHelpFile("C:\\Norvex\\Help\\1033\\qdl.chm");
+    main.load();
+    main.CmdHelp.click();
+    ASSERT_EQ(help.opened.size(), 1U);
+    EXPECT_EQ(help.opened[0].topic, "5000");
+    EXPECT_EQ(help.opened[0].owner, main.handle());
+}
+
+TEST_F(FrmMainTest, TheEnteredGridLooksActiveAndTheOtherDoesNot) {
+    main.VSFGProcessStep.entered.raise();
+    EXPECT_TRUE(main.VSFGProcessStep.activeLook());
+    EXPECT_FALSE(main.VSFGProcessCaseResults.activeLook());
+    main.VSFGProcessCaseResults.entered.raise();
+    EXPECT_FALSE(main.VSFGProcessStep.activeLook());
+}
+
+}  // namespace
+}  // namespace pellmark::test

@@ -1,0 +1,275 @@
+#include "processes/cProcess.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/Text.h"
+#include "support/PortsHarness.h"
+
+namespace pellmark::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// The list in all-processes mode: no feature-case view exists.
+class CProcessTest : public testing::Test, protected ComponentHarness {
+  protected:
+    void start() {
+        list.Init(grid);
+        list.RefreshList("");
+    }
+    std::vector<std::string> names() {
+        std::vector<std::string> all;
+        for (int row = 1; row < grid.rows(); ++row)
+            all.push_back(grid.text(row, field::kName));
+        return all;
+    }
+    std::optional<Color> nameColor(const std::string& id) {
+        return grid.style(grid.findRow(id), grid.colIndex(field::kName)).fore;
+    }
+
+    Grid grid{form, "VSFG"};
+    cProcess list{component};
+};
+
+TEST_F(CProcessTest, TheColumnsStandAsTheyAreKnown) {
+    list.Init(grid);
+    std::vector<std::string> columns;
+    std::vector<Twips> widths;
+    for (int col = 0; col < grid.cols(); ++col) {
+        columns.push_back(grid.heading(col) + " " + grid.colKey(col));
+        widths.push_back(grid.colWidth(col));
+    }
+    EXPECT_THAT(columns,
+                ElementsAre("Id _Id", "Name _Name", "Unit _Unit", "Rule _Rule", "Description _Description"));
+    EXPECT_THAT(widths, ElementsAre(4000, 2000, 1000, 2000, 4000));
+    EXPECT_EQ(grid.colComboList(2).text(), "#70;Inch|#71;Metric");
+}
+
+TEST_F(CProcessTest, HeadingsAreTranslatedAndNeverBracketedInThisMode) {
+    library.translations["Name"] = "\xE5\x90\x8D\xE5\x89\x8D";  // U+540D U+524D
+    library.translations["Rule"] = "a|b";
+    list.Init(grid);
+    EXPECT_EQ(grid.heading(1), "\xE5\x90\x8D\xE5\x89\x8D");
+    EXPECT_EQ(grid.heading(3), "a b");
+    EXPECT_EQ(grid.cols(), 5);
+}
+
+TEST_F(CProcessTest, TheIdColumnShowsInDebugModeOnly) {
+    start();
+    EXPECT_TRUE(grid.colHidden(0));
+    set("DebugMode", "1");
+    list.RefreshList("");
+    EXPECT_FALSE(grid.colHidden(0));
+}
+
+TEST_F(CProcessTest, AllProcessesAreListedByNameWithTheirUnitsShown) {
+    base.addProcess("Tap M8", unit::kInch, "d = 8", "deep");
+    base.addProcess("Drill", unit::kMetric);
+    start();
+    EXPECT_THAT(names(), ElementsAre("Drill", "Tap M8"));
+    EXPECT_EQ(grid.displayText(1, 2), "Metric");
+    EXPECT_EQ(grid.text(2, 2), "70");
+    EXPECT_EQ(grid.text(2, 3), "d = 8");
+    EXPECT_EQ(grid.text(2, 4), "deep");
+}
+
+TEST_F(CProcessTest, TheAskedForProcessIsSelected) {
+    base.addProcess("a");
+    const std::string id = base.addProcess("b");
+    list.Init(grid);
+    list.RefreshList(id);
+    EXPECT_EQ(grid.row(), 2);
+    EXPECT_EQ(list.SelectedProcessID(), id);
+    EXPECT_EQ(grid.selectedRows(), 1);
+}
+
+TEST_F(CProcessTest, AnIdThatIsNoLongerListedSelectsTheFirstRow) {
+    base.addProcess("a");
+    base.addProcess("b");
+    list.Init(grid);
+    list.RefreshList(Guid::random().text());
+    EXPECT_EQ(grid.row(), 1);
+}
+
+TEST_F(CProcessTest, AGridOfHeadingsAloneHasNoSelectedProcess) {
+    EXPECT_EQ(list.SelectedProcessID(), "");
+    start();
+    EXPECT_EQ(list.SelectedProcessID(), "");
+}
+
+TEST_F(CProcessTest, OrphansAreRedAndTheOthersBlack) {
+    const std::string orphan = base.addProcess("orphan");
+    const std::string attached = base.addProcess("attached");
+    const std::string type = base.addFeatureType("Hole");
+    base.addFeatureCase(type, {}, {attached});
+    start();
+    EXPECT_EQ(nameColor(orphan), 255U);
+    EXPECT_EQ(nameColor(attached), 0U);
+    base.tables();
+    base.processStore().attach(orphan, base.addFeatureCase(type, {}));
+    list.SetOrphanColor();
+    EXPECT_EQ(nameColor(orphan), 0U);
+}
+
+TEST_F(CProcessTest, TheFirstRowsArePaintedBeforeTheIdsAreRead) {
+    base.addProcess("a");
+    list.Init(grid);
+    std::string rowDataAtPaint = "not painted";
+    const auto painted = grid.paintRequested.subscribe([&] { rowDataAtPaint = grid.rowData(1); });
+    list.RefreshList("");
+    EXPECT_EQ(rowDataAtPaint, "");
+    EXPECT_NE(grid.rowData(1), "");
+}
+
+TEST_F(CProcessTest, AFailingStoreLeavesATraceAndNoException) {
+    base.throwOn("processes", errors::kKnowledgeBase, "The file is locked.");
+    start();
+    EXPECT_THAT(trace.lines(), Contains(HasSubstr("cProcess::RefreshList: error 26104")));
+}
+
+TEST_F(CProcessTest, UpdateFromDbShowsWhatTheStoreHoldsNow) {
+    const std::string id = base.addProcess("old", unit::kInch);
+    start();
+    base.processStore().updateProcess({id, "new", unit::kMetric, "text", "rule"});
+    list.UpdateFromDb({id, "ignored", 0, "", ""});
+    EXPECT_THAT(names(), ElementsAre("new"));
+    EXPECT_EQ(grid.displayText(1, 2), "Metric");
+    EXPECT_EQ(grid.text(1, 3), "rule");
+    EXPECT_EQ(grid.text(1, 4), "text");
+}
+
+TEST_F(CProcessTest, UpdateFromDbAddsARowForANewProcess) {
+    start();
+    const std::string id = base.addProcess("new");
+    list.UpdateFromDb({id, "", 0, "", ""});
+    EXPECT_EQ(grid.rows(), 2);
+    EXPECT_EQ(grid.findRow(id), 1);
+    EXPECT_EQ(grid.text(1, field::kName), "new");
+}
+
+TEST_F(CProcessTest, ADragOffersTheSelectedRowsAsTabbedText) {
+    base.addProcess("a", unit::kMetric, "x > 1", "first");
+    base.addProcess("b", unit::kInch);
+    start();
+    grid.selectBlock(1, 0, 2, 4);
+    DragData drag{"old", {"old.txt"}, false};
+    grid.dragStarted.raise(drag);
+    const std::string comma = "Name,Unit,Rule,Description\r\na,Metric,x > 1,first\r\nb,Inch,,\r\n\r\n";
+    EXPECT_EQ(files.contents(files.temporaryFolder() + "Processes.csv"), comma);
+    EXPECT_EQ(drag.text, replaced(comma, ',', '\t'));
+    EXPECT_THAT(drag.files, IsEmpty());
+    EXPECT_TRUE(drag.copyOnly);
+}
+
+// --- deletion
+// ------------------------------------------------------------------------------------------------
+
+constexpr const char* kDeleteQuestion = "Permanently delete selected item(s) from the database?";
+
+class CProcessDeleteTest : public CProcessTest {
+  protected:
+    void startWith(int processes) {
+        for (int i = 0; i < processes; ++i)
+            ids.push_back(base.addProcess(std::string(1, static_cast<char>('a' + i))));
+        start();
+        base.forgetCalls();
+    }
+    void selectRows(std::initializer_list<int> rows) {
+        grid.clearSelection();
+        for (const int row : rows)
+            grid.setSelected(row, true);
+    }
+    std::vector<std::string> ids;
+};
+
+TEST_F(CProcessDeleteTest, SelectedProcessesGoAfterOneQuestion) {
+    startWith(4);
+    selectRows({1, 3});
+    desktop.expectMessage(kDeleteQuestion);
+    list.Delete();
+    EXPECT_THAT(names(), ElementsAre("b", "d"));
+    EXPECT_EQ(desktop.messages().front().title, "Norvex - Process Manager");
+    EXPECT_EQ(desktop.messages().front().icon, MessageIcon::Question);
+    EXPECT_EQ(desktop.messages().front().buttons, MessageButtons::OkCancel);
+    EXPECT_EQ(grid.row(), 2);
+}
+
+TEST_F(CProcessDeleteTest, TheQuestionIsTranslated) {
+    startWith(1);
+    library.translations[kDeleteQuestion] = "Wirklich?";
+    desktop.expectMessage("Wirklich?", MessageAnswer::Cancel);
+    list.Delete();
+    EXPECT_EQ(grid.rows(), 2);
+}
+
+TEST_F(CProcessDeleteTest, AProcessThatTheStoreRefusesKeepsItsRow) {
+    startWith(3);
+    selectRows({1, 2, 3});
+    base.refuse(ids[1]);
+    desktop.expectMessage(kDeleteQuestion);
+    list.Delete();
+    EXPECT_THAT(names(), ElementsAre("b"));
+}
+
+TEST_F(CProcessDeleteTest, AProcessThatFailsKeepsItsRowAndLeavesATrace) {
+    startWith(2);
+    selectRows({1, 2});
+    base.throwOn("deleteProcess");
+    desktop.expectMessage(kDeleteQuestion);
+    list.Delete();
+    EXPECT_EQ(grid.rows(), 3);
+    EXPECT_TRUE(trace.trapped("cProcess::Delete"));
+}
+
+TEST_F(CProcessDeleteTest, RowsAreHandledFromTheLastSelectedToTheFirst) {
+    startWith(7);
+    selectRows({2, 5, 7});
+    desktop.expectMessage(kDeleteQuestion);
+    list.Delete();
+    EXPECT_THAT(base.callsOf("deleteProcess"),
+                ElementsAre("deleteProcess " + ids[6], "deleteProcess " + ids[4], "deleteProcess " + ids[1]));
+}
+
+TEST_F(CProcessDeleteTest, TheDeleteKeyIsTheDeleteCommand) {
+    startWith(1);
+    desktop.expectMessage(kDeleteQuestion);
+    KeyPress other{65};
+    grid.keyPressed.raise(other);
+    KeyPress key{46};
+    grid.keyPressed.raise(key);
+    EXPECT_TRUE(key.handled);
+    EXPECT_EQ(grid.rows(), 1);
+    EXPECT_EQ(list.SelectedProcessID(), "");
+}
+
+TEST_F(CProcessDeleteTest, WithoutADataRowOrASelectionNothingIsAsked) {
+    start();
+    list.Delete();
+    startWith(1);
+    grid.clearSelection();
+    list.Delete();
+    EXPECT_THAT(base.callsOf("deleteProcess"), IsEmpty());
+}
+
+TEST_F(CProcessDeleteTest, CancelLeavesEverything) {
+    startWith(2);
+    desktop.expectMessage(kDeleteQuestion, MessageAnswer::Cancel);
+    list.Delete();
+    EXPECT_THAT(base.callsOf("deleteProcess"), IsEmpty());
+    EXPECT_EQ(grid.rows(), 3);
+}
+
+TEST_F(CProcessDeleteTest, WithoutTheRightNothingIsAsked) {
+    startWith(1);
+    base.allowed.erase(PermissionDelete);
+    desktop.expectMessage("You do not have permission to delete objects from the database!");
+    list.Delete();
+    EXPECT_EQ(grid.rows(), 2);
+}
+
+}  // namespace
+}  // namespace pellmark::test

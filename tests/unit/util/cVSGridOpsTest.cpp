@@ -1,0 +1,105 @@
+#include "util/cVSGridOps.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "controls/MemoryRecordSet.h"
+#include "support/PortsHarness.h"
+
+namespace pellmark::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class CVSGridOpsTest : public testing::Test, protected ComponentHarness {
+  protected:
+    CVSGridOpsTest() {
+        grid.setHeadings("Name|Id|Note");
+        const char* keys[] = {"_Name", "_id", "_Note"};
+        for (int col = 0; col < 3; ++col)
+            grid.setColKey(col, keys[col]);
+        auto records = std::make_shared<MemoryRecordSet>(std::vector<std::string>{"_Id", "_Name", "_Note"});
+        for (const char* name : {"a", "b", "c"})
+            records->addRow({std::string("id-") + name, name, "n,ote"});
+        grid.bind(records);
+    }
+    std::string save() { return ops.SaveSelectionAsDelimitedFile(grid, "C:\\out.csv", ","); }
+
+    Grid grid{form, "VSFG"};
+    cVSGridOps& ops = component.gridOps();
+};
+
+TEST_F(CVSGridOpsTest, RowDataIsTakenFromTheIdentifierColumnWhateverItsCase) {
+    ops.SetRowDataToIds(grid);
+    EXPECT_EQ(grid.rowData(1), "id-a");
+    EXPECT_EQ(grid.rowData(3), "id-c");
+}
+
+TEST_F(CVSGridOpsTest, SelectedIdsComeInSelectionOrderWithMinusOneForNone) {
+    ops.SetRowDataToIds(grid);
+    grid.setRowData(2, "");
+    for (const int row : {3, 2, 1})
+        grid.setSelected(row, true);
+    EXPECT_THAT(ops.SelectedIds(grid), ElementsAre("id-c", "-1", "id-a"));
+    grid.clearSelection();
+    EXPECT_THAT(ops.SelectedIds(grid), IsEmpty());
+}
+
+TEST_F(CVSGridOpsTest, SelectedIdIsThatOfTheCurrentRow) {
+    ops.SetRowDataToIds(grid);
+    EXPECT_EQ(ops.SelectedId(grid), "");
+    grid.select(2, 0);
+    EXPECT_EQ(ops.SelectedId(grid), "id-b");
+}
+
+TEST_F(CVSGridOpsTest, SelectAllTakesEveryDataRow) {
+    ops.SelectAll(grid);
+    EXPECT_EQ(grid.selectedRows(), 3);
+    EXPECT_FALSE(grid.isSelected(0));
+}
+
+TEST_F(CVSGridOpsTest, TheTemporaryFolderIsTheSystems) {
+    EXPECT_EQ(ops.GetTempFolderPath(), files.temporary);
+}
+
+TEST_F(CVSGridOpsTest, SelectedRowsAreWrittenUnquotedUnderTheirHeadings) {
+    grid.setSelected(3, true);
+    grid.setSelected(1, true);
+    const std::string text = save();
+    EXPECT_EQ(text, "Name,Id,Note\r\nc,id-c,n,ote\r\na,id-a,n,ote\r\n\r\n");
+    EXPECT_EQ(files.contents("C:\\out.csv"), text);
+}
+
+TEST_F(CVSGridOpsTest, IdentifiersAndPicturesAreLeftOut) {
+    grid.setText(1, 1, "{00000000-0000-0000-0000-000000000001}");
+    grid.setPicture(1, 0, 2);
+    grid.setSelected(1, true);
+    EXPECT_EQ(save(), "Note\r\nn,ote\r\n\r\n");
+}
+
+TEST_F(CVSGridOpsTest, ALeftOutLastColumnLeavesItsSeparatorBehind) {
+    grid.setText(1, 2, "{id}");
+    grid.setSelected(1, true);
+    EXPECT_EQ(save(), "Name,Id,\r\na,id-a,\r\n\r\n");
+}
+
+TEST_F(CVSGridOpsTest, TheHeadingLineFollowsTheFirstSelectedRow) {
+    grid.setText(2, 1, "{id}");
+    for (const int row : {1, 2})
+        grid.setSelected(row, true);
+    EXPECT_EQ(save(), "Name,Id,Note\r\na,id-a,n,ote\r\nb,n,ote\r\n\r\n");
+}
+
+TEST_F(CVSGridOpsTest, AnEmptySelectionWritesTwoLineBreaks) {
+    EXPECT_EQ(save(), "\r\n\r\n");
+}
+
+TEST_F(CVSGridOpsTest, AnExistingFileIsReplaced) {
+    files.makeFile("C:\\out.csv", std::string(1000, 'x'));
+    save();
+    EXPECT_EQ(files.contents("C:\\out.csv"), "\r\n\r\n");
+}
+
+}  // namespace
+}  // namespace pellmark::test
