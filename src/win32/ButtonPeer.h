@@ -1,0 +1,20 @@
+#pragma once
+
+#include "controls/Controls.h"
+#include "win32/ControlPeer.h"
+
+namespace pellmark {
+
+/// A push button. The one that Enter would press is drawn as the default.
+class ButtonPeer : public ControlPeer {
+  public:
+    ButtonPeer(FormWindow& form, Button& button, HWND parent);
+
+    void showDefault(bool isDefault);
+    void command(WORD code) override;
+
+  protected:
+    std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam) override;
+};
+
+}  // namespace pellmark

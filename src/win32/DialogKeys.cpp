@@ -1,0 +1,152 @@
+#include "win32/DialogKeys.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "win32/FormWindow.h"
+
+namespace pellmark {
+
+namespace {
+
+/// What a hook cannot be handed: it is called without any pointer of ours.
+struct HookOfThread {
+    HHOOK hook = nullptr;
+    std::vector<DialogKeys*> forms;
+};
+thread_local HookOfThread hookOfThread;
+
+bool isDown(int key) {
+    return ::GetKeyState(key) < 0;
+}
+
+bool isInMenu() {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return ::GetGUIThreadInfo(::GetCurrentThreadId(), &info) &&
+           (info.flags & (GUI_INMENUMODE | GUI_POPUPMENUMODE | GUI_SYSTEMMENUMODE | GUI_INMOVESIZE)) != 0;
+}
+
+}  // namespace
+
+DialogKeys::DialogKeys(FormWindow& form) : form_(form) {
+    HookOfThread& here = hookOfThread;
+    here.forms.push_back(this);
+    if (here.hook == nullptr) {
+        here.hook = ::SetWindowsHookExW(WH_GETMESSAGE, &hookProcedure, nullptr, ::GetCurrentThreadId());
+    }
+}
+
+DialogKeys::~DialogKeys() {
+    HookOfThread& here = hookOfThread;
+    std::erase(here.forms, this);
+    if (here.forms.empty() && here.hook != nullptr) {
+        ::UnhookWindowsHookEx(here.hook);
+        here.hook = nullptr;
+    }
+}
+
+LRESULT CALLBACK DialogKeys::hookProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
+    if (code == HC_ACTION && wParam == PM_REMOVE) {
+        auto& message = *reinterpret_cast<MSG*>(lParam);
+        if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) {
+            const auto& forms = hookOfThread.forms;
+            const auto owner = std::find_if(forms.begin(), forms.end(),
+                                            [&](const DialogKeys* each) { return each->isOurs(message); });
+            if (owner != forms.end() && (*owner)->isNavigation(message)) {
+                (*owner)->kept_ = message;
+                message.hwnd = (*owner)->form_.window();
+                message.message = DialogKeys::message();
+            }
+        }
+    }
+    return ::CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+bool DialogKeys::isOurs(const MSG& message) const {
+    const HWND window = form_.window();
+    return window != nullptr && (message.hwnd == window || ::IsChild(window, message.hwnd));
+}
+
+bool DialogKeys::isNavigation(const MSG& message) const {
+    if (off_ > 0 || form_.control() == nullptr || isInMenu()) return false;
+    const auto wanted = [&] {
+        return ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam,
+                              reinterpret_cast<LPARAM>(&message));
+    };
+    switch (message.message) {
+        case WM_KEYDOWN:
+            return isNavigationKey(message);
+        case WM_SYSCHAR:
+            return !isDown(VK_CONTROL) && message.wParam != VK_SPACE;
+        case WM_CHAR:
+            return message.wParam > VK_SPACE && !isDown(VK_CONTROL) &&
+                   (wanted() & (DLGC_WANTCHARS | DLGC_WANTALLKEYS)) == 0;
+        default:
+            return false;
+    }
+}
+
+bool DialogKeys::isNavigationKey(const MSG& message) const {
+    const auto code =
+        ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
+    const bool isPeer = ControlPeer::of(message.hwnd) != nullptr;
+    const bool isOpenList = (code & DLGC_WANTARROWS) != 0 &&
+                            ::SendMessageW(message.hwnd, CB_GETDROPPEDSTATE, 0, 0) != 0 && isPeer &&
+                            ControlPeer::of(message.hwnd)->control() != nullptr &&
+                            ControlPeer::of(message.hwnd)->control()->kind() == Control::Kind::ComboBox;
+    switch (message.wParam) {
+        case VK_TAB:
+            if (isDown(VK_CONTROL)) return true;
+            return (code & (DLGC_WANTTAB | DLGC_WANTALLKEYS)) == 0 || (isPeer && (code & DLGC_WANTTAB) == 0);
+        case VK_PRIOR:
+        case VK_NEXT:
+            return isDown(VK_CONTROL);
+        case VK_LEFT:
+        case VK_UP:
+        case VK_RIGHT:
+        case VK_DOWN:
+            return (code & (DLGC_WANTARROWS | DLGC_WANTALLKEYS)) == 0;
+        case VK_RETURN:
+            return !isOpenList && (code & DLGC_WANTALLKEYS) == 0;
+        // An edit box of several lines claims every key, Escape with the rest, and does nothing with it.
+        case VK_ESCAPE:
+            return !isOpenList && (isPeer || (code & DLGC_WANTALLKEYS) == 0) && !form_.isEmbedded();
+        default:
+            return false;
+    }
+}
+
+void DialogKeys::perform() {
+    if (!kept_) return;
+    MSG message = *kept_;
+    kept_.reset();
+    if (message.message == WM_KEYDOWN) {
+        switch (message.wParam) {
+            case VK_RETURN:
+                form_.pressEnter(message.hwnd);
+                return;
+            case VK_ESCAPE:
+                form_.pressEscape();
+                return;
+            case VK_PRIOR:
+                form_.stepPage(-1);
+                return;
+            case VK_NEXT:
+                form_.stepPage(1);
+                return;
+            case VK_TAB:
+                if (isDown(VK_CONTROL)) {
+                    form_.stepPage(isDown(VK_SHIFT) ? -1 : 1);
+                    return;
+                }
+                break;
+            default:
+                break;
+        }
+    }
+    // What no control of the form answers to is dispatched from there: the host's menu has access keys too.
+    ::IsDialogMessageW(form_.window(), &message);
+}
+
+}  // namespace pellmark

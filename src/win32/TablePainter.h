@@ -1,0 +1,35 @@
+#pragma once
+
+#include "win32/Scale.h"
+#include "win32/ShownTable.h"
+#include "win32/Surroundings.h"
+#include "win32/TableHeader.h"
+
+namespace pellmark {
+
+/// Draws the rows of a list window, a whole row at a time: cell colours, italics, the selection in its two
+/// looks and lines between the cells.
+class TablePainter {
+  public:
+    TablePainter(HWND list, ShownTable& table, const TableHeader& header)
+        : list_(list), table_(table), header_(header) {}
+
+    /// Answers the window's custom-draw notification.
+    LRESULT draw(const NMLVCUSTOMDRAW& request, HFONT font, const Scale& scale);
+    /// True when a cell's text does not fit its column.
+    bool isCut(int row, int column, HFONT font, const Scale& scale) const;
+    /// Forgets fonts made for another resolution.
+    void forgetFonts() { italic_.reset(); }
+
+  private:
+    void drawRow(HDC canvas, int row, HFONT font, const Scale& scale);
+    void drawText(HDC canvas, RECT cell, const std::string& text, const Scale& scale) const;
+    HFONT italicOf(HFONT font);
+
+    HWND list_;
+    ShownTable& table_;
+    const TableHeader& header_;
+    FontHandle italic_;
+};
+
+}  // namespace pellmark
