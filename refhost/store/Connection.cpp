@@ -1,0 +1,147 @@
+#include "store/Connection.h"
+
+#include <sqlite3.h>
+
+#include <utility>
+
+#include "base/Error.h"
+
+namespace norvex {
+
+namespace {
+
+/// A base of a million processes has some 200 MB; what a refresh touches of it fits into 64 MiB, and reading
+/// it again from the file costs ten times as much.
+constexpr const char* kSettings =
+    "PRAGMA foreign_keys = ON;"
+    "PRAGMA cache_size = -65536;"
+    "PRAGMA temp_store = MEMORY;"
+    // A killed process loses nothing with this; only a power failure may take the last moments, and it never
+    // damages the file.
+    "PRAGMA synchronous = NORMAL;";
+
+std::string adviceFor(int resultCode, const std::string& detail) {
+    switch (resultCode & 0xFF) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return "is in use by another program that does not let go of it. Try again, or close the other "
+                   "program.";
+        case SQLITE_NOTADB:
+        case SQLITE_CORRUPT:
+            return "is damaged or not a knowledge base. It has been left as it is; restore it from a backup.";
+        case SQLITE_READONLY:
+            return "is read-only. Remove the write protection, or copy it to a folder that you may write to.";
+        case SQLITE_CANTOPEN:
+            return "cannot be opened. Check that its folder exists and that you may write to it.";
+        case SQLITE_FULL:
+            return "cannot grow because the disk is full. Make room and try again.";
+        case SQLITE_IOERR:
+            return "cannot be read or written (" + detail + "). Check the disk or the network drive.";
+        default:
+            return "could not be used (" + detail + ").";
+    }
+}
+
+}  // namespace
+
+void throwFileError(const std::string& path, int resultCode, const std::string& detail) {
+    throw pellmark::Error(pellmark::errors::kKnowledgeBase, "KnowledgeBase",
+                          "The knowledge base '" + path + "' " + adviceFor(resultCode, detail));
+}
+
+Connection::Connection(std::string path, bool create, std::chrono::milliseconds busyTimeout)
+    : path_(std::move(path)) {
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
+                      (create ? SQLITE_OPEN_CREATE : 0);
+    const int result = sqlite3_open_v2(path_.c_str(), &database_, flags, nullptr);
+    if (result != SQLITE_OK) {
+        const std::string detail = database_ ? sqlite3_errmsg(database_) : "out of memory";
+        sqlite3_close_v2(std::exchange(database_, nullptr));
+        throwFileError(path_, result, detail);
+    }
+    sqlite3_busy_timeout(database_, static_cast<int>(busyTimeout.count()));
+    try {
+        execute(kSettings);
+    } catch (...) {
+        sqlite3_close_v2(std::exchange(database_, nullptr));
+        throw;
+    }
+}
+
+Connection::~Connection() {
+    for (const auto& [sql, statement] : idle_)
+        sqlite3_finalize(statement);
+    sqlite3_close_v2(database_);
+}
+
+void Connection::execute(const char* sql) {
+    const int result = sqlite3_exec(database_, sql, nullptr, nullptr, nullptr);
+    if (result != SQLITE_OK) fail(result);
+}
+
+int Connection::changes() const {
+    return sqlite3_changes(database_);
+}
+
+std::int64_t Connection::lastRow() const {
+    return sqlite3_last_insert_rowid(database_);
+}
+
+bool Connection::isReadOnly() const {
+    return sqlite3_db_readonly(database_, "main") == 1;
+}
+
+bool Connection::inTransaction() const {
+    return sqlite3_get_autocommit(database_) == 0;
+}
+
+void Connection::keepLogOnClose(bool keep) {
+    sqlite3_db_config(database_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, keep ? 1 : 0, nullptr);
+}
+
+void Connection::fail(int resultCode) const {
+    throwFileError(path_, resultCode, sqlite3_errmsg(database_));
+}
+
+sqlite3_stmt* Connection::checkOut(const char* sql) {
+    const auto at = idle_.find(std::string_view(sql));
+    if (at != idle_.end() && at->second) return std::exchange(at->second, nullptr);
+    sqlite3_stmt* statement = nullptr;
+    const int result = sqlite3_prepare_v3(database_, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    if (result != SQLITE_OK) fail(result);
+    return statement;
+}
+
+void Connection::giveBack(const char* sql, sqlite3_stmt* statement) noexcept {
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    try {
+        sqlite3_stmt*& idle = idle_[sql];
+        if (!idle) {
+            idle = statement;
+            return;
+        }
+    } catch (...) {  // without memory to keep it, it is prepared anew the next time
+    }
+    sqlite3_finalize(statement);
+}
+
+Transaction::Transaction(Connection& connection, Kind kind)
+    : connection_(connection), open_(!connection.inTransaction()) {
+    if (open_) connection_.execute(kind == Kind::Write ? "BEGIN IMMEDIATE" : "BEGIN");
+}
+
+Transaction::~Transaction() {
+    // A failed statement may have ended the transaction by itself.
+    if (open_ && connection_.inTransaction()) {
+        sqlite3_exec(connection_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+    }
+}
+
+void Transaction::commit() {
+    if (!open_) return;
+    connection_.execute("COMMIT");
+    open_ = false;
+}
+
+}  // namespace norvex

@@ -1,0 +1,100 @@
+#include "store/FileCheck.h"
+
+#include <sqlite3.h>
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+
+#include "base/Error.h"
+#include "store/Schema.h"
+#include "store/Statement.h"
+
+namespace norvex {
+
+namespace {
+
+using pellmark::Error;
+namespace errors = pellmark::errors;
+
+constexpr std::size_t kHeaderSize = 100;
+constexpr std::string_view kMagic{"SQLite format 3\0", 16};
+
+/// Up to this size every page is looked at when the file is opened; it takes some ten milliseconds.
+constexpr std::int64_t kFullCheckBytes = 16 * 1024 * 1024;
+
+using Header = std::array<unsigned char, kHeaderSize>;
+
+std::uint32_t number(const Header& header, std::size_t at, std::size_t size) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < size; ++i)
+        value = value * 256 + header[at + i];
+    return value;
+}
+
+/// The size that the header promises, or 0 when it was written by a program that keeps no such promise.
+std::uint64_t promisedSize(const Header& header) {
+    const std::uint32_t pageSize = number(header, 16, 2) == 1 ? 65536 : number(header, 16, 2);
+    const bool pageCountIsValid = number(header, 24, 4) == number(header, 92, 4);
+    return pageCountIsValid ? std::uint64_t{pageSize} * number(header, 28, 4) : 0;
+}
+
+std::int64_t pragma(Connection& connection, const char* sql) {
+    Statement statement(connection, sql);
+    return statement.step() ? statement.integer(0) : 0;
+}
+
+void checkPages(Connection& connection) {
+    const std::int64_t size =
+        pragma(connection, "PRAGMA page_count") * pragma(connection, "PRAGMA page_size");
+    if (size > kFullCheckBytes) return;
+    Statement check(connection, "PRAGMA quick_check(1)");
+    const bool sound = check.step() && check.view(0) == "ok";
+    if (!sound) throwFileError(connection.path(), SQLITE_CORRUPT, {});
+}
+
+}  // namespace
+
+FileKind checkHeader(const std::string& path) {
+    const std::filesystem::path file(std::u8string(path.begin(), path.end()));
+    std::error_code failure;
+    if (!std::filesystem::exists(file, failure)) return FileKind::Missing;
+    if (!std::filesystem::is_regular_file(file, failure)) throwFileError(path, SQLITE_CANTOPEN, {});
+    const std::uintmax_t size = std::filesystem::file_size(file, failure);
+    if (!failure && size == 0) return FileKind::Empty;
+
+    Header header{};
+    std::ifstream stream(file, std::ios::binary);
+    // What keeps the file from being read here will keep SQLite from it too, and it knows why.
+    if (failure || !stream) return FileKind::Database;
+    stream.read(reinterpret_cast<char*>(header.data()), header.size());
+    const std::string_view magic(reinterpret_cast<const char*>(header.data()), kMagic.size());
+    if (!stream || magic != kMagic || size < promisedSize(header)) throwFileError(path, SQLITE_CORRUPT, {});
+    return FileKind::Database;
+}
+
+void checkContents(Connection& connection) {
+    const int version = schemaVersion(connection);
+    const std::int64_t objects = pragma(connection, "SELECT count(*) FROM sqlite_master");
+    const bool isEmpty = version == 0 && objects == 0;
+    if (!isEmpty && !hasKnowledgeBaseMark(connection)) {
+        throw Error(
+            errors::kKnowledgeBase, "KnowledgeBase",
+            "'" + connection.path() +
+                "' is a database of another program and no knowledge base. It has been left as it is; "
+                "choose another file.");
+    }
+    if (version > currentSchemaVersion()) {
+        throw Error(errors::kKnowledgeBase, "KnowledgeBase",
+                    "The knowledge base '" + connection.path() +
+                        "' was written by a newer program (version " + std::to_string(version) +
+                        ", this one reads up to " + std::to_string(currentSchemaVersion()) +
+                        "). It has been left as it is; update this program.");
+    }
+    if (connection.isReadOnly()) throwFileError(connection.path(), SQLITE_READONLY, {});
+    checkPages(connection);
+}
+
+}  // namespace norvex

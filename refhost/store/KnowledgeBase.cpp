@@ -1,0 +1,76 @@
+#include "store/KnowledgeBase.h"
+
+#include <thread>
+#include <utility>
+
+#include "base/Error.h"
+#include "store/FileCheck.h"
+#include "store/Schema.h"
+#include "store/SeedData.h"
+#include "store/Statement.h"
+
+namespace norvex {
+
+namespace {
+
+/// One list on the screen and one that is about to take its place.
+constexpr std::size_t kIdleReaders = 2;
+
+}  // namespace
+
+std::shared_ptr<KnowledgeBase> KnowledgeBase::open(const std::string& path, const OpenOptions& options) {
+    const FileKind kind = checkHeader(path);
+    return std::shared_ptr<KnowledgeBase>(new KnowledgeBase(path, kind != FileKind::Database, options));
+}
+
+KnowledgeBase::KnowledgeBase(const std::string& path, bool create, const OpenOptions& options)
+    : options_(options), connection_(path, create, options.busyTimeout) {
+    // A log that a killed process has left would otherwise be written into a file that is then refused.
+    connection_.keepLogOnClose(true);
+    checkContents(connection_);
+    prepare(options);
+    connection_.keepLogOnClose(false);
+}
+
+void KnowledgeBase::prepare(const OpenOptions& options) {
+    useWriteAheadLog(options.busyTimeout);
+    if (schemaVersion(connection_) == currentSchemaVersion()) return;
+    Transaction change(connection_, Transaction::Kind::Write);
+    // Another process may have been faster while this one waited for the lock.
+    const int version = schemaVersion(connection_);
+    migrate(connection_, migrations());
+    if (version == 0 && options.seed) writeSeedData(connection_);
+    change.commit();
+}
+
+void KnowledgeBase::useWriteAheadLog(std::chrono::milliseconds patience) {
+    const auto giveUp = std::chrono::steady_clock::now() + patience;
+    while (true) {
+        try {
+            connection_.execute("PRAGMA journal_mode = WAL");
+            return;
+        } catch (const pellmark::Error&) {
+            // SQLite does not wait by itself here when two processes create the file at once.
+            if (std::chrono::steady_clock::now() >= giveUp) throw;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
+}
+
+std::shared_ptr<Connection> KnowledgeBase::borrowReader() {
+    std::unique_ptr<Connection> reader;
+    if (idleReaders_.empty()) {
+        reader = std::make_unique<Connection>(path(), false, options_.busyTimeout);
+    } else {
+        reader = std::move(idleReaders_.back());
+        idleReaders_.pop_back();
+    }
+    return {reader.release(), [owner = weak_from_this()](Connection* borrowed) {
+                std::unique_ptr<Connection> returned(borrowed);
+                const auto base = owner.lock();
+                if (!base || base->idleReaders_.size() >= kIdleReaders) return;
+                base->idleReaders_.push_back(std::move(returned));
+            }};
+}
+
+}  // namespace norvex

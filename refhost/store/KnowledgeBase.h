@@ -1,0 +1,45 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "store/Connection.h"
+
+namespace norvex {
+
+struct OpenOptions {
+    /// How long a call waits for another process that is writing.
+    std::chrono::milliseconds busyTimeout{5000};
+    /// A new file gets the sample data.
+    bool seed = true;
+};
+
+/// A knowledge base file that is open. Several processes may have the same file open; each change is on disk
+/// when its call returns. Used by one thread at a time.
+class KnowledgeBase : public std::enable_shared_from_this<KnowledgeBase> {
+  public:
+    /// Opens the file, creating it where there is none and bringing an older one up to date. The path is
+    /// UTF-8. Throws pellmark::Error (kKnowledgeBase), naming the file and what to do, when it is damaged,
+    /// locked, read-only, another program's or of a newer schema; the file is then left byte for byte as it
+    /// was.
+    static std::shared_ptr<KnowledgeBase> open(const std::string& path, const OpenOptions& options = {});
+
+    const std::string& path() const { return connection_.path(); }
+    /// The connection for changes and short answers.
+    Connection& connection() { return connection_; }
+    /// A connection of its own for an answer that is read over some time; it comes back by itself.
+    std::shared_ptr<Connection> borrowReader();
+
+  private:
+    KnowledgeBase(const std::string& path, bool create, const OpenOptions& options);
+    void prepare(const OpenOptions& options);
+    void useWriteAheadLog(std::chrono::milliseconds patience);
+
+    OpenOptions options_;
+    Connection connection_;
+    std::vector<std::unique_ptr<Connection>> idleReaders_;
+};
+
+}  // namespace norvex

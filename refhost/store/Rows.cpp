@@ -1,0 +1,29 @@
+#include "store/Rows.h"
+
+#include "base/Error.h"
+#include "store/Statement.h"
+
+namespace norvex {
+
+std::optional<std::int64_t> findRow(Connection& connection, const std::string& table, const std::string& id) {
+    const auto guid = pellmark::Guid::parse(id);
+    if (!guid) return std::nullopt;
+    Statement find(connection, "SELECT row FROM " + table + " WHERE id = ?");
+    find.bind(*guid);
+    return find.step() ? std::optional(find.integer(0)) : std::nullopt;
+}
+
+std::int64_t requireRow(Connection& connection, const std::string& table, const std::string& what,
+                        const std::string& id) {
+    const auto row = findRow(connection, table, id);
+    if (!row) throwNotFound(what, id);
+    return *row;
+}
+
+void throwNotFound(const std::string& what, const std::string& id) {
+    throw pellmark::Error(
+        pellmark::errors::kNotFound, "KnowledgeBase",
+        "The " + what + " " + id + " does not exist. It may have been deleted; refresh the list.");
+}
+
+}  // namespace norvex

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+
+#include "processes/KnowledgeBaseService.h"
+#include "store/KnowledgeBase.h"
+
+namespace norvex {
+
+/// Processes with their attachments and materials.
+class SqliteProcessStore : public pellmark::ProcessStore {
+  public:
+    explicit SqliteProcessStore(std::shared_ptr<KnowledgeBase> base);
+
+    std::shared_ptr<pellmark::RecordSet> processes(const std::string& id) override;
+    pellmark::ProcessRecord process(const std::string& id) override;
+    std::vector<std::optional<pellmark::ProcessRecord>> processRecords(
+        const std::vector<std::string>& ids) override;
+    std::shared_ptr<pellmark::RecordSet> orphanProcesses() override;
+    std::string addProcess(const pellmark::ProcessRecord& record) override;
+    void updateProcess(const pellmark::ProcessRecord& record) override;
+    bool deleteProcess(const std::string& id) override;
+    void attach(const std::string& processId, const std::string& featureCaseId) override;
+    bool detach(const std::string& featureCaseId, const std::string& processId) override;
+    void addMaterial(const std::string& processId, const std::string& materialId) override;
+    void removeMaterial(const std::string& processId, const std::string& materialId) override;
+    std::shared_ptr<pellmark::RecordSet> materialsOf(const std::string& processId) override;
+
+  private:
+    Connection& connection() { return base_->connection(); }
+
+    std::shared_ptr<KnowledgeBase> base_;
+};
+
+}  // namespace norvex

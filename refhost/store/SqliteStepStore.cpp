@@ -1,0 +1,142 @@
+#include "store/SqliteStepStore.h"
+
+#include <limits>
+#include <utility>
+
+#include "base/Error.h"
+#include "base/Guid.h"
+#include "controls/MemoryRecordSet.h"
+#include "processes/FieldLimits.h"
+#include "store/Rows.h"
+#include "store/Statement.h"
+
+namespace norvex {
+
+using pellmark::Guid;
+using pellmark::MemoryRecordSet;
+using pellmark::ProcessStepRecord;
+using pellmark::RecordSet;
+using pellmark::StepValueRecord;
+namespace errors = pellmark::errors;
+namespace field = pellmark::field;
+
+namespace {
+
+constexpr const char* kSource = "KnowledgeBase";
+
+}  // namespace
+
+SqliteStepStore::SqliteStepStore(std::shared_ptr<KnowledgeBase> base) : base_(std::move(base)) {}
+
+std::shared_ptr<RecordSet> SqliteStepStore::steps(const std::string& processId) {
+    auto records = std::make_shared<MemoryRecordSet>(std::vector<std::string>{
+        field::kId, field::kProcessId, field::kPriority, field::kName, field::kCuttingCycleId});
+    Statement list(connection(),
+                   "SELECT s.id, p.id, s.priority, s.name, s.cutting_cycle FROM process p "
+                   "JOIN process_step s ON s.process = p.row WHERE p.id = ? ORDER BY s.priority, s.row");
+    list.bindId(processId);
+    while (list.step()) {
+        records->addRow(list.guid(0), {list.id(1), list.view(2), list.view(3), list.view(4)});
+    }
+    return records;
+}
+
+ProcessStepRecord SqliteStepStore::step(const std::string& id) {
+    Statement find(connection(),
+                   "SELECT s.id, s.name, p.id, s.priority, s.cutting_cycle FROM process_step s "
+                   "JOIN process p ON p.row = s.process WHERE s.id = ?");
+    find.bindId(id);
+    if (!find.step()) throwNotFound("process step", id);
+    return {find.id(0), find.text(1), find.id(2), static_cast<std::int16_t>(find.integer(3)),
+            static_cast<std::int16_t>(find.integer(4))};
+}
+
+std::string SqliteStepStore::addStep(const ProcessStepRecord& record) {
+    checkLengths(record, kSource);
+    Transaction change(connection(), Transaction::Kind::Write);
+    const Guid id = Guid::random();
+    Statement add(
+        connection(),
+        "INSERT INTO process_step (id, process, priority, name, cutting_cycle) VALUES (?, ?, ?, ?, ?)");
+    add.bind(id).bind(requireRow(connection(), "process", "process", record.processId));
+    add.bind(std::int64_t{record.priority}).bind(record.name).bind(std::int64_t{record.cuttingCycleId}).run();
+    change.commit();
+    return id.text();
+}
+
+void SqliteStepStore::updateStep(const ProcessStepRecord& record) {
+    checkLengths(record, kSource);
+    Transaction change(connection(), Transaction::Kind::Write);
+    const std::int64_t step = requireRow(connection(), "process_step", "process step", record.id);
+    Statement update(connection(),
+                     "UPDATE process_step SET process = ?, priority = ?, name = ?, cutting_cycle = ? "
+                     "WHERE row = ?");
+    update.bind(requireRow(connection(), "process", "process", record.processId));
+    update.bind(std::int64_t{record.priority}).bind(record.name).bind(std::int64_t{record.cuttingCycleId});
+    update.bind(step).run();
+    change.commit();
+}
+
+bool SqliteStepStore::deleteStep(const std::string& id) {
+    Statement remove(connection(), "DELETE FROM process_step WHERE id = ?");
+    remove.bindId(id).run();
+    return connection().changes() > 0;
+}
+
+std::int16_t SqliteStepStore::nextPriority(const std::string& processId) {
+    Statement find(connection(),
+                   "SELECT max(s.priority) FROM process p JOIN process_step s ON s.process = p.row "
+                   "WHERE p.id = ?");
+    find.bindId(processId);
+    if (!find.step() || find.isNull(0)) return 1;
+    constexpr std::int64_t kGreatest = std::numeric_limits<std::int16_t>::max();
+    return static_cast<std::int16_t>(std::min(find.integer(0) + 1, kGreatest));
+}
+
+std::shared_ptr<RecordSet> SqliteStepStore::values(const std::string& stepId) {
+    auto records =
+        std::make_shared<MemoryRecordSet>(std::vector<std::string>{field::kClFileCode, field::kValue});
+    Statement list(connection(),
+                   "SELECT v.code, v.value FROM process_step s JOIN step_value v ON v.step = s.row "
+                   "WHERE s.id = ? ORDER BY v.code");
+    list.bindId(stepId);
+    while (list.step())
+        records->addRow({list.view(0), list.view(1)});
+    return records;
+}
+
+void SqliteStepStore::addValue(const StepValueRecord& record) {
+    Transaction change(connection(), Transaction::Kind::Write);
+    const std::int64_t step = requireRow(connection(), "process_step", "process step", record.stepId);
+    Statement add(connection(), "INSERT OR IGNORE INTO step_value (step, code, value) VALUES (?, ?, ?)");
+    add.bind(step).bind(std::int64_t{record.clFileCode}).bind(record.value).run();
+    if (connection().changes() == 0) {
+        throw pellmark::Error(
+            errors::kNotUnique, kSource,
+            "The step has a value with the code " + std::to_string(record.clFileCode) + " already.");
+    }
+    change.commit();
+}
+
+void SqliteStepStore::updateValue(const StepValueRecord& record) {
+    Transaction change(connection(), Transaction::Kind::Write);
+    const std::int64_t step = requireRow(connection(), "process_step", "process step", record.stepId);
+    Statement update(connection(), "UPDATE step_value SET value = ? WHERE step = ? AND code = ?");
+    update.bind(record.value).bind(step).bind(std::int64_t{record.clFileCode}).run();
+    if (connection().changes() == 0) throwNotFound("step value", std::to_string(record.clFileCode));
+    change.commit();
+}
+
+std::shared_ptr<RecordSet> SqliteStepStore::cuttingCycles(const std::vector<int>& types) {
+    auto records = std::make_shared<MemoryRecordSet>(std::vector<std::string>{field::kId, field::kName});
+    Statement list(connection(), "SELECT id, name FROM cutting_cycle WHERE type = ? ORDER BY id");
+    for (const int type : types) {
+        list.bind(std::int64_t{type});
+        while (list.step())
+            records->addRow({list.view(0), list.view(1)});
+        list.reset();
+    }
+    return records;
+}
+
+}  // namespace norvex
