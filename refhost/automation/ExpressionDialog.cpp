@@ -1,0 +1,76 @@
+#include "automation/ExpressionDialog.h"
+
+#include "automation/Resources.h"
+#include "com/Automation.h"
+#include "com/Module.h"
+
+namespace norvex {
+
+namespace {
+
+constexpr const wchar_t* kTerms[] = {
+    L"Diameter", L"Depth", L"Width", L"Length", L"CornerRadius", L"Tolerance", L"Hardness", L" = ", L" <> ",
+    L" < ",      L" <= ",  L" > ",   L" >= ",   L" And ",        L" Or ",      L"Not ",     L"( )"};
+
+std::wstring textOf(HWND control) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
+    text.resize(
+        static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+}  // namespace
+
+std::string ExpressionDialog::show(HWND owner) {
+    const INT_PTR answer =
+        DialogBoxParamW(pellmark::module::instance(), MAKEINTRESOURCEW(IDD_EXPRESSION), owner,
+                        &ExpressionDialog::procedure, reinterpret_cast<LPARAM>(this));
+    return answer == IDOK ? rule_ : std::string();
+}
+
+INT_PTR CALLBACK ExpressionDialog::procedure(HWND dialog, UINT message, WPARAM wide, LPARAM data) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(dialog, GWLP_USERDATA, data);
+        reinterpret_cast<const ExpressionDialog*>(data)->fill(dialog);
+        return TRUE;
+    }
+    auto* self = reinterpret_cast<ExpressionDialog*>(GetWindowLongPtrW(dialog, GWLP_USERDATA));
+    return message == WM_COMMAND && self != nullptr ? self->command(dialog, wide) : FALSE;
+}
+
+void ExpressionDialog::fill(HWND dialog) const {
+    const HWND terms = GetDlgItem(dialog, IDC_TERMS);
+    for (const wchar_t* term : kTerms)
+        SendMessageW(terms, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(term));
+    SetDlgItemTextW(dialog, IDC_RULE, pellmark::wideFromUtf8(rule_).c_str());
+}
+
+INT_PTR ExpressionDialog::command(HWND dialog, WPARAM wide) {
+    switch (LOWORD(wide)) {
+        case IDC_TERMS:
+            if (HIWORD(wide) == LBN_DBLCLK) insertTerm(dialog);
+            return TRUE;
+        case IDC_INSERT:
+            insertTerm(dialog);
+            return TRUE;
+        case IDOK:
+            rule_ = pellmark::utf8FromWide(textOf(GetDlgItem(dialog, IDC_RULE)));
+            EndDialog(dialog, IDOK);
+            return TRUE;
+        case IDCANCEL:
+            EndDialog(dialog, IDCANCEL);
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+void ExpressionDialog::insertTerm(HWND dialog) {
+    const LRESULT chosen = SendDlgItemMessageW(dialog, IDC_TERMS, LB_GETCURSEL, 0, 0);
+    if (chosen < 0 || chosen >= static_cast<LRESULT>(std::size(kTerms))) return;
+    const HWND rule = GetDlgItem(dialog, IDC_RULE);
+    SendMessageW(rule, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(kTerms[chosen]));
+    SetFocus(rule);
+}
+
+}  // namespace norvex

@@ -1,0 +1,108 @@
+#include "automation/HostConfiguration.h"
+
+#include <charconv>
+#include <optional>
+
+#include "com/Automation.h"
+#include "com/Module.h"
+#include "processes/Records.h"
+#include "texts/Languages.h"
+
+namespace norvex::configuration {
+
+namespace {
+
+constexpr const wchar_t* kKnowledgeBase = L"NORVEX_KNOWLEDGE_BASE";
+constexpr const wchar_t* kUser = L"NORVEX_USER";
+constexpr const wchar_t* kLanguage = L"NORVEX_LANGUAGE";
+constexpr const wchar_t* kUnit = L"NORVEX_UNIT";
+constexpr const wchar_t* kConfigKey = L"Software\\Orvane\\Norvex\\Config";
+
+std::string environment(const wchar_t* name) {
+    std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+    if (value.empty()) return {};
+    value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
+    return pellmark::utf8FromWide(value);
+}
+
+void setEnvironment(const wchar_t* name, const std::string& value) {
+    SetEnvironmentVariableW(name, value.empty() ? nullptr : pellmark::wideFromUtf8(value).c_str());
+}
+
+std::string registryText(const wchar_t* value) {
+    DWORD bytes = 0;
+    constexpr DWORD kText = RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ;
+    if (RegGetValueW(HKEY_CURRENT_USER, kConfigKey, value, kText, nullptr, nullptr, &bytes) != ERROR_SUCCESS)
+        return {};
+    std::wstring text(bytes / sizeof(wchar_t) + 1, L'\0');
+    bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+    if (RegGetValueW(HKEY_CURRENT_USER, kConfigKey, value, kText, nullptr, text.data(), &bytes) !=
+        ERROR_SUCCESS) {
+        return {};
+    }
+    text.resize(text.find(L'\0'));
+    return pellmark::utf8FromWide(text);
+}
+
+std::optional<std::int16_t> numberFrom(const std::string& text) {
+    std::int16_t number = 0;
+    const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (code != std::errc() || end != text.data() + text.size() || text.empty()) return std::nullopt;
+    return number;
+}
+
+std::optional<std::int16_t> registryNumber(const wchar_t* value) {
+    DWORD number = 0;
+    DWORD bytes = sizeof(number);
+    if (RegGetValueW(HKEY_CURRENT_USER, kConfigKey, value, RRF_RT_REG_DWORD, nullptr, &number, &bytes) ==
+        ERROR_SUCCESS) {
+        return static_cast<std::int16_t>(number);
+    }
+    return numberFrom(registryText(value));
+}
+
+}  // namespace
+
+std::string knowledgeBaseFile() {
+    std::string path = environment(kKnowledgeBase);
+    if (path.empty()) path = registryText(L"KnowledgeBase");
+    if (path.empty()) path = environment(L"LOCALAPPDATA") + "\\Norvex\\knowledge.db";
+    return path;
+}
+
+void setKnowledgeBaseFile(const std::string& path) {
+    setEnvironment(kKnowledgeBase, path);
+}
+
+std::string currentUser() {
+    const std::string name = environment(kUser);
+    return name.empty() ? "Administrator" : name;
+}
+
+void setCurrentUser(const std::string& name) {
+    setEnvironment(kUser, name);
+}
+
+std::int16_t languageCode() {
+    const auto chosen = numberFrom(environment(kLanguage));
+    return chosen ? *chosen : registryNumber(L"LanguageOption").value_or(kEnglish);
+}
+
+void setLanguageCode(std::int16_t code) {
+    setEnvironment(kLanguage, std::to_string(code));
+}
+
+std::int16_t currentUnit() {
+    return numberFrom(environment(kUnit)).value_or(pellmark::unit::kMetric);
+}
+
+void setCurrentUnit(std::int16_t unit) {
+    setEnvironment(kUnit, std::to_string(unit));
+}
+
+std::string installationFolder() {
+    const std::wstring path = pellmark::module::path();
+    return pellmark::utf8FromWide(path.substr(0, path.find_last_of(L'\\') + 1));
+}
+
+}  // namespace norvex::configuration

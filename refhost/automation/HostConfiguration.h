@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+/// What the objects of this library have in common inside one process: which knowledge base, which user,
+/// which language. It stands in the environment of the process, where whoever starts the host may set it too.
+namespace norvex::configuration {
+
+/// %NORVEX_KNOWLEDGE_BASE%, else the registry value KnowledgeBase of the current user's
+/// Software\Orvane\Norvex\Config, else %LOCALAPPDATA%\Norvex\knowledge.db.
+std::string knowledgeBaseFile();
+void setKnowledgeBaseFile(const std::string& path);
+
+/// %NORVEX_USER%, else "Administrator".
+std::string currentUser();
+void setCurrentUser(const std::string& name);
+
+/// %NORVEX_LANGUAGE%, else the registry value LanguageOption of the same key, else English.
+std::int16_t languageCode();
+void setLanguageCode(std::int16_t code);
+
+/// Code 70 or 71: %NORVEX_UNIT%, else metric.
+std::int16_t currentUnit();
+void setCurrentUnit(std::int16_t unit);
+
+/// The folder of this library, with its trailing "\".
+std::string installationFolder();
+
+}  // namespace norvex::configuration

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "automation/AutomationObject.h"
+#include "automation/KnowledgeBaseSession.h"
+
+namespace norvex {
+
+/// The processes of the knowledge base for automation clients.
+class ProcessStoreObject : public AutomationObject {
+  public:
+    explicit ProcessStoreObject(SharedSession session);
+
+  private:
+    void addQueries();
+    void addChanges();
+    SqliteProcessStore& store() { return session_->service().processStore(); }
+    pellmark::VariantArg processRecords(const Arguments& arguments);
+
+    SharedSession session_;
+};
+
+}  // namespace norvex

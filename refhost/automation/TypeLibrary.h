@@ -1,0 +1,10 @@
+#pragma once
+
+#include "com/Automation.h"
+
+namespace norvex {
+
+/// The description of an interface out of the type library inside this DLL.
+HRESULT loadTypeInfo(REFIID interfaceId, ITypeInfo** info);
+
+}  // namespace norvex
