@@ -29,9 +29,9 @@ std::string Guid::text() const {
     std::string out;
     out.reserve(kBareLength + 2);
     out += '{';
-    for (std::size_t i = 0; i < kTextOrder.size(); ++i) {
+    for (const std::size_t position : kTextOrder) {
         if (hyphenAt(out.size() - 1)) out += '-';
-        const std::uint8_t byte = bytes[kTextOrder[i]];
+        const std::uint8_t byte = bytes[position];
         out += kDigits[byte >> 4U];
         out += kDigits[byte & 0x0FU];
     }

@@ -409,7 +409,7 @@ void Grid::redrawOn() {
 
 void Grid::saveDelimited(char separator, bool withFixed,
                          const std::function<void(std::string_view)>& write) const {
-    constexpr std::size_t kPiece = 64 * 1024;
+    constexpr std::size_t kPiece = 65536;
     std::string out;
     for (int row = withFixed ? 0 : fixedRows_; row < rows(); ++row) {
         for (int col = withFixed ? 0 : fixedCols_; col < cols(); ++col) {

@@ -36,7 +36,7 @@ std::size_t RowOrder::slotAt(std::size_t rank) const {
 std::size_t RowOrder::rankOf(std::size_t slot) const {
     if (alive_.empty()) return slot;
     const std::size_t word = slot / kBits;
-    std::size_t rank =
+    auto rank =
         static_cast<std::size_t>(std::popcount(alive_[word] & ((std::uint64_t{1} << (slot % kBits)) - 1)));
     for (std::size_t node = word; node > 0; node &= node - 1)
         rank += tree_[node];
