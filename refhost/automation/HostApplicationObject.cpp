@@ -46,7 +46,9 @@ HostApplicationObject::HostApplicationObject() : AutomationObject("Norvex.Applic
     property(2, L"InstallationFolder", [](const Arguments&) { return configuration::installationFolder(); });
     property(3, L"LanguageSettings", [](const Arguments&) { return makeObject<LanguageSettingsObject>(); });
     property(5, L"ExpressionBuilder", [](const Arguments&) { return makeObject<ExpressionBuilderObject>(); });
-    property(6, L"hWnd", [this](const Arguments&) { return mainWindow(); });
+    // modal forms stand over, and disable, the whole top-level window
+    property(6, L"hWnd",
+             [this](const Arguments&) { return handleOf(GetAncestor(windowFrom(mainWindow()), GA_ROOT)); });
     method(9, L"Run", 0, [this](const Arguments&) {
         if (own_) own_->run();
         return VariantArg();

@@ -1,0 +1,31 @@
+#pragma once
+
+// numbers of the resources, commands and controls; the resource compiler reads them too
+#define IDR_MENU 101
+#define IDR_ACCELERATORS 102
+#define IDD_CASE 103
+
+#define IDM_OPEN_KNOWLEDGE_BASE 2001
+#define IDM_EXIT 2002
+#define IDM_PROCESSES_VIEW 2010
+#define IDM_CASE_VIEW 2011
+#define IDM_OPEN_PROCESS 2020
+#define IDM_OPEN_FEATURE_CASE 2021
+#define IDM_EDIT_FEATURE_CASE 2022
+#define IDM_EDIT_PROCESS 2023
+#define IDM_DISPOSE 2030
+#define IDM_INCH 2070
+#define IDM_METRIC 2071
+#define IDM_FIRST_LANGUAGE 2100
+#define IDM_LAST_LANGUAGE 2149
+#define IDM_FIRST_USER 2150
+#define IDM_LAST_USER 2199
+
+#define IDC_NVX_TYPE 3001
+#define IDC_PART_TYPE 3002
+#define IDC_FEATURE_UNIT 3003
+#define IDC_FEATURE_TYPE 3004
+#define IDC_MATERIAL_CLASS 3005
+#define IDC_PROCESS_UNIT 3006
+#define IDC_VALUES 3007
+#define IDC_PROCESS 3008

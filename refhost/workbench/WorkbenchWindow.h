@@ -1,0 +1,57 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "workbench/CommandLine.h"
+#include "workbench/HostSession.h"
+#include "workbench/ProcessManager.h"
+
+namespace norvex {
+
+/// The workbench's main window: a menu that calls the component, the area that the component's views are
+/// placed in, and a status line that says what the last call came to.
+class WorkbenchWindow {
+  public:
+    explicit WorkbenchWindow(const CommandLine& options);
+    WorkbenchWindow(const WorkbenchWindow&) = delete;
+    WorkbenchWindow& operator=(const WorkbenchWindow&) = delete;
+    ~WorkbenchWindow();
+
+    /// Opens the knowledge base and the first view, and handles messages until the window is closed.
+    void run();
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM data);
+    LRESULT handle(UINT message, WPARAM wide, LPARAM data);
+    void createWindows();
+    void layOut();
+    void fitView();
+    void fillMenus();
+    void checkMenus();
+    void command(int id);
+    void showFirstView();
+    void openKnowledgeBase(const std::string& file);
+    void askForKnowledgeBase();
+    void callForCase(int id);
+    void reopenView();
+    void announceReady();
+    /// Runs a call of the host or the component; its failure becomes one message.
+    void attempt(const char* what, const std::function<std::string()>& call);
+    void say(const std::string& text);
+
+    CommandLine options_;
+    HWND window_ = nullptr;
+    HWND area_ = nullptr;
+    HWND status_ = nullptr;
+    std::unique_ptr<HostSession> session_;
+    std::unique_ptr<ProcessManager> manager_;
+    std::vector<std::string> users_;
+    bool readyPending_ = false;
+};
+
+}  // namespace norvex
