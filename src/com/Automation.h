@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "win32/WindowsApi.h"
 // the lean windows.h leaves these out
 #include <oleauto.h>
 

@@ -1,5 +1,5 @@
 // The DLL's exports. There is no DllMain of our own: nothing is done while the loader holds its lock.
-#include <windows.h>
+#include "win32/WindowsApi.h"
 
 #include <olectl.h>
 

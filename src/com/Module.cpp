@@ -33,12 +33,11 @@ HINSTANCE instance() noexcept {
     return module;
 }
 
-std::wstring path() {
+std::wstring pathOf(HMODULE module) {
     constexpr std::size_t kLongestPath = 32768;
     std::wstring buffer(MAX_PATH, L'\0');
     for (;;) {
-        const DWORD length =
-            ::GetModuleFileNameW(instance(), buffer.data(), static_cast<DWORD>(buffer.size()));
+        const DWORD length = ::GetModuleFileNameW(module, buffer.data(), static_cast<DWORD>(buffer.size()));
         if (length == 0) throw std::runtime_error("the module has no path");
         // a path that fills the buffer has been cut
         if (length < buffer.size()) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "win32/WindowsApi.h"
 
 #include <string>
 
@@ -24,7 +24,13 @@ class Lock {
 /// too.
 HINSTANCE instance() noexcept;
 
-/// Full path of that module, of any length.
-std::wstring path();
+/// Full path of a module, of any length; the program's for a null module. Throws std::runtime_error when the
+/// system does not say.
+std::wstring pathOf(HMODULE module);
+
+/// Full path of the module that this code is part of.
+inline std::wstring path() {
+    return pathOf(instance());
+}
 
 }  // namespace pellmark::module

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "win32/WindowsApi.h"
 
 #include <oaidl.h>
 

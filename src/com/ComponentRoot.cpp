@@ -1,0 +1,82 @@
+#include "com/ComponentRoot.h"
+
+#include "base/Error.h"
+#include "com/Automation.h"
+#include "com/Module.h"
+#include "com/adapters/DispatchObject.h"
+#include "com/adapters/HostApplicationAdapter.h"
+#include "win32/DebuggerOutput.h"
+
+namespace pellmark {
+
+namespace {
+
+std::string componentFolder() {
+    const std::wstring path = module::path();
+    return utf8FromWide(path.substr(0, path.find_last_of(L'\\')));
+}
+
+/// "Norvex" of "C:\Program Files\Norvex\Norvex.exe".
+std::string executableName() {
+    const std::wstring path = module::pathOf(nullptr);
+    const std::wstring file = path.substr(path.find_last_of(L'\\') + 1);
+    return utf8FromWide(file.substr(0, file.find_last_of(L'.')));
+}
+
+/// The host behind a call's first argument; null for Nothing. An object of another kind is refused here,
+/// where the caller can still be told: inside the component a failing call ends quietly.
+std::shared_ptr<HostApplication> hostFrom(IDispatch* object) {
+    if (object == nullptr) return nullptr;
+    DispatchObject host(ComPtr<IDispatch>(object), "NvxApplication");
+    for (const char* member : {"MainWindowHandle", "InstallationFolder", "LanguageSettings"}) {
+        if (!host.has(member)) {
+            throw Error(
+                errors::kHostInterface, "NvxApplication",
+                std::string("NvxApplication is not the host's application object: it has no member ") +
+                    member);
+        }
+    }
+    return hostApplicationFrom(object);
+}
+
+}  // namespace
+
+ComponentRoot::ComponentRoot()
+    : files_(codePage_),
+      trace_(&writeToDebugger, registry_, codePage_, files_, clock_, executableName()),
+      help_(trace_),
+      desktop_(module::instance(), trace_),
+      application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, hostLibrary_, trace_,
+                            componentFolder(), executableName()}) {}
+
+void ComponentRoot::showProcesses(IDispatch* host, const std::string& processGuid) {
+    application_.ShowWindowProcessesView(hostFrom(host), processGuid);
+}
+
+void ComponentRoot::showProcessCase(IDispatch* host, const CaseDescription& description) {
+    application_.ShowWindowProcessCaseView(hostFrom(host), description);
+}
+
+std::string ComponentRoot::openProcess(IDispatch* host, IDispatch* owner,
+                                       const CaseDescription& description) {
+    return application_.OpenProcess(hostFrom(host), ownerWindowFrom(owner), description);
+}
+
+void ComponentRoot::editFeatureCase(IDispatch* host, IDispatch* owner, const CaseDescription& description) {
+    application_.EditFeatureCase(hostFrom(host), ownerWindowFrom(owner), description);
+}
+
+std::string ComponentRoot::openFeatureCase(IDispatch* host, IDispatch* owner,
+                                           const CaseDescription& description) {
+    return application_.OpenFeatureCase(hostFrom(host), ownerWindowFrom(owner), description);
+}
+
+void ComponentRoot::editProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) {
+    application_.EditProcess(hostFrom(host), ownerWindowFrom(owner), description);
+}
+
+void ComponentRoot::dispose() {
+    application_.Dispose();
+}
+
+}  // namespace pellmark

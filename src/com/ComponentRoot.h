@@ -1,0 +1,55 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "com/ApplicationCalls.h"
+#include "com/adapters/AutomationHostLibrary.h"
+#include "host/Application.h"
+#include "settings/TraceLog.h"
+#include "win32/HtmlHelpViewer.h"
+#include "win32/Win32Clock.h"
+#include "win32/Win32CodePage.h"
+#include "win32/Win32Desktop.h"
+#include "win32/Win32FileSystem.h"
+#include "win32/Win32Idle.h"
+#include "win32/Win32Registry.h"
+
+namespace pellmark {
+
+/// A running component: the core over the Windows ports and the host's automation library. The one place that
+/// puts them together.
+class ComponentRoot final : public ApplicationCalls {
+  public:
+    /// A new component, for the class factory.
+    static std::unique_ptr<ApplicationCalls> compose() { return std::make_unique<ComponentRoot>(); }
+
+    ComponentRoot();
+
+    void showProcesses(IDispatch* host, const std::string& processGuid) override;
+    void showProcessCase(IDispatch* host, const CaseDescription& description) override;
+    std::string openProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) override;
+    void editFeatureCase(IDispatch* host, IDispatch* owner, const CaseDescription& description) override;
+    std::string openFeatureCase(IDispatch* host, IDispatch* owner,
+                                const CaseDescription& description) override;
+    void editProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) override;
+    void dispose() override;
+
+    FRView currentView() const override { return application_.CurrentView; }
+    void setCurrentView(FRView view) override { application_.CurrentView = view; }
+
+  private:
+    // in the order in which they need one another
+    Win32Registry registry_;
+    Win32CodePage codePage_;
+    Win32FileSystem files_;
+    Win32Clock clock_;
+    Win32Idle idle_;
+    TraceLog trace_;
+    HtmlHelpViewer help_;
+    Win32Desktop desktop_;
+    AutomationHostLibrary hostLibrary_;
+    Application application_;
+};
+
+}  // namespace pellmark

@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+
+#include "LoadedServer.h"
+
+namespace pellmark {
+namespace {
+
+/// The shipped manifest as the calling thread's activation context.
+class ActivatedManifest {
+  public:
+    ActivatedManifest() {
+        const std::wstring manifest = programFolder() + L"\\Pellmark.manifest";
+        ACTCTXW request{};
+        request.cbSize = sizeof request;
+        request.lpSource = manifest.c_str();
+        context_ = CreateActCtxW(&request);
+        active_ = context_ != INVALID_HANDLE_VALUE && ActivateActCtx(context_, &cookie_) != FALSE;
+    }
+    ActivatedManifest(const ActivatedManifest&) = delete;
+    ActivatedManifest& operator=(const ActivatedManifest&) = delete;
+    ~ActivatedManifest() {
+        if (active_) DeactivateActCtx(0, cookie_);
+        if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
+    }
+    bool isActive() const { return active_; }
+
+  private:
+    HANDLE context_ = INVALID_HANDLE_VALUE;
+    ULONG_PTR cookie_ = 0;
+    bool active_ = false;
+};
+
+HRESULT createByName(ComPtr<_Application>& object) {
+    CLSID id{};
+    const HRESULT code = CLSIDFromProgID(L"Pellmark.Application", &id);
+    if (FAILED(code)) return code;
+    return CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID__Application, object.receiveVoid());
+}
+
+TEST(SideBySideTest, TheClassIsFoundThroughTheManifestAlone) {
+    const Apartment apartment;
+    ComPtr<_Application> object;
+    ASSERT_TRUE(FAILED(createByName(object))) << "the class is registered, so this test would show nothing";
+    {
+        const ActivatedManifest manifest;
+        ASSERT_TRUE(manifest.isActive());
+        EXPECT_EQ(createByName(object), S_OK);
+    }
+    ASSERT_TRUE(object);
+    ::FRView view = FRProcesscase;
+    EXPECT_EQ(object->get_CurrentView(&view), S_OK);
+}
+
+TEST(SideBySideTest, TheDllCarriesTheShippedManifestAndThatOfTheThemedControls) {
+    const LoadedServer server;
+    const HMODULE module = GetModuleHandleW(L"Pellmark.dll");
+    for (const int id : {1, 2}) {
+        const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(24));
+        ASSERT_NE(found, nullptr) << id;
+        const std::string text(static_cast<const char*>(LockResource(LoadResource(module, found))),
+                               SizeofResource(module, found));
+        EXPECT_NE(text.find(id == 1 ? "Pellmark.Application" : "Microsoft.Windows.Common-Controls"),
+                  std::string::npos);
+    }
+}
+
+TEST(SideBySideTest, TheDllSaysItsVersion) {
+    const LoadedServer server;
+    const HMODULE module = GetModuleHandleW(L"Pellmark.dll");
+    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(16));
+    ASSERT_NE(found, nullptr);
+    const std::wstring text(static_cast<const wchar_t*>(LockResource(LoadResource(module, found))),
+                            SizeofResource(module, found) / sizeof(wchar_t));
+    EXPECT_NE(text.find(L"1.0.0"), std::wstring::npos);
+}
+
+}  // namespace
+}  // namespace pellmark
