@@ -22,6 +22,14 @@ int hexValue(char c) {
     return -1;
 }
 
+/// Lets every bit bear on every other.
+std::uint64_t mixed(std::uint64_t bits) {
+    bits ^= bits >> 32U;
+    bits *= 0xD6E8FEB86659FD93ULL;
+    bits ^= bits >> 32U;
+    return bits;
+}
+
 }  // namespace
 
 std::string Guid::text() const {
@@ -75,11 +83,9 @@ std::size_t hashOf(const Guid& guid) {
     std::uint64_t high = 0;
     std::memcpy(&low, guid.bytes.data(), sizeof(low));
     std::memcpy(&high, guid.bytes.data() + sizeof(low), sizeof(high));
-    std::uint64_t mixed = low ^ (high * 0x9E3779B97F4A7C15ULL);
-    mixed ^= mixed >> 32U;
-    mixed *= 0xD6E8FEB86659FD93ULL;
-    mixed ^= mixed >> 32U;
-    return static_cast<std::size_t>(mixed);
+    // The halves are mixed one after the other: were both only multiplied and joined, a change of the last
+    // byte could look like one of the eighth.
+    return static_cast<std::size_t>(mixed(mixed(low) + high));
 }
 
 }  // namespace pellmark

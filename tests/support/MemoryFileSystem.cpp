@@ -60,8 +60,7 @@ MemoryFileSystem::Node& MemoryFileSystem::folder(const std::string& path, bool c
 }
 
 MemoryFileSystem::Node& MemoryFileSystem::file(const std::string& path) {
-    checkUsable();
-    if (isDeviceName(path)) fail(errors::kBadFileName, path, "This is the name of a device, not of a file.");
+    checkName(path);
     Node& above = folder(folderOf(path), false);
     const auto found = above.children.find(lowerAscii(nameOfPath(path)));
     if (found == above.children.end()) fail(errors::kFileNotFound, path, "File not found.");
@@ -70,11 +69,9 @@ MemoryFileSystem::Node& MemoryFileSystem::file(const std::string& path) {
 }
 
 MemoryFileSystem::Node& MemoryFileSystem::fileToWrite(const std::string& path) {
-    checkUsable();
-    if (isDeviceName(path)) fail(errors::kBadFileName, path, "This is the name of a device, not of a file.");
+    checkName(path);
     Node& above = folder(folderOf(path), false);
     const std::string name(nameOfPath(path));
-    if (name.empty()) fail(errors::kBadFileName, path, "This is not a file name.");
     if (above.children.count(lowerAscii(name)) == 0) {
         auto made = std::make_shared<Node>();
         made->entry = {name, kArchive};
@@ -91,7 +88,7 @@ std::vector<FileSystem::Entry> MemoryFileSystem::list(const std::string& pattern
     std::vector<Entry> entries;
     const std::string_view wanted = nameOfPath(pattern);
     Node* const above = find(folderOf(pattern));
-    if (wanted.empty() || above == nullptr) return entries;
+    if (wanted.empty() || isDeviceName(pattern) || above == nullptr) return entries;
     for (const auto& [key, child] : above->children) {
         if (matchesPattern(child->entry.name, wanted)) entries.push_back(child->entry);
     }
@@ -135,12 +132,24 @@ void MemoryFileSystem::makeFile(const std::string& path, const std::string& byte
     above.children[lowerAscii(nameOfPath(path))] = std::move(node);
 }
 
+void MemoryFileSystem::setAttributes(const std::string& path, std::uint32_t attributes) {
+    Node* const node = find(path);
+    if (node == nullptr) fail(errors::kFileNotFound, path, "File not found.");
+    node->entry.attributes = attributes | (node->entry.attributes & kDirectory);
+}
+
 bool MemoryFileSystem::has(const std::string& path) {
     return find(path) != nullptr;
 }
 
 std::string MemoryFileSystem::contents(const std::string& path) {
     return file(path).bytes;
+}
+
+void MemoryFileSystem::checkName(const std::string& path) const {
+    checkUsable();
+    if (isDeviceName(path)) fail(errors::kBadFileName, path, "This is the name of a device, not of a file.");
+    if (nameOfPath(path).empty()) fail(errors::kBadFileName, path, "This is not a file name.");
 }
 
 void MemoryFileSystem::checkUsable() const {

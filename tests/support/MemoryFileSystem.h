@@ -32,6 +32,8 @@ class MemoryFileSystem : public FileSystem {
     /// Makes a file and the folders above it.
     void makeFile(const std::string& path, const std::string& bytes = "",
                   std::uint32_t attributes = kArchive);
+    /// Sets the attributes of what must exist; a folder stays one.
+    void setAttributes(const std::string& path, std::uint32_t attributes);
     bool has(const std::string& path);
     /// The bytes of a file that must exist, without counting as a read.
     std::string contents(const std::string& path);
@@ -49,6 +51,7 @@ class MemoryFileSystem : public FileSystem {
     Node& folder(const std::string& path, bool create);
     Node& file(const std::string& path);
     Node& fileToWrite(const std::string& path);
+    void checkName(const std::string& path) const;
     void checkUsable() const;
 
     Node root_;
