@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "base/Event.h"
-#include "controls/Grid.h"
+#include "controls/Controls.h"
+#include "featurecases/FeatureCaseGrid.h"
+#include "processes/KnowledgeBaseService.h"
 #include "processes/Records.h"
 
 namespace pellmark {
@@ -21,15 +24,22 @@ class cFeatureCase {
     explicit cFeatureCase(Component& component);
     ~cFeatureCase();
 
+    /// Fills the form's filters and lays its feature-case grid out; the form must outlive this object.
     void Init(FrmMain& form);
     /// "" when none is selected.
     std::string GetPartMaterialClassId();
+    /// "" leaves the feature type as it is, "-1" chooses none. A type that the filters leave out is chosen
+    /// all the same: the host knows its case better than a filter that is left from before.
     void SetFeatureTypeGui(const std::string& featureTypeId);
+    /// Chooses these values and no others; ids that the feature type does not offer are passed over. Raises
+    /// caseChanged: the host calls it last.
     void SetValuesGui(const std::vector<std::string>& valueIds);
-    /// unit::kNone leaves the selection as it is; so do the two other setters of numbers.
+    /// unit::kNone leaves the selection as it is; so do the two other setters of numbers, and a value that
+    /// the list does not hold.
     void SetFeatureCaseUnitGui(std::int16_t unitCode);
     void SetProcessUnitGui(std::int16_t unitCode);
     void SetNvxFeatureTypeGui(std::int16_t nvxFeatureType);
+    /// An empty or unknown id leaves the selection as it is.
     void SetPartTypeGui(const std::string& partTypeId);
     void SetPartMaterialClassGui(const std::string& materialClassId);
     /// unit::kNone when none is selected.
@@ -50,11 +60,28 @@ class cFeatureCase {
     /// not exist yet. Throws when the knowledge base refuses.
     std::string existingOrNewFeatureCase();
 
-    /// Raised after the user or the host chose another value, feature type or filter.
+    /// Raised after the user chose another value, feature type or filter, and at the end of SetValuesGui.
     Event<> caseChanged;
 
   private:
+    FeatureCaseStore& store() const;
+    void fillFilters();
+    /// Offers what the filters leave, and keeps feature type and values where they are still offered.
+    void rebuildGrid();
+    void rebuildKeys(const std::vector<std::string>& chosenValues);
+    std::vector<KeyChoices> keysOf(const std::string& featureTypeId) const;
+    std::string firstExactMatch();
+    std::string propertiesText() const;
+    void filterClicked(const char* operation, bool rebuilds);
+
     Component& component_;
+    ComboBox* CmbNvxFeatureType = nullptr;
+    ComboBox* cmbPartType = nullptr;
+    ComboBox* CmbPartMaterial = nullptr;
+    ComboBox* CmbUnit = nullptr;
+    ComboBox* cmbPcUnit = nullptr;
+    std::unique_ptr<FeatureCaseGrid> mFgcase;
+    std::vector<Subscription> subscriptions_;
 };
 
 }  // namespace pellmark
