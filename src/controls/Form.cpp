@@ -11,7 +11,9 @@ Form::~Form() = default;
 
 void Form::load() {
     if (isLoaded()) return;
+    abandoned_ = false;
     Form_Load();
+    if (abandoned_) return;
     arrange(clientSize_);
     peer_ = desktop_.createPeer(*this);
 }
@@ -33,6 +35,7 @@ void Form::unload() {
 
 void Form::embed(WindowHandle parent) {
     load();
+    if (!isLoaded()) return;
     shown_ = true;
     embeddedIn_ = parent;
     peer_->embed(parent);
@@ -40,6 +43,7 @@ void Form::embed(WindowHandle parent) {
 
 void Form::showModal(WindowHandle owner) {
     load();
+    if (!isLoaded()) return;
     shown_ = true;
     modal_ = true;
     FormPeer& running = *peer_;

@@ -77,6 +77,9 @@ class Form : public Container {
     virtual void Form_Load() {}
     virtual void Form_QueryUnload() {}
 
+    /// Called from Form_Load: the form stays unloaded, and the show that asked for it returns at once.
+    void abandonLoad() { abandoned_ = true; }
+
     void setBorderStyle(BorderStyle style) { borderStyle_ = style; }
     void setClientSize(Size size) { clientSize_ = size; }
     void setMinimumSize(Size size) { minimumSize_ = size; }
@@ -87,6 +90,7 @@ class Form : public Container {
     Desktop& desktop_;
     std::unique_ptr<FormPeer> peer_;
     std::unique_ptr<FormPeer> retiring_;
+    bool abandoned_ = false;
     bool shown_ = false;
     bool modal_ = false;
     WindowHandle embeddedIn_ = 0;
