@@ -8,6 +8,9 @@
 #include "featurecases/cFeatureCase.h"
 #include "host/Component.h"
 #include "processes/BracketHeading.h"
+#include "processes/FrmAddEditProcess.h"
+#include "processes/FrmAddExistingProcess.h"
+#include "processes/FrmEditProcessMaterials.h"
 #include "processes/ProcessListRecordset.h"
 
 namespace pellmark {
@@ -15,7 +18,7 @@ namespace pellmark {
 namespace {
 
 constexpr int kFirstDataColumn = 0;
-constexpr const char* kQuestionTitle = "Norvex - Process Manager";
+constexpr const char* kMessageTitle = "Norvex - Process Manager";
 
 struct Column {
     const char* heading;
@@ -255,7 +258,7 @@ void cProcess::Delete() {
         if (!component_.CheckPermission(PermissionDelete)) return;
         if (grid_->rows() < 2 || grid_->selectedRows() == 0) return;
         const MessageBox question{
-            component_.GetString("Permanently delete selected item(s) from the database?"), kQuestionTitle,
+            component_.GetString("Permanently delete selected item(s) from the database?"), kMessageTitle,
             MessageIcon::Question, MessageButtons::OkCancel};
         if (component_.desktop().showMessage(question) != MessageAnswer::Ok) return;
         ProcessStore& store = component_.knowledgeBase().processStore();
@@ -267,8 +270,8 @@ void cProcess::DeleteFromFeatureCase() {
     trap(component_.trace(), "cProcess::DeleteFromFeatureCase", [this] {
         if (!component_.CheckPermission(PermissionDelete) || grid_->selectedRows() == 0) return;
         const MessageBox question{
-            "Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?",
-            kQuestionTitle, MessageIcon::Question, MessageButtons::OkCancel};
+            "Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?", kMessageTitle,
+            MessageIcon::Question, MessageButtons::OkCancel};
         if (component_.desktop().showMessage(question) != MessageAnswer::Ok) return;
         ProcessStore& store = component_.knowledgeBase().processStore();
         removeSelected([&](int row) {
@@ -277,10 +280,49 @@ void cProcess::DeleteFromFeatureCase() {
     });
 }
 
-void cProcess::AddNewWizard() {}
-void cProcess::Editwizard() {}
-void cProcess::EditExistingProcesseswizard() {}
-void cProcess::EditMaterialsWizard() {}
+void cProcess::AddNewWizard() {
+    trap(component_.trace(), "cProcess::AddNewWizard", [this] {
+        if (!component_.CheckPermission(PermissionAdd)) return;
+        FrmAddEditProcess(component_, "").showModal(ownerWindow());
+    });
+}
+
+void cProcess::Editwizard() {
+    trap(component_.trace(), "cProcess::Editwizard", [this] {
+        if (!component_.CheckPermission(PermissionEdit)) return;
+        // Without an id the dialog would make a new process.
+        const std::string id = SelectedProcessID();
+        if (!id.empty()) FrmAddEditProcess(component_, id).showModal(ownerWindow());
+    });
+}
+
+void cProcess::EditExistingProcesseswizard() {
+    trap(component_.trace(), "cProcess::EditExistingProcesseswizard", [this] {
+        if (!component_.CheckPermission(PermissionEdit)) return;
+        cFeatureCase* view = component_.featureCase();
+        if (view == nullptr) return;
+        if (view->GetCurrentValueIds().empty()) {
+            component_.desktop().showMessage({component_.GetString("No feature type is currently selected"),
+                                              kMessageTitle, MessageIcon::Critical});
+            return;
+        }
+        FrmAddExistingProcess(component_, std::to_string(view->GetFTUnit()), SelectedProcessID())
+            .showModal(ownerWindow());
+    });
+}
+
+void cProcess::EditMaterialsWizard() {
+    trap(component_.trace(), "cProcess::EditMaterialsWizard", [this] {
+        if (!component_.CheckPermission(PermissionEdit) || grid_->rows() < 2) return;
+        const std::string id = component_.gridOps().SelectedId(*grid_);
+        if (!id.empty()) FrmEditProcessMaterials(component_, id).showModal(ownerWindow());
+    });
+}
+
+WindowHandle cProcess::ownerWindow() const {
+    Form* form = grid_->form();
+    return form == nullptr ? 0 : form->handle();
+}
 
 void cProcess::offerSelection(DragData& drag) {
     drag.clear();

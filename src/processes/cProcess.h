@@ -36,14 +36,19 @@ class cProcess {
     void Delete();
     /// Detaches the selected processes from the feature cases through which they are listed, after asking.
     void DeleteFromFeatureCase();
+    /// Opens the dialog for a new process.
     void AddNewWizard();
+    /// Opens the dialog on the current process; does nothing without one.
     void Editwizard();
+    /// Lets the user choose which stored processes are attached to the current feature case.
     void EditExistingProcesseswizard();
+    /// Opens the editor of the current process's materials; does nothing without a data row.
     void EditMaterialsWizard();
 
     Grid& grid() const { return *grid_; }
 
   private:
+    WindowHandle ownerWindow() const;
     void layOut();
     void hideInternalColumns();
     void fillAll(const std::string& selectId);
