@@ -16,7 +16,8 @@ constexpr Twips kTabMargin = 60;
 
 }  // namespace
 
-FrmMain::FrmMain(Component& component) : Form(component.desktop(), "FrmMain"), component_(component) {
+FrmMain::FrmMain(Component& component)
+    : Form(component.desktop(), "FrmMain"), component_(component), menus_(component) {
     setBorderStyle(BorderStyle::Sizable);
     setClientSize({14400, 10200});
     setMinimumSize({9600, 7200});
@@ -81,17 +82,25 @@ void FrmMain::SetView(FRView view) {
 }
 
 void FrmMain::buildProcessesView() {
+    menus_.setGrids(&VSFGAllProcesses, nullptr, nullptr);
     auto processes = std::make_unique<cProcess>(component_);
     processes->Init(VSFGAllProcesses);
     component_.setProcesses(std::move(processes));
 }
 
 void FrmMain::buildProcessCaseView() {
+    menus_.setGrids(&VSFGProcessCaseResults, &VSFGProcessCase, &VSFGProcessStep);
     component_.setFeatureCase(std::make_unique<cFeatureCase>(component_));
     component_.featureCase()->Init(*this);
     component_.setProcesses(std::make_unique<cProcess>(component_));
     component_.processes()->Init(VSFGProcessCaseResults);
+    caseChanged_ = component_.featureCase()->caseChanged.subscribe([this] { caseChanged(); });
     VSFGProcessCaseResults.setFocus();
+}
+
+void FrmMain::caseChanged() {
+    cProcess* processes = component_.processes();
+    if (processes != nullptr) processes->RefreshList(processes->SelectedProcessID());
 }
 
 void FrmMain::SetViewByUserClick(FRView view) {

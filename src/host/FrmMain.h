@@ -8,6 +8,7 @@
 #include "controls/Form.h"
 #include "controls/Grid.h"
 #include "host/Application.h"
+#include "host/FrmMenu.h"
 
 namespace pellmark {
 
@@ -45,6 +46,9 @@ class FrmMain : public Form {
     void CmdHelp_Click();
 
     void arrange(Size client) override;
+
+    /// The pop-up menus of the grids.
+    FrmMenu& menus() { return menus_; }
 
     TabStrip TabCtrl{*this, "TabCtrl"};
     ArrangedPage TabProcesses{TabCtrl, "TabProcesses", [this](Size page) { arrangeProcesses(page); }};
@@ -90,11 +94,14 @@ class FrmMain : public Form {
     void placeFilters();
     void translateCaptions();
     void tabClicked(int index);
+    void caseChanged();
     void gridEntered(Grid& active, Grid& other);
 
     Component& component_;
     FRView view_ = FRView::FRProcesses;
     bool userClick_ = false;
+    FrmMenu menus_;
+    Subscription caseChanged_;
     std::vector<Subscription> subscriptions_;
 };
 
