@@ -69,10 +69,13 @@ std::optional<Guid> Guid::parse(std::string_view text) {
 }
 
 Guid Guid::random() {
-    static thread_local std::mt19937_64 generator{std::random_device{}()};
+    // Straight from the system: a generator seeded with one number of 32 bits would repeat the ids of another
+    // run sooner or later, and a forked process those of its parent at once.
+    static thread_local std::random_device source;
     Guid guid;
-    const std::uint64_t parts[2] = {generator(), generator()};
-    std::memcpy(guid.bytes.data(), parts, sizeof(parts));
+    const std::array<std::uint32_t, 4> parts{source(), source(), source(), source()};
+    static_assert(sizeof(parts) == sizeof(guid.bytes));
+    std::memcpy(guid.bytes.data(), parts.data(), sizeof(parts));
     guid.bytes[7] = static_cast<std::uint8_t>((guid.bytes[7] & 0x0FU) | 0x40U);
     guid.bytes[8] = static_cast<std::uint8_t>((guid.bytes[8] & 0x3FU) | 0x80U);
     return guid;
