@@ -20,7 +20,9 @@ constexpr std::size_t kIdleReaders = 2;
 
 std::shared_ptr<KnowledgeBase> KnowledgeBase::open(const std::string& path, const OpenOptions& options) {
     const FileKind kind = checkHeader(path);
-    return std::shared_ptr<KnowledgeBase>(new KnowledgeBase(path, kind != FileKind::Database, options));
+    std::shared_ptr<KnowledgeBase> base(new KnowledgeBase(path, kind != FileKind::Database, options));
+    base->prepare();
+    return base;
 }
 
 KnowledgeBase::KnowledgeBase(const std::string& path, bool create, const OpenOptions& options)
@@ -28,18 +30,17 @@ KnowledgeBase::KnowledgeBase(const std::string& path, bool create, const OpenOpt
     // A log that a killed process has left would otherwise be written into a file that is then refused.
     connection_.keepLogOnClose(true);
     checkContents(connection_);
-    prepare(options);
     connection_.keepLogOnClose(false);
 }
 
-void KnowledgeBase::prepare(const OpenOptions& options) {
-    useWriteAheadLog(options.busyTimeout);
+void KnowledgeBase::prepare() {
+    useWriteAheadLog(options_.busyTimeout);
     if (schemaVersion(connection_) == currentSchemaVersion()) return;
     Transaction change(connection_, Transaction::Kind::Write);
     // Another process may have been faster while this one waited for the lock.
     const int version = schemaVersion(connection_);
     migrate(connection_, migrations());
-    if (version == 0 && options.seed) writeSeedData(connection_);
+    if (version == 0 && options_.seed) writeSeedData(shared_from_this());
     change.commit();
 }
 

@@ -34,7 +34,7 @@ class KnowledgeBase : public std::enable_shared_from_this<KnowledgeBase> {
 
   private:
     KnowledgeBase(const std::string& path, bool create, const OpenOptions& options);
-    void prepare(const OpenOptions& options);
+    void prepare();
     void useWriteAheadLog(std::chrono::milliseconds patience);
 
     OpenOptions options_;

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "store/Connection.h"
+#include <memory>
+
+#include "store/KnowledgeBase.h"
 
 namespace norvex {
 
 /// Fills an empty knowledge base with users and sample machining data. Call inside a write transaction.
-void writeSeedData(Connection& connection);
+void writeSeedData(const std::shared_ptr<KnowledgeBase>& base);
 
 }  // namespace norvex
