@@ -1,33 +1,9 @@
-#include <gmock/gmock.h>
-#include <windows.h>
-
-#include "win32/Win32Clock.h"
-#include "win32/Win32CodePage.h"
 #include "win32/Win32Idle.h"
 
+#include <gtest/gtest.h>
+#include <windows.h>
+
 namespace pellmark::test {
-
-TEST(Win32ClockTest, TheTimeIsWrittenWithItsMilliseconds) {
-    EXPECT_THAT(Win32Clock().now(),
-                ::testing::MatchesRegex(
-                    "[0-9]+-[0-9][0-9]-[0-9][0-9] [0-9][0-9]:[0-9][0-9]:[0-9][0-9].[0-9][0-9][0-9]"));
-}
-
-TEST(Win32CodePageTest, CharactersOfTheCodePageSurviveBothWays) {
-    if (::GetACP() != 1252) GTEST_SKIP() << "the texts are those of Windows-1252";
-    const Win32CodePage codePage;
-    EXPECT_EQ(codePage.toAnsi("\xC3\x98 8 \xE2\x82\xAC"), "\xD8 8 \x80");
-    EXPECT_EQ(codePage.fromAnsi("\xD8 8 \x80"), "\xC3\x98 8 \xE2\x82\xAC");
-    EXPECT_EQ(codePage.toAnsi(std::string("a\0b", 3)), std::string("a\0b", 3));
-    EXPECT_EQ(codePage.fromAnsi(std::string("a\0b", 3)), std::string("a\0b", 3));
-}
-
-TEST(Win32CodePageTest, WhatTheCodePageLacksBecomesAQuestionMarkAndNoLookAlike) {
-    if (::GetACP() != 1252) GTEST_SKIP() << "the texts are those of Windows-1252";
-    const Win32CodePage codePage;
-    EXPECT_EQ(codePage.toAnsi("\xEF\xBC\x8E\xEF\xBC\x8E\xEF\xBC\xBC"), "???");  // fullwidth "..\"
-    EXPECT_EQ(codePage.toAnsi("\xC4\x80"), "?");                                // A with macron
-}
 
 class Win32IdleTest : public ::testing::Test {
   protected:
