@@ -20,6 +20,12 @@ void ButtonPeer::command(WORD code) {
     if (code == BN_CLICKED) static_cast<Button*>(control())->click();
 }
 
+bool ButtonPeer::accessed() {
+    ::SetFocus(window());
+    if (control() != nullptr) static_cast<Button*>(control())->click();
+    return true;
+}
+
 std::optional<LRESULT> ButtonPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
         form().showDefaultButton(message == WM_SETFOCUS ? window() : nullptr);

@@ -12,6 +12,7 @@ class ButtonPeer : public ControlPeer {
 
     void showDefault(bool isDefault);
     void command(WORD code) override;
+    bool accessed() override;
 
   protected:
     std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -42,6 +42,13 @@ ControlPeer* ContainerPeer::find(const Control& wanted) {
     return nullptr;
 }
 
+void ContainerPeer::collect(std::vector<ControlPeer*>& peers) {
+    ControlPeer::collect(peers);
+    for (const auto& each : children_) {
+        if ((::GetWindowLongPtrW(each->window(), GWL_STYLE) & WS_VISIBLE) != 0) each->collect(peers);
+    }
+}
+
 std::optional<LRESULT> ContainerPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_COMMAND:

@@ -15,6 +15,7 @@ class ContainerPeer : public ControlPeer {
     void rescale() override;
     void arrange() override;
     ControlPeer* find(const Control& control) override;
+    void collect(std::vector<ControlPeer*>& peers) override;
 
   protected:
     using ControlPeer::ControlPeer;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "base/Event.h"
 #include "controls/Control.h"
@@ -48,6 +49,10 @@ class ControlPeer {
     virtual std::optional<LRESULT> notified(NMHDR& /*header*/) { return std::nullopt; }
     /// The peer of that model, this one or one within; null when there is none.
     virtual ControlPeer* find(const Control& control) { return control_ == &control ? this : nullptr; }
+    /// Adds this peer and those within it that are shown, in tab order.
+    virtual void collect(std::vector<ControlPeer*>& peers) { peers.push_back(this); }
+    /// The person has typed the access key of this control; false where that belongs to the next one.
+    virtual bool accessed() { return false; }
     /// Where a menu asked for by the keyboard opens, in pixels of the window.
     virtual POINT keyboardMenuPoint() const;
 

@@ -119,34 +119,48 @@ bool DialogKeys::isNavigationKey(const MSG& message) const {
 
 void DialogKeys::perform() {
     if (!kept_) return;
-    MSG message = *kept_;
+    const MSG message = *kept_;
     kept_.reset();
     if (message.message == WM_KEYDOWN) {
-        switch (message.wParam) {
-            case VK_RETURN:
-                form_.pressEnter(message.hwnd);
-                return;
-            case VK_ESCAPE:
-                form_.pressEscape();
-                return;
-            case VK_PRIOR:
-                form_.stepPage(-1);
-                return;
-            case VK_NEXT:
-                form_.stepPage(1);
-                return;
-            case VK_TAB:
-                if (isDown(VK_CONTROL)) {
-                    form_.stepPage(isDown(VK_SHIFT) ? -1 : 1);
-                    return;
-                }
-                break;
-            default:
-                break;
+        performKey(message);
+    } else if (!form_.pressAccessKey(static_cast<wchar_t>(message.wParam))) {
+        // The host's menu has access keys too.
+        ::DispatchMessageW(&message);
+    }
+}
+
+void DialogKeys::performKey(const MSG& message) {
+    form_.showKeyboardCues();
+    switch (message.wParam) {
+        case VK_RETURN:
+            form_.pressEnter(message.hwnd);
+            break;
+        case VK_ESCAPE:
+            form_.pressEscape();
+            break;
+        case VK_PRIOR:
+            form_.stepPage(-1);
+            break;
+        case VK_NEXT:
+            form_.stepPage(1);
+            break;
+        case VK_LEFT:
+        case VK_UP:
+            form_.stepAmongSiblings(-1);
+            break;
+        case VK_RIGHT:
+        case VK_DOWN:
+            form_.stepAmongSiblings(1);
+            break;
+        default: {
+            const int step = isDown(VK_SHIFT) ? -1 : 1;
+            if (isDown(VK_CONTROL)) {
+                form_.stepPage(step);
+            } else {
+                form_.stepFocus(step);
+            }
         }
     }
-    // What no control of the form answers to is dispatched from there: the host's menu has access keys too.
-    ::IsDialogMessageW(form_.window(), &message);
 }
 
 }  // namespace pellmark

@@ -44,6 +44,7 @@ class DialogKeys {
     bool isOurs(const MSG& message) const;
     bool isNavigation(const MSG& message) const;
     bool isNavigationKey(const MSG& message) const;
+    void performKey(const MSG& message);
 
     FormWindow& form_;
     std::optional<MSG> kept_;

@@ -11,10 +11,6 @@
 
 namespace pellmark {
 
-// Automation interfaces have no virtual destructor: their references are counted.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 /// A drag's data as the system takes it: text as UTF-16 and in the ANSI code page, files as the paths that
 /// the Explorer takes.
 class DragDataObject : public IDataObject {
@@ -47,7 +43,5 @@ class DragDataObject : public IDataObject {
     std::wstring text_;
     std::vector<std::wstring> files_;
 };
-
-#pragma GCC diagnostic pop
 
 }  // namespace pellmark

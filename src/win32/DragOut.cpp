@@ -9,10 +9,6 @@ namespace pellmark {
 
 namespace {
 
-// Automation interfaces have no virtual destructor: their references are counted.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 /// Goes on while the left button is down and ends with Escape.
 class DropSource : public IDropSource {
   public:
@@ -41,8 +37,6 @@ class DropSource : public IDropSource {
   private:
     ULONG references_ = 1;
 };
-
-#pragma GCC diagnostic pop
 
 /// Dragging needs the thread's OLE state, which is the host's to keep: ours lasts as long as the drag.
 class OleState {

@@ -4,6 +4,7 @@
 
 #include "win32/ButtonPeer.h"
 #include "win32/PopupMenu.h"
+#include "win32/TabOrder.h"
 #include "win32/TabStripPeer.h"
 #include "win32/WideText.h"
 
@@ -277,7 +278,9 @@ void FormWindow::focus(ControlPeer& peer) {
 
 void FormWindow::focusFirst() {
     HWND first = std::exchange(focusWish_, nullptr);
-    if (first == nullptr) first = ::GetNextDlgTabItem(window(), nullptr, FALSE);
+    if (first == nullptr) {
+        if (const ControlPeer* peer = TabOrder(*this).first()) first = peer->window();
+    }
     ::SetFocus(first != nullptr ? first : window());
 }
 
@@ -319,6 +322,43 @@ void FormWindow::pressEnter(HWND focused) {
 
 void FormWindow::pressEscape() {
     if (model() != nullptr && !embedded_) model()->close();
+}
+
+ControlPeer* FormWindow::focused() const {
+    const HWND focus = ::GetFocus();
+    return focus != nullptr && ::IsChild(window(), focus) ? around(focus) : nullptr;
+}
+
+void FormWindow::showKeyboardCues() const {
+    ::SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
+}
+
+void FormWindow::stepFocus(int by) {
+    if (model() == nullptr) return;
+    const ControlPeer* next = TabOrder(*this).next(focused(), by);
+    if (next == nullptr) return;
+    const HWND window = next->window();
+    const bool isLine = (::SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
+    ::SetFocus(window);
+    if (isLine) ::SendMessageW(window, EM_SETSEL, 0, -1);
+}
+
+void FormWindow::stepAmongSiblings(int by) {
+    const ControlPeer* from = model() != nullptr ? focused() : nullptr;
+    const ControlPeer* next = from != nullptr ? TabOrder(*this).nextSibling(*from, by) : nullptr;
+    if (next != nullptr) ::SetFocus(next->window());
+}
+
+bool FormWindow::pressAccessKey(wchar_t key) {
+    if (model() == nullptr) return false;
+    const TabOrder order(*this);
+    ControlPeer* peer = order.withAccessKey(key, focused());
+    if (peer == nullptr) return false;
+    if (!peer->accessed()) {
+        const ControlPeer* next = order.next(peer, 1);
+        if (next != nullptr) ::SetFocus(next->window());
+    }
+    return true;
 }
 
 TabStripPeer* FormWindow::stripAround(HWND focused) const {

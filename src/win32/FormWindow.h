@@ -63,6 +63,13 @@ class FormWindow : public ContainerPeer {
     void pressEnter(HWND focused);
     void pressEscape();
     void stepPage(int by);
+    /// Moves the keyboard to the next control or the one before.
+    void stepFocus(int by);
+    void stepAmongSiblings(int by);
+    /// False when no control of the form has that access key.
+    bool pressAccessKey(wchar_t key);
+    /// Shows what has the keyboard and which letters are access keys, once the person uses the keyboard.
+    void showKeyboardCues() const;
 
     void detach() override;
     void place() override;
@@ -81,6 +88,7 @@ class FormWindow : public ContainerPeer {
     void layOut(int width, int height);
     void placeMoved();
     void focusFirst();
+    ControlPeer* focused() const;
     void activated(bool active);
     void takeResolution(int dpi);
     void keepPlace();

@@ -229,6 +229,12 @@ std::optional<LRESULT> GridPeer::message(UINT message, WPARAM wParam, LPARAM lPa
         case WM_KEYDOWN:
             if (keyDown(static_cast<int>(wParam))) return 0;
             break;
+        case WM_SYSKEYDOWN:
+        case WM_SYSKEYUP:
+            // Left to the window, its release would open the host's menu bar over the context menu.
+            if (wParam != VK_F10 || !isDown(VK_SHIFT)) break;
+            if (message == WM_SYSKEYDOWN) grid()->contextMenuRequested.raise();
+            return 0;
         case WM_COMMAND:
             if (editor_ && reinterpret_cast<HWND>(lParam) == editor_->window()) {
                 // The box takes the choice over only after this notification.

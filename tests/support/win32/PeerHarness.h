@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "support/RecordingTrace.h"
+#include "support/win32/Person.h"
+#include "support/win32/SampleForm.h"
+#include "win32/ControlPeer.h"
+#include "win32/Win32Desktop.h"
+
+namespace pellmark::test {
+
+/// A host's window with an edit box of its own, and the sample form that can be embedded into it.
+class PeerHarness {
+  public:
+    PeerHarness();
+    ~PeerHarness();
+    PeerHarness(const PeerHarness&) = delete;
+    PeerHarness& operator=(const PeerHarness&) = delete;
+
+    HWND host() const { return host_; }
+    HWND hostBox() const { return hostBox_; }
+    void embed();
+    /// The window of a control of the form.
+    HWND of(Control& control) const;
+    /// Gives it the keyboard.
+    void focus(Control& control);
+    bool hasFocus(Control& control) const { return ::GetFocus() == of(control); }
+
+    RecordingTrace trace;
+    Win32Desktop desktop{::GetModuleHandleW(nullptr), trace};
+    std::unique_ptr<SampleForm> form;
+
+  private:
+    HWND host_ = nullptr;
+    HWND hostBox_ = nullptr;
+    HWND area_ = nullptr;
+};
+
+}  // namespace pellmark::test
