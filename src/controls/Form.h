@@ -25,7 +25,8 @@ class FormPeer {
     virtual void runModal(WindowHandle owner) = 0;
     virtual void endModal() = 0;
     virtual void hide() = 0;
-    /// Pops a menu up and returns when it has been closed; the chosen item's handler has run by then.
+    /// Pops a menu up and returns when it has been closed; the chosen item's handler has run by then. A
+    /// negative place means where the keyboard is in the control: at a grid's current row.
     virtual void popUp(Menu& menu, Control& over, Point at) = 0;
 };
 

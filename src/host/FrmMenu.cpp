@@ -13,7 +13,7 @@ namespace pellmark {
 namespace {
 
 /// Below the headings, for a menu that the keyboard asks for.
-constexpr Point kKeyboardPlace{300, 600};
+constexpr Point kKeyboardPlace{-1, -1};
 
 MenuItem& itemOf(Menu& menu, std::string_view name) {
     auto& items = menu.items();

@@ -66,9 +66,9 @@ void GridTable::setCurrent(int row) {
     if (grid_ != nullptr) grid_->setCurrent(gridRow(row), grid_->col());
 }
 
-int GridTable::selectedAt(int i) const {
-    const int row = grid_ ? grid_->selectedRow(i) : -1;
-    return row < 0 ? -1 : row - grid_->fixedRows();
+void GridTable::eachSelected(const std::function<void(int row)>& visit) const {
+    for (int i = 0; i < selectedCount(); ++i)
+        visit(grid_->selectedRow(i) - grid_->fixedRows());
 }
 
 void GridTable::setSelected(int row, bool selected) {

@@ -34,7 +34,7 @@ class GridTable : public ShownTable {
     int current() const override;
     void setCurrent(int row) override;
     int selectedCount() const override { return grid_ ? grid_->selectedRows() : 0; }
-    int selectedAt(int i) const override;
+    void eachSelected(const std::function<void(int row)>& visit) const override;
     bool isSelected(int row) const override { return grid_ && grid_->isSelected(gridRow(row)); }
     void setSelected(int row, bool selected) override;
     void clearSelection() override;

@@ -7,6 +7,7 @@
 #include "win32/FramePeer.h"
 #include "win32/GridPeer.h"
 #include "win32/LabelPeer.h"
+#include "win32/ListViewPeer.h"
 #include "win32/TabStripPeer.h"
 #include "win32/TextBoxPeer.h"
 
@@ -31,6 +32,7 @@ std::unique_ptr<ControlPeer> makePeer(FormWindow& form, Control& control, HWND p
         case Control::Kind::Grid:
             return std::make_unique<GridPeer>(form, static_cast<Grid&>(control), parent);
         case Control::Kind::ListView:
+            return std::make_unique<ListViewPeer>(form, static_cast<ListView&>(control), parent);
         case Control::Kind::Form:
             break;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "controls/CellStyles.h"
@@ -28,8 +29,7 @@ class ShownTable {
     virtual int current() const = 0;
     virtual void setCurrent(int row) = 0;
     virtual int selectedCount() const = 0;
-    /// The i-th of the selected rows, in any order.
-    virtual int selectedAt(int i) const = 0;
+    virtual void eachSelected(const std::function<void(int row)>& visit) const = 0;
     virtual bool isSelected(int row) const = 0;
     virtual void setSelected(int row, bool selected) = 0;
     virtual void clearSelection() = 0;

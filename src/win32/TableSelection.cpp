@@ -18,8 +18,9 @@ void TableSelection::show() {
     const int selected = table_.selectedCount();
     const bool all = selected > 0 && selected == table_.rows();
     setState(kAllRows, all ? LVIS_SELECTED : 0U, LVIS_SELECTED);
-    for (int i = 0; !all && i < selected; ++i)
-        setState(table_.selectedAt(i), LVIS_SELECTED, LVIS_SELECTED);
+    if (!all && selected > 0) {
+        table_.eachSelected([this](int row) { setState(row, LVIS_SELECTED, LVIS_SELECTED); });
+    }
 }
 
 void TableSelection::showCurrent() {

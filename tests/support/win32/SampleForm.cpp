@@ -54,6 +54,7 @@ SampleForm::SampleForm(Desktop& desktop) : Form(desktop, "SampleForm") {
     description.setMultiLine(true);
     description.place({1100, 1140, 2700, 1200}, {4000, 2600}, {true, true, true, true});
     values.place({4200, 60, 4340, 2600}, page, {true, true, true, false});
+    members.place({60, 2760, 8480, 1880}, page, {true, true, true, true});
     buttons.setBordered(false);
     buttons.place({0, 5340, 9000, 660}, client, {true, false, true, true});
     ok.place({5300, 120, 1095, 375}, {9000, 660}, {false, true, true, false});

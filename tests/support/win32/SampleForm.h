@@ -6,6 +6,7 @@
 #include "controls/Controls.h"
 #include "controls/Form.h"
 #include "controls/Grid.h"
+#include "controls/ListView.h"
 #include "controls/MemoryRecordSet.h"
 
 namespace pellmark::test {
@@ -34,6 +35,7 @@ class SampleForm : public Form {
     TextBox name{filters, "name"};
     TextBox description{filters, "description"};
     Grid values{second, "values"};
+    ListView members{second, "members"};
 
     int queryUnloads = 0;
     using Form::setBorderStyle;

@@ -10,7 +10,7 @@ namespace pellmark::test {
 
 namespace {
 
-constexpr int kSecondsForAllTests = 120;
+constexpr int kSecondsForOneTest = 120;
 
 BOOL CALLBACK printWindow(HWND window, LPARAM) noexcept {
     DWORD process = 0;
@@ -25,16 +25,30 @@ BOOL CALLBACK printWindow(HWND window, LPARAM) noexcept {
     return TRUE;
 }
 
+class RestartAtEveryTest : public ::testing::EmptyTestEventListener {
+  public:
+    explicit RestartAtEveryTest(Watchdog& watchdog) : watchdog_(watchdog) {}
+    void OnTestStart(const ::testing::TestInfo&) override { watchdog_.restart(); }
+
+  private:
+    Watchdog& watchdog_;
+};
+
 }  // namespace
 
 struct Watchdog::State {
     HANDLE stop = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
     HANDLE thread = nullptr;
     DWORD milliseconds = 0;
+    HANDLE again = ::CreateEventW(nullptr, FALSE, FALSE, nullptr);
 
     static DWORD WINAPI run(void* parameter) noexcept {
         const auto* state = static_cast<State*>(parameter);
-        if (::WaitForSingleObject(state->stop, state->milliseconds) == WAIT_OBJECT_0) return 0;
+        const HANDLE signs[] = {state->stop, state->again};
+        DWORD sign = WAIT_OBJECT_0 + 1;
+        while (sign == WAIT_OBJECT_0 + 1)
+            sign = ::WaitForMultipleObjects(2, signs, FALSE, state->milliseconds);
+        if (sign == WAIT_OBJECT_0) return 0;
         std::fprintf(stderr, "The watchdog ends the program after %lu ms.\n", state->milliseconds);
         if (const auto* test = ::testing::UnitTest::GetInstance()->current_test_info()) {
             std::fprintf(stderr, "  running: %s.%s\n", test->test_suite_name(), test->name());
@@ -55,13 +69,19 @@ Watchdog::~Watchdog() {
     ::SetEvent(state_->stop);
     ::WaitForSingleObject(state_->thread, INFINITE);
     ::CloseHandle(state_->thread);
+    ::CloseHandle(state_->again);
     ::CloseHandle(state_->stop);
     delete state_;
 }
 
+void Watchdog::restart() {
+    ::SetEvent(state_->again);
+}
+
 int runTestsUnderWatchdog(int argc, char** argv) {
     ::testing::InitGoogleMock(&argc, argv);
-    const Watchdog watchdog(kSecondsForAllTests);
+    Watchdog watchdog(kSecondsForOneTest);
+    ::testing::UnitTest::GetInstance()->listeners().Append(new RestartAtEveryTest(watchdog));
     return RUN_ALL_TESTS();
 }
 
