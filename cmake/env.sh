@@ -11,8 +11,7 @@ packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wi
     fonts-liberation fonts-wine)
 packages_checks=(clang-format clang-tidy git)
 packages_desktop=(x11vnc novnc websockify)
-packages_picture=(xdotool scrot)
-packages_e2e=(python3 sqlite3 xdotool scrot)
+packages_e2e=(python3 sqlite3 xdotool imagemagick)
 
 export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
 export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache

@@ -1,7 +1,6 @@
 """The virtual desktop as a person has it: eyes (winprobe, screenshots), a mouse and a keyboard (xdotool)."""
 
 import json
-import os
 import pathlib
 import subprocess
 import time
@@ -161,5 +160,8 @@ class Desktop:
         """Writes what the display shows, or one window's part of it."""
         path = pathlib.Path(path)
         path.parent.mkdir(parents=True, exist_ok=True)
-        part = ["-a", ",".join(map(str, window.area))] if window else []
-        subprocess.run(["scrot", "-o", *part, str(path)], check=True, timeout=30, env=os.environ)
+        part = []
+        if window:
+            left, top, width, height = window.area
+            part = ["-crop", f"{width}x{height}+{left}+{top}", "+repage"]
+        subprocess.run(["import", "-window", "root", *part, str(path)], check=True, timeout=30)

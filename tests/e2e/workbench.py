@@ -1,0 +1,136 @@
+"""The reference host under test: started on a knowledge base of its own, used like a person would, read afterwards."""
+
+import os
+import pathlib
+import shutil
+import sqlite3
+import subprocess
+import tempfile
+import unittest
+
+from desktop import PICTURES, PRODUCTS, Desktop, wait_for
+
+START_SECONDS = 60
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+class Workbench:
+    """One run of Workbench.exe over a fresh, seeded knowledge base."""
+
+    def __init__(self, desktop, view="processes", options=()):
+        self.desktop = desktop
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="workbench-"))
+        self.file = self.folder / "knowledge.db"
+        self._view = view
+        self._options = list(options)
+        self.process = None
+        self.window = None
+
+    def __enter__(self):
+        ready = self.folder / "ready"
+        self.process = subprocess.Popen(
+            ["wine", str(PRODUCTS / "Workbench.exe"), "--kb", windows_path(self.file), "--view", self._view,
+             "--ready", windows_path(ready), *self._options],
+            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            wait_for("the workbench's first view", lambda: ready.exists() or self.process.poll() is not None,
+                     START_SECONDS)
+            if self.process.poll() is not None:
+                raise AssertionError(f"the workbench ended with {self.process.returncode}")
+            self.refresh()
+        except AssertionError as error:
+            seen = self.desktop.windows()
+            self.kill()
+            raise AssertionError(f"{error}; there are {seen}") from None
+        return self
+
+    def __exit__(self, *_):
+        self.kill()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def kill(self):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+
+    def refresh(self):
+        """Looks for the main window anew, after it was moved or resized."""
+        self.window = self.desktop.one("NorvexWorkbench")
+        return self.window
+
+    @property
+    def area(self):
+        """Where the host shows the component's views."""
+        return self.desktop.one("NorvexViewArea", inside=self.refresh())
+
+    def view(self):
+        """The component's main form inside the host; None when there is none."""
+        area = self.area
+        children = [window for window in self.desktop.windows() if window.parent == area.handle]
+        return children[0] if children else None
+
+    def lists(self):
+        """The visible lists of the view, from top to bottom and left to right."""
+        found = self.desktop.find("SysListView32", inside=self.window)
+        return sorted(found, key=lambda window: (window.area[1], window.area[0]))
+
+    def process_list(self):
+        return wait_for("a list in the view", self.lists)[0]
+
+    def button(self, caption):
+        return self.desktop.one("Button", caption, inside=self.window)
+
+    def dialog(self, seconds=20):
+        """The enabled top-level window that stands over the disabled workbench."""
+        return wait_for("a dialog", self._dialogs, seconds)[0]
+
+    def has_dialog(self):
+        return bool(self._dialogs())
+
+    def _dialogs(self):
+        return [window for window in self.desktop.windows()
+                if window.owner and window.enabled and window.handle != self.window.handle
+                and window.kind != "tooltips_class32" and window.area[2] > 50]
+
+    def query(self, sql, *values):
+        """Reads the knowledge base's file, as another program would."""
+        connection = sqlite3.connect(f"file:{self.file}?mode=ro", uri=True, timeout=10)
+        try:
+            return connection.execute(sql, values).fetchall()
+        finally:
+            connection.close()
+
+    def wait_for_end(self):
+        """The program's exit code, once it has ended by itself."""
+        wait_for("the workbench to end", lambda: self.process.poll() is not None)
+        return self.process.returncode
+
+
+class WorkbenchTest(unittest.TestCase):
+    """A test with a running workbench; a failed one leaves a picture of the screen in build/e2e."""
+
+    view = "processes"
+    options = ()
+
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.workbench = self.enterContext(Workbench(self.desktop, self.view, self.options))
+        self.addCleanup(self._picture_of_failure)
+
+    def _picture_of_failure(self):
+        outcome = self._outcome.result
+        failed = outcome and any(test is self for test, _ in outcome.failures + outcome.errors)
+        if failed:
+            self.desktop.picture(PICTURES / f"{self.id()}.png")
+
+    def keep_trying(self, what, condition):
+        return wait_for(what, condition)
+
+
+def temporary_files(name):
+    """The files of that name in the temporary folders of the prefix's users."""
+    users = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c" / "users"
+    return [path for path in users.rglob(name) if path.is_file()]
