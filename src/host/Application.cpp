@@ -1,9 +1,12 @@
 #include "host/Application.h"
 
+#include <utility>
+
 #include "base/Error.h"
 #include "featurecases/cFeatureCase.h"
 #include "host/Component.h"
 #include "host/FrmMain.h"
+#include "processes/FrmAddEditProcess.h"
 #include "processes/cProcess.h"
 
 namespace pellmark {
@@ -26,12 +29,20 @@ template <class Call>
 bool Application::run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title,
                       Call&& call) {
     bool started = false;
+    if (!host) return started;
+    if (running_) {
+        // The host's window is disabled, but a script of it may still come here while a dialog is open.
+        platform_.trace.record(operation, "refused: an earlier call is still showing its dialog");
+        return started;
+    }
+    running_ = true;
     trap(platform_.trace, operation, [&] {
-        if (!host) return;
         if (!component_) throw Error(errors::kInvalidArgument, "Pellmark", "Dispose was called before");
         started = startUp(host, title);
         if (started) call();
     });
+    running_ = false;
+    if (std::exchange(disposeLater_, false)) Dispose();
     return started;
 }
 
@@ -56,32 +67,82 @@ void Application::ShowWindowProcessesView(const std::shared_ptr<HostApplication>
 }
 
 void Application::ShowWindowProcessCaseView(const std::shared_ptr<HostApplication>& host,
-                                            const CaseDescription&) {
-    run("Application::ShowWindowProcessCaseView", host, kManagerTitle,
-        [&] { showEmbedded(FRView::FRProcesscase); });
+                                            const CaseDescription& description) {
+    run("Application::ShowWindowProcessCaseView", host, kManagerTitle, [&] {
+        showEmbedded(FRView::FRProcesscase);
+        describeCase(description);
+        selectNamed(description);
+    });
 }
 
-std::string Application::OpenProcess(const std::shared_ptr<HostApplication>& host, WindowHandle,
-                                     const CaseDescription&) {
+std::string Application::OpenProcess(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
+                                     const CaseDescription& description) {
     ReturnProcessGuid.clear();
-    run("Application::OpenProcess", host, kManagerTitle, [] {});
+    run("Application::OpenProcess", host, kManagerTitle, [&] {
+        interruptEmbeddedView([&] {
+            captionForPicking();
+            showModally(owner, description);
+        });
+    });
     return ReturnProcessGuid;
 }
 
-void Application::EditFeatureCase(const std::shared_ptr<HostApplication>& host, WindowHandle,
-                                  const CaseDescription&) {
-    run("Application::EditFeatureCase", host, kManagerTitle, [] {});
+void Application::EditFeatureCase(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
+                                  const CaseDescription& description) {
+    run("Application::EditFeatureCase", host, kManagerTitle, [&] {
+        interruptEmbeddedView([&] {
+            captionForViewing();
+            showModally(owner, description);
+        });
+    });
 }
 
-std::string Application::OpenFeatureCase(const std::shared_ptr<HostApplication>& host, WindowHandle,
-                                         const CaseDescription&) {
-    const bool ran = run("Application::OpenFeatureCase", host, kManagerTitle, [] {});
+std::string Application::OpenFeatureCase(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
+                                         const CaseDescription& description) {
+    const bool ran = run("Application::OpenFeatureCase", host, kManagerTitle, [&] {
+        interruptEmbeddedView([&] {
+            component_->mainForm().FeatureCasePick = true;
+            captionForPicking();
+            showModally(owner, description);
+        });
+    });
+    // A cancelled pick answers with the last confirmed one; a call that could not begin answers nothing.
     return ran ? ReturnFeatureCaseGuid : std::string();
 }
 
-void Application::EditProcess(const std::shared_ptr<HostApplication>& host, WindowHandle,
-                              const CaseDescription&) {
-    run("Application::EditProcess", host, kEditorTitle, [] {});
+void Application::EditProcess(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
+                              const CaseDescription& description) {
+    run("Application::EditProcess", host, kEditorTitle, [&] {
+        interruptEmbeddedView([&] {
+            FrmMain& form = component_->mainForm();
+            form.unload();  // its lists are built anew for this call
+            form.SetView(FRView::FRProcesscase);
+            describeCase(description);
+            selectNamed(description);
+            form.load();
+            FrmAddEditProcess dialog(*component_, description.processGuid);
+            dialog.showModal(owner);
+            form.unload();
+        });
+    });
+}
+
+void Application::describeCase(const CaseDescription& description) {
+    cFeatureCase* view = component_->featureCase();
+    if (view == nullptr) return;
+    view->SetFeatureCaseUnitGui(description.featureCaseUnit);
+    view->SetNvxFeatureTypeGui(description.nvxFeatureType);
+    view->SetPartTypeGui(description.partTypeGuid);
+    view->SetFeatureTypeGui(description.featureTypeGuid);
+    view->SetPartMaterialClassGui(description.processMaterialClassGuid);
+    view->SetProcessUnitGui(description.processUnit);
+    view->SetValuesGui(description.valuesGuids);
+}
+
+void Application::selectNamed(const CaseDescription& description) {
+    cProcess* processes = component_->processes();
+    if (processes != nullptr && !description.processGuid.empty())
+        processes->SetProcessGui(description.processGuid);
 }
 
 void Application::showEmbedded(FRView view) {
@@ -98,7 +159,61 @@ void Application::captionForViewing() {
     form.CmdCancel.setCaption(component_->GetString("Exit"));
 }
 
+void Application::captionForPicking() {
+    FrmMain& form = component_->mainForm();
+    form.CmdOK.setVisible(true);
+    form.CmdCancel.setCaption(component_->GetString("Cancel"));
+}
+
+void Application::showModally(WindowHandle owner, const CaseDescription& description) {
+    FrmMain& form = component_->mainForm();
+    form.SetView(FRView::FRProcesscase);
+    describeCase(description);
+    selectNamed(description);
+    form.showModal(owner);
+    form.FeatureCasePick = false;
+}
+
+template <class Show>
+void Application::interruptEmbeddedView(Show&& show) {
+    FrmMain& form = component_->mainForm();
+    const WindowHandle parent = form.embeddedIn();
+    if (parent == 0) {
+        show();
+        return;
+    }
+    const FRView view = form.view();
+    const CaseDescription shown = currentDescription();
+    form.unload();
+    trap(platform_.trace, "Application::interruptEmbeddedView", [&] { show(); });
+    form.SetView(view);
+    captionForViewing();
+    form.embed(parent);
+    if (view == FRView::FRProcesscase) describeCase(shown);
+    component_->processes()->RefreshList(shown.processGuid);
+}
+
+CaseDescription Application::currentDescription() {
+    CaseDescription shown;
+    if (cProcess* processes = component_->processes()) shown.processGuid = processes->SelectedProcessID();
+    if (cFeatureCase* view = component_->featureCase()) {
+        const FeatureCaseDescription now = view->description();
+        shown.valuesGuids = now.valueIds;
+        shown.featureCaseUnit = now.unit;
+        shown.nvxFeatureType = now.nvxFeatureType;
+        shown.partTypeGuid = now.partTypeId;
+        shown.featureTypeGuid = now.featureTypeId;
+        shown.processMaterialClassGuid = now.materialClassId;
+        shown.processUnit = now.processUnit;
+    }
+    return shown;
+}
+
 void Application::Dispose() {
+    if (running_) {
+        disposeLater_ = true;
+        return;
+    }
     trap(platform_.trace, "Application::Dispose", [this] { component_.reset(); });
 }
 

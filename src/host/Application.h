@@ -53,7 +53,8 @@ class Application {
                                 const CaseDescription& description);
     void EditProcess(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
                      const CaseDescription& description);
-    /// Releases everything; later calls do nothing.
+    /// Releases everything; later calls do nothing. Called while a dialog is open, it takes effect when the
+    /// call that shows it ends.
     void Dispose();
 
     FRView CurrentView = FRView::FRProcesses;  ///< kept for the host, not used here
@@ -81,6 +82,8 @@ class Application {
 
     Platform platform_;
     std::unique_ptr<Component> component_;
+    bool running_ = false;
+    bool disposeLater_ = false;
 };
 
 }  // namespace pellmark

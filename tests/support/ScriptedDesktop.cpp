@@ -8,8 +8,12 @@ class ScriptedDesktop::Peer : public FormPeer {
   public:
     Peer(ScriptedDesktop& desktop, Form& form) : desktop_(desktop), form_(form), name_(form.name()) {
         note("create");
+        desktop_.loaded_.push_back(&form_);
     }
-    ~Peer() override { note("destroy"); }
+    ~Peer() override {
+        note("destroy");
+        std::erase(desktop_.loaded_, &form_);
+    }
 
     WindowHandle handle() const override { return reinterpret_cast<WindowHandle>(this); }
     void embed(WindowHandle parent) override { note("embed", parent); }
@@ -67,6 +71,13 @@ bool ScriptedDesktop::take(const std::string& kind, const std::string& name, Exp
     expected = std::move(script_.front());
     script_.pop_front();
     return true;
+}
+
+Form* ScriptedDesktop::loaded(const std::string& name) const {
+    for (Form* form : loaded_) {
+        if (form->name() == name) return form;
+    }
+    return nullptr;
 }
 
 MessageAnswer ScriptedDesktop::showMessage(const MessageBox& message) {

@@ -30,6 +30,8 @@ class ScriptedDesktop : public Desktop {
     const std::vector<MessageBox>& messages() const { return messages_; }
     /// What happened to windows: "create FrmMain", "embed FrmMain 7", "modal FrmMain 9", "destroy FrmMain".
     const std::vector<std::string>& windows() const { return windows_; }
+    /// The form of that name whose window exists now, null when there is none.
+    Form* loaded(const std::string& name) const;
 
     MessageAnswer showMessage(const MessageBox& message) override;
     std::unique_ptr<FormPeer> createPeer(Form& form) override;
@@ -48,6 +50,7 @@ class ScriptedDesktop : public Desktop {
     std::deque<Expected> script_;
     std::vector<MessageBox> messages_;
     std::vector<std::string> windows_;
+    std::vector<Form*> loaded_;
 };
 
 }  // namespace pellmark::test
