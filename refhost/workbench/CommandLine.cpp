@@ -33,7 +33,7 @@ void readOption(const std::string& option, const std::string& value, CommandLine
         line.knowledgeBase = value;
     } else if (option == "--view") {
         readView(value, line);
-    } else if (option == "--ready") {
+    } else if (option == "--screenshot-ready") {
         line.readyFile = value;
     } else if (option == "--user") {
         line.user = value;
@@ -68,7 +68,7 @@ const char* commandLineHelp() {
            "--view VIEW\tthe first view: processes, case or none\n"
            "--user NAME\tthe user whose rights count\n"
            "--language CODE\t1 English, 2 German, 6 Japanese\n"
-           "--ready FILE\twritten once the first view has been painted";
+           "--screenshot-ready FILE\twritten once the first view has been painted";
 }
 
 }  // namespace norvex

@@ -13,11 +13,11 @@ enum class StartView { None, Processes, Case };
 struct CommandLine {
     std::string knowledgeBase;              ///< --kb FILE; "" for the configured one
     StartView view = StartView::Processes;  ///< --view processes|case|none
-    std::string readyFile;                  ///< --ready FILE: written once the first view has been painted
-    std::string user;                       ///< --user NAME
-    std::optional<std::int16_t> language;   ///< --language CODE
-    bool help = false;                      ///< --help
-    std::string mistake;                    ///< what cannot be understood; "" when all is well
+    std::string readyFile;  ///< --screenshot-ready FILE: written once the first view has been painted
+    std::string user;       ///< --user NAME
+    std::optional<std::int16_t> language;  ///< --language CODE
+    bool help = false;                     ///< --help
+    std::string mistake;                   ///< what cannot be understood; "" when all is well
 };
 
 /// Reads the arguments behind the program's name.

@@ -1,0 +1,224 @@
+#include "com/adapters/HostRecordSet.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "com/adapters/ExpectError.h"
+#include "com/adapters/PagedRecordSet.h"
+#include "com/adapters/ScriptedObject.h"
+#include "host/PackedText.h"
+
+namespace pellmark {
+namespace {
+
+using test::expectError;
+using test::ScriptedObject;
+
+VariantArg packed(const PackedTextWriter& writer) {
+    const auto& units = writer.text();
+    return Bstr::adopt(
+        SysAllocStringLen(reinterpret_cast<const wchar_t*>(units.data()), static_cast<UINT>(units.size())));
+}
+
+Guid guidOf(int number) {
+    Guid guid;
+    std::memcpy(guid.bytes.data(), &number, sizeof(number));
+    return guid;
+}
+
+/// A host's record set of processes "Process 0", "Process 1" and so on.
+class PagedRecordSetTest : public testing::Test {
+  protected:
+    std::shared_ptr<RecordSet> ofSize(int count) {
+        script_->on(L"Count", VariantArg(count)).on(L"Fields", VariantArg("_Id|_Name"));
+        script_->on(L"Page", [count](const ScriptedObject::Values& values) {
+            PackedTextWriter writer;
+            const int first = DispatchResult(values.at(0), "").int32();
+            const int end = std::min(first + DispatchResult(values.at(1), "").int32(), count);
+            for (int at = first; at < end; ++at) {
+                writer.add(guidOf(at).text());
+                writer.add("Process " + std::to_string(at));
+            }
+            return packed(writer);
+        });
+        script_->on(L"Keys", [count](const ScriptedObject::Values&) {
+            std::vector<Guid> keys;
+            for (int at = 0; at < count; ++at)
+                keys.push_back(guidOf(at));
+            return VariantArg(Bstr::adopt(SysAllocStringByteLen(
+                reinterpret_cast<const char*>(keys.data()), static_cast<UINT>(keys.size() * sizeof(Guid)))));
+        });
+        return adaptRecordSet(DispatchObject(test::dispatchOf(script_), "Records"));
+    }
+
+    ComPtr<ScriptedObject> script_ = ScriptedObject::make();
+};
+
+TEST_F(PagedRecordSetTest, CellsAreReadByRecordAndField) {
+    const auto records = ofSize(1000);
+    EXPECT_EQ(records->count(), 1000U);
+    EXPECT_EQ(records->text(0, 1), "Process 0");
+    EXPECT_EQ(records->text(999, 1), "Process 999");
+    EXPECT_EQ(records->text(500, records->fieldIndex("_ID").value()), guidOf(500).text());
+}
+
+TEST_F(PagedRecordSetTest, ACellThatDoesNotExistIsEmpty) {
+    const auto records = ofSize(3);
+    EXPECT_EQ(records->text(3, 0), "");
+    EXPECT_EQ(records->text(0, 2), "");
+}
+
+TEST_F(PagedRecordSetTest, AScreenCostsOnePageWhateverTheNumberOfRecords) {
+    const auto records = ofSize(1'000'000);
+    for (std::size_t row = 0; row < 40; ++row) {
+        for (std::size_t field = 0; field < 2; ++field)
+            records->text(row, field);
+    }
+    EXPECT_EQ(script_->calls(L"Page"), 1);
+    EXPECT_EQ(script_->allCalls(), 3);  // Fields, Count, Page
+}
+
+TEST_F(PagedRecordSetTest, ScrollingAScreenAnywhereCostsTwoPagesAtMost) {
+    const auto records = ofSize(1'000'000);
+    for (std::size_t row = 700'000; row < 700'040; ++row)
+        records->text(row, 1);
+    EXPECT_LE(script_->calls(L"Page"), 2);
+}
+
+TEST_F(PagedRecordSetTest, PagingBackAndForthIsServedFromWhatIsKept) {
+    const auto records = ofSize(100'000);
+    for (int time = 0; time < 3; ++time) {
+        for (std::size_t row = 0; row < PagedRecordSet::kPageRecords * PagedRecordSet::kKeptPages; ++row) {
+            records->text(row, 1);
+        }
+    }
+    EXPECT_EQ(script_->calls(L"Page"), static_cast<int>(PagedRecordSet::kKeptPages));
+}
+
+TEST_F(PagedRecordSetTest, ReadingEverythingCostsOneCallPerPage) {
+    const auto records = ofSize(10'000);
+    for (std::size_t row = 0; row < 10'000; ++row)
+        records->text(row, 1);
+    EXPECT_EQ(script_->calls(L"Page"), 40);
+}
+
+TEST_F(PagedRecordSetTest, KeysComeInOneBlockOfBytes) {
+    const auto records = ofSize(1000);
+    const auto keys = records->keys();
+    ASSERT_TRUE(keys.has_value());
+    ASSERT_EQ(keys->size(), 1000U);
+    EXPECT_EQ(keys->at(999), guidOf(999));
+    EXPECT_EQ(script_->calls(L"Keys"), 1);
+    EXPECT_EQ(script_->calls(L"Page"), 0);
+}
+
+TEST_F(PagedRecordSetTest, KeysMayBeEmptyOrMissing) {
+    script_->on(L"Keys", VariantArg());
+    EXPECT_FALSE(ofSize(5)->keys().has_value());
+    auto bare = ScriptedObject::make();
+    bare->on(L"Fields", VariantArg("_Id")).on(L"Count", VariantArg(0)).on(L"Page", VariantArg(""));
+    EXPECT_FALSE(adaptRecordSet(DispatchObject(test::dispatchOf(bare), "Records"))->keys().has_value());
+}
+
+TEST_F(PagedRecordSetTest, KeysThatDoNotMatchTheCountAreRefused) {
+    script_->on(L"Keys", VariantArg("short"));
+    const auto records = ofSize(5);
+    expectError(errors::kHostInterface, "one key per record", [&] { records->keys(); });
+}
+
+TEST_F(PagedRecordSetTest, AShortPageReadsAsEmptyCells) {
+    script_->on(L"Page", VariantArg("2:id4:Bore"));
+    const auto records = ofSize(2);
+    EXPECT_EQ(records->text(0, 1), "Bore");
+    EXPECT_EQ(records->text(1, 1), "");
+}
+
+TEST_F(PagedRecordSetTest, AMalformedPageIsAnError) {
+    script_->on(L"Page", VariantArg("9:too short"));
+    const auto records = ofSize(2);
+    expectError(errors::kHostInterface, "malformed", [&] { records->text(0, 0); });
+}
+
+TEST_F(PagedRecordSetTest, APageThatIsNoTextIsAnError) {
+    script_->on(L"Page", VariantArg(7));
+    const auto records = ofSize(2);
+    expectError(errors::kHostInterface, "Records.Page", [&] { records->text(0, 0); });
+}
+
+TEST_F(PagedRecordSetTest, ANegativeCountIsAnError) {
+    script_->on(L"Count", VariantArg(-1));
+    const auto records = ofSize(2);
+    expectError(errors::kHostInterface, "Records.Count", [&] { records->count(); });
+}
+
+/// The same as a script writes it: a cursor over rows of values.
+class ForwardRecordSetTest : public testing::Test {
+  protected:
+    std::shared_ptr<RecordSet> of(std::vector<std::vector<VariantArg>> rows) {
+        rows_ = std::move(rows);
+        script_->on(L"Fields", VariantArg("_Id|_Unit"));
+        script_->on(L"EOF",
+                    [this](const ScriptedObject::Values&) { return VariantArg(cursor_ >= rows_.size()); });
+        script_->on(L"MoveNext", [this](const ScriptedObject::Values&) {
+            ++cursor_;
+            return VariantArg();
+        });
+        script_->on(L"Field", [this](const ScriptedObject::Values& values) {
+            return rows_.at(cursor_).at(DispatchResult(values.at(0), "").text() == "_Id" ? 0 : 1);
+        });
+        return adaptRecordSet(DispatchObject(test::dispatchOf(script_), "Records"));
+    }
+
+    ComPtr<ScriptedObject> script_ = ScriptedObject::make();
+    std::vector<std::vector<VariantArg>> rows_;
+    std::size_t cursor_ = 0;
+};
+
+TEST_F(ForwardRecordSetTest, CellsAreReadInAnyOrder) {
+    const auto records = of({{"a", 70}, {"b", 71}, {"c", VariantArg()}});
+    EXPECT_EQ(records->text(2, 0), "c");
+    EXPECT_EQ(records->text(0, 1), "70");
+    EXPECT_EQ(records->text(2, 1), "");
+}
+
+TEST_F(ForwardRecordSetTest, WithoutACountTheRecordsAreWalked) {
+    const auto records = of({{"a", 70}, {"b", 71}});
+    EXPECT_EQ(records->count(), 2U);
+    EXPECT_EQ(records->text(1, 0), "b");
+    EXPECT_EQ(script_->calls(L"MoveNext"), 2);
+}
+
+TEST_F(ForwardRecordSetTest, WithACountNothingIsReadBeforeItIsAskedFor) {
+    script_->on(L"Count", VariantArg(2));
+    const auto records = of({{"a", 70}, {"b", 71}});
+    EXPECT_EQ(records->count(), 2U);
+    EXPECT_EQ(script_->calls(L"Field"), 0);
+    records->text(0, 0);
+    EXPECT_EQ(script_->calls(L"Field"), 2);
+}
+
+TEST_F(ForwardRecordSetTest, EachRecordIsReadOnce) {
+    const auto records = of({{"a", 70}, {"b", 71}});
+    for (int time = 0; time < 3; ++time)
+        records->text(1, 1);
+    EXPECT_EQ(script_->calls(L"Field"), 4);
+}
+
+TEST_F(ForwardRecordSetTest, ThereIsNoBlockOfKeys) {
+    EXPECT_FALSE(of({{"a", 70}})->keys().has_value());
+}
+
+TEST_F(ForwardRecordSetTest, AnEmptyRecordSetHasNoRecords) {
+    const auto records = of({});
+    EXPECT_EQ(records->count(), 0U);
+    EXPECT_EQ(records->text(0, 0), "");
+}
+
+TEST_F(ForwardRecordSetTest, AnObjectThatIsNoRecordSetIsAnError) {
+    expectError(errors::kHostInterface, "Records.Fields is missing",
+                [&] { adaptRecordSet(DispatchObject(test::dispatchOf(script_), "Records")); });
+}
+
+}  // namespace
+}  // namespace pellmark

@@ -1,0 +1,181 @@
+#include "com/adapters/KnowledgeBaseAdapter.h"
+
+#include <gtest/gtest.h>
+
+#include "com/adapters/ExpectError.h"
+#include "com/adapters/ScriptedObject.h"
+
+namespace pellmark {
+namespace {
+
+using test::expectError;
+using test::objectValue;
+using test::scriptArray;
+using test::ScriptedObject;
+
+/// A knowledge base as a script would write it, with nothing packed.
+class KnowledgeBaseAdapterTest : public testing::Test {
+  protected:
+    KnowledgeBaseAdapterTest() {
+        service_->on(L"IsConnected", VariantArg(true))
+            .on(L"UserRights", objectValue(rights_))
+            .on(L"ProcessStore", objectValue(processes_))
+            .on(L"FeatureCaseStore", objectValue(cases_))
+            .on(L"MaterialStore", objectValue(materials_))
+            .on(L"ProcessStepStore", objectValue(steps_));
+    }
+
+    static VariantArg processArray(const std::string& id, const std::string& name) {
+        return scriptArray({id, name, std::int16_t{71}, "about " + name, "Diameter > 3"});
+    }
+
+    ComPtr<ScriptedObject> service_ = ScriptedObject::make();
+    ComPtr<ScriptedObject> rights_ = ScriptedObject::make();
+    ComPtr<ScriptedObject> processes_ = ScriptedObject::make();
+    ComPtr<ScriptedObject> cases_ = ScriptedObject::make();
+    ComPtr<ScriptedObject> materials_ = ScriptedObject::make();
+    ComPtr<ScriptedObject> steps_ = ScriptedObject::make();
+    KnowledgeBaseAdapter adapter_{DispatchObject(test::dispatchOf(service_), "Service")};
+};
+
+TEST_F(KnowledgeBaseAdapterTest, APartOfTheServiceIsAskedForOnce) {
+    rights_->on(L"IsAllowed", VariantArg(true));
+    EXPECT_TRUE(adapter_.userRights().may(PermissionEdit));
+    EXPECT_TRUE(adapter_.userRights().may(PermissionAdd));
+    EXPECT_EQ(service_->calls(L"UserRights"), 1);
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AServiceThatIsNotConnectedNeedNotOfferItsParts) {
+    auto bare = ScriptedObject::make();
+    bare->on(L"IsConnected", VariantArg(false));
+    KnowledgeBaseAdapter adapter(DispatchObject(test::dispatchOf(bare), "Service"));
+    EXPECT_FALSE(adapter.isConnected());
+    expectError(errors::kHostInterface, "Service.ProcessStore is missing",
+                [&] { adapter.processStore().processes(""); });
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AProcessMayComeAsAnArrayOfValues) {
+    processes_->on(L"Process", processArray("{1}", "Bore"));
+    EXPECT_EQ(adapter_.processStore().process("{1}"),
+              (ProcessRecord{"{1}", "Bore", 71, "about Bore", "Diameter > 3"}));
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AProcessMayComeAsPackedText) {
+    processes_->on(L"Process", VariantArg("3:{1}4:Bore2:700:0:"));
+    EXPECT_EQ(adapter_.processStore().process("{1}"), (ProcessRecord{"{1}", "Bore", 70, "", ""}));
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AProcessMayComeAsARecordSetWithItsFieldsInAnyOrder) {
+    auto records = ScriptedObject::make();
+    records->on(L"Fields", VariantArg("_Rule|_Name|_Extra|_Unit|_Description|_Id"))
+        .on(L"Count", VariantArg(1))
+        .on(L"Page", VariantArg("1:r1:n1:x2:711:d1:i"));
+    processes_->on(L"Process", objectValue(records));
+    EXPECT_EQ(adapter_.processStore().process("i"), (ProcessRecord{"i", "n", 71, "d", "r"}));
+}
+
+TEST_F(KnowledgeBaseAdapterTest, ARecordWithTooFewValuesIsAnError) {
+    processes_->on(L"Process", scriptArray({"{1}", "Bore"}));
+    expectError(errors::kHostInterface, "a record of 2 values instead of 5",
+                [&] { adapter_.processStore().process("{1}"); });
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AUnitThatIsNoNumberIsAnError) {
+    processes_->on(L"Process", scriptArray({"{1}", "Bore", "metric", "", ""}));
+    expectError(errors::kHostInterface, "\"metric\"", [&] { adapter_.processStore().process("{1}"); });
+}
+
+TEST_F(KnowledgeBaseAdapterTest, ManyProcessesAreOneCallWhereTheServiceOffersIt) {
+    processes_->on(L"ProcessRecords", VariantArg("1:a1:x2:700:0:0:0:0:0:0:1:c1:z2:710:0:"));
+    const auto records = adapter_.processStore().processRecords({"a", "b", "c"});
+    ASSERT_EQ(records.size(), 3U);
+    EXPECT_EQ(records[0]->Name, "x");
+    EXPECT_FALSE(records[1].has_value());
+    EXPECT_EQ(records[2]->Unit, 71);
+    EXPECT_EQ(processes_->allCalls(), 1);
+}
+
+TEST_F(KnowledgeBaseAdapterTest, ManyProcessesAreAskedForOneByOneOtherwise) {
+    processes_->on(L"Process", processArray("a", "x"));
+    const auto records = adapter_.processStore().processRecords({"a", "a"});
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(records[1]->Name, "x");
+    EXPECT_EQ(processes_->calls(L"Process"), 2);
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AProcessThatIsGoneIsNothingAmongMany) {
+    EXCEPINFO details{};
+    details.scode = static_cast<SCODE>(0x800A0000U + 26101U);
+    processes_->failing(L"Process", DISP_E_EXCEPTION, details);
+    const auto records = adapter_.processStore().processRecords({"a"});
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_FALSE(records[0].has_value());
+}
+
+TEST_F(KnowledgeBaseAdapterTest, NoProcessesAskedForIsNoCall) {
+    EXPECT_TRUE(adapter_.processStore().processRecords({}).empty());
+    EXPECT_EQ(processes_->allCalls(), 0);
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AnAnswerOfAnotherLengthIsAnError) {
+    processes_->on(L"ProcessRecords", VariantArg(""));
+    expectError(errors::kHostInterface, "one record per id",
+                [&] { adapter_.processStore().processRecords({"a"}); });
+}
+
+TEST_F(KnowledgeBaseAdapterTest, FoundProcessesMayComeAsAnArrayOfArrays) {
+    cases_->on(L"ProcessesOfValues", scriptArray({scriptArray({"p", "c", "Bore", 70, "r", "d", true}),
+                                                  scriptArray({"q", "c", "Ream", 71, "", "", false})}));
+    const auto nodes = adapter_.featureCaseStore().processesOfValues({}, 0);
+    ASSERT_EQ(nodes.size(), 2U);
+    EXPECT_EQ(nodes[0], (pNode{"p", "c", "Bore", 70, "r", "d", true}));
+    EXPECT_FALSE(nodes[1].ExactMatch);
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AnEmptyArrayIsNoProcesses) {
+    cases_->on(L"ProcessesOfValues", scriptArray({}));
+    EXPECT_TRUE(adapter_.featureCaseStore().processesOfValues({}, 0).empty());
+}
+
+TEST_F(KnowledgeBaseAdapterTest, ValueIdsGoAsAnArrayThatScriptsCanTakeApart) {
+    VARTYPE type = VT_EMPTY;
+    cases_->on(L"Matches", [&](const ScriptedObject::Values& values) {
+        type = values.at(1).type();
+        return VariantArg("1:c1:t1:1");
+    });
+    const auto found = adapter_.featureCaseStore().matches("t", {"v1", "v2"});
+    EXPECT_EQ(type, VT_ARRAY | VT_VARIANT);
+    EXPECT_EQ(found, (std::vector<FeatureCaseMatch>{{"c", "t", true}}));
+}
+
+TEST_F(KnowledgeBaseAdapterTest, RecordsThatAreNoRecordsAreAnError) {
+    cases_->on(L"ProcessesOfValues", VariantArg(7));
+    expectError(errors::kHostInterface, "did not answer with records",
+                [&] { adapter_.featureCaseStore().processesOfValues({}, 0); });
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AQueryThatAnswersNothingIsAnError) {
+    materials_->on(L"Materials", VariantArg(ComPtr<IDispatch>()));
+    expectError(errors::kHostInterface, "Service.MaterialStore.Materials",
+                [&] { adapter_.materialStore().materials(); });
+}
+
+TEST_F(KnowledgeBaseAdapterTest, TypesOfCuttingCyclesGoInTheirOrder) {
+    auto records = ScriptedObject::make();
+    records->on(L"Fields", VariantArg("_Id|_Name"));
+    std::string seen;
+    steps_->on(L"CuttingCycles", [&](const ScriptedObject::Values& values) {
+        SAFEARRAY* types = values.at(0).get().parray;
+        for (LONG at = 0; at < 3; ++at) {
+            VariantArg type;
+            SafeArrayGetElement(types, &at, type.receive());
+            seen += std::to_string(type.get().lVal) + " ";
+        }
+        return objectValue(records);
+    });
+    adapter_.stepStore().cuttingCycles({6, 8, 4});
+    EXPECT_EQ(seen, "6 8 4 ");
+}
+
+}  // namespace
+}  // namespace pellmark
