@@ -118,6 +118,18 @@ class Desktop:
     def entries(self, window):
         return self.ask(f"combo {window.handle}")
 
+    def choices(self, window):
+        """A list box: [{text, area}]."""
+        return self.ask(f"choices {window.handle}")
+
+    def choose(self, combo, text):
+        """Opens a combo box with the mouse and chooses an entry with the keyboard."""
+        entry = self.entries(combo).index(text)
+        self.click(combo.middle)
+        self.key("Home", *["Down"] * entry, "Return")
+        wait_for(f"{text!r} in {combo}",
+                 lambda: any(w.handle == combo.handle and w.text == text for w in self.windows()))
+
     # Mouse and keyboard -----------------------------------------------------------------------------------
 
     @staticmethod

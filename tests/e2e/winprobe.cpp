@@ -6,6 +6,7 @@
 //   list HWND     a report list: its headings, and of its first rows the texts, rectangle and state
 //   tabs HWND     a tab strip: the rectangle of each tab and which one is selected
 //   combo HWND    a combo box: its entries
+//   choices HWND  a list box: its entries and the rectangle of each
 #include <windows.h>
 
 #include <commctrl.h>
@@ -239,6 +240,22 @@ std::string combo(HWND window) {
     return out.str();
 }
 
+std::string choices(HWND window) {
+    const int count = static_cast<int>(ask(window, LB_GETCOUNT));
+    std::ostringstream out;
+    out << '[';
+    for (int entry = 0; entry < count; ++entry) {
+        TextBuffer text{};
+        RECT area{};
+        ask(window, LB_GETTEXT, static_cast<WPARAM>(entry), asParameter(text.data()));
+        ask(window, LB_GETITEMRECT, static_cast<WPARAM>(entry), asParameter(&area));
+        out << (entry > 0 ? "," : "") << R"({"text":)" << quoted(text.data()) << R"(,"area":)"
+            << shown(toScreen(window, area)) << '}';
+    }
+    out << ']';
+    return out.str();
+}
+
 std::string answer(const std::string& line) {
     std::istringstream words(line);
     std::string command;
@@ -249,6 +266,7 @@ std::string answer(const std::string& line) {
     if (command == "list") return list(window);
     if (command == "tabs") return tabs(window);
     if (command == "combo") return combo(window);
+    if (command == "choices") return choices(window);
     return R"({"error":"unknown command"})";
 }
 

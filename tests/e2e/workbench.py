@@ -5,7 +5,6 @@ import pathlib
 import shutil
 import sqlite3
 import subprocess
-import tempfile
 import unittest
 
 from desktop import PICTURES, PRODUCTS, Desktop, wait_for
@@ -17,12 +16,19 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
+def drive_c():
+    return pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
+
+
 class Workbench:
     """One run of Workbench.exe over a fresh, seeded knowledge base."""
 
     def __init__(self, desktop, view="processes", options=()):
         self.desktop = desktop
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="workbench-"))
+        # On the prefix's own drive, so that the path in the title is the same on every machine.
+        self.folder = drive_c() / "Norvex"
+        shutil.rmtree(self.folder, ignore_errors=True)
+        self.folder.mkdir()
         self.file = self.folder / "knowledge.db"
         self._view = view
         self._options = list(options)
@@ -32,7 +38,7 @@ class Workbench:
     def __enter__(self):
         ready = self.folder / "ready"
         self.process = subprocess.Popen(
-            ["wine", str(PRODUCTS / "Workbench.exe"), "--kb", windows_path(self.file), "--view", self._view,
+            ["wine", str(PRODUCTS / "Workbench.exe"), "--kb", r"C:\Norvex\knowledge.db", "--view", self._view,
              "--ready", windows_path(ready), *self._options],
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         try:
@@ -132,5 +138,4 @@ class WorkbenchTest(unittest.TestCase):
 
 def temporary_files(name):
     """The files of that name in the temporary folders of the prefix's users."""
-    users = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c" / "users"
-    return [path for path in users.rglob(name) if path.is_file()]
+    return [path for path in (drive_c() / "users").rglob(name) if path.is_file()]
