@@ -5,7 +5,8 @@ import subprocess
 import sys
 import tempfile
 
-from desktop import Desktop, wait_for
+from case_dialog import describe_case
+from desktop import Desktop
 from workbench import Workbench
 
 
@@ -32,11 +33,42 @@ def take_processes_view(desktop, album):
 
 
 def take_case_view(desktop, album):
-    with Workbench(desktop, "case") as workbench:
+    with Workbench(desktop, "processes") as workbench:
+        describe_case(desktop, workbench)
         album.add("process-case-view", workbench.refresh())
 
 
-SCENES = [take_processes_view, take_case_view]
+def take_process_menu(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        rows = desktop.rows(workbench.process_list())["rows"]
+        desktop.click(desktop.row_middle(rows[3]), button=3)
+        desktop.one("#32768")
+        album.add("process-menu", workbench.refresh())
+
+
+def take_process_dialog(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        desktop.double_click(desktop.row_middle(desktop.rows(workbench.process_list())["rows"][5]))
+        album.add("process-dialog", workbench.dialog())
+
+
+def take_delete_question(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        desktop.click(desktop.row_middle(desktop.rows(workbench.process_list())["rows"][3]))
+        desktop.key("Delete")
+        workbench.dialog()
+        album.add("delete-question", workbench.refresh())
+
+
+def take_host_dialog(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        desktop.click(workbench.lists()[0].middle)
+        desktop.key("ctrl+2")
+        album.add("case-description", desktop.one("#32770"))
+
+
+SCENES = [take_processes_view, take_case_view, take_process_menu, take_process_dialog, take_delete_question,
+          take_host_dialog]
 
 
 def main():

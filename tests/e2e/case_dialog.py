@@ -1,0 +1,39 @@
+"""The host's dialog that describes a feature case, filled in for an M6 through hole."""
+
+from desktop import wait_for
+
+TYPE = "Threaded hole (metric)"
+VALUES = ("Thread: M6", "Hole: Through")
+
+
+def area_middle(area):
+    left, top, width, height = area
+    return left + width // 2, top + height // 2
+
+
+def visible_choice(desktop, box, text):
+    """The area of a list box's entry, scrolled into view from the entry that was clicked last."""
+    def area():
+        return next(choice["area"] for choice in desktop.choices(box) if choice["text"] == text)
+
+    def is_visible():
+        return area()[1] + area()[3] <= box.area[1] + box.area[3]
+
+    if not is_visible():
+        desktop.key("End")
+        wait_for(f"{text} to be visible", is_visible)
+    return area()
+
+
+def describe_case(desktop, workbench):
+    """Opens the case view through the host's menu key and its dialog, for an M6 through hole."""
+    desktop.click(workbench.lists()[0].middle)
+    desktop.key("ctrl+2")
+    dialog = desktop.one("#32770", "Describe the Feature Case")
+    combos = sorted(desktop.find("ComboBox", inside=dialog), key=lambda w: (w.area[1], w.area[0]))
+    desktop.choose(combos[3], TYPE)
+    box = desktop.find("ListBox", inside=dialog)[0]
+    for value in VALUES:
+        desktop.click(area_middle(visible_choice(desktop, box, value)))
+    desktop.click(desktop.one("Button", "OK", inside=dialog).middle)
+    desktop.gone(dialog)
