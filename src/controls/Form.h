@@ -32,6 +32,9 @@ class FormPeer {
 
 enum class BorderStyle { FixedDialog, Sizable };
 
+/// The numbers under which the state is stored.
+enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
+
 /// A window of the component: a container with a life cycle. Forms are created on first use, loaded (their
 /// window exists, hidden), shown embedded or modally, and unloaded, after which they may be loaded again.
 class Form : public Container {
@@ -61,6 +64,12 @@ class Form : public Container {
     /// A person closed the window by its close box or Escape: the cancel button's click where there is one,
     /// otherwise unload.
     void close();
+
+    /// How a person left the window that is not embedded. Its bounds() are then the whole window in its
+    /// normal state, on the screen; nothing while it was never shown that way, which centres it on its
+    /// owner. Both may be restored before the window is shown; only a sizable one takes the size.
+    WindowState windowState() const { return windowState_; }
+    void setWindowState(WindowState state) { windowState_ = state; }
 
     BorderStyle borderStyle() const { return borderStyle_; }
     Size clientSize() const { return clientSize_; }
@@ -95,6 +104,7 @@ class Form : public Container {
     bool shown_ = false;
     bool modal_ = false;
     WindowHandle embeddedIn_ = 0;
+    WindowState windowState_ = WindowState::Normal;
     BorderStyle borderStyle_ = BorderStyle::FixedDialog;
     Size clientSize_{6000, 4000};
     Size minimumSize_{};

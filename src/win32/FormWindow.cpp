@@ -89,6 +89,10 @@ RECT FormWindow::outerRect(Size client) const {
 RECT FormWindow::placement() const {
     RECT outer = outerRect(model()->clientSize());
     const Rect& saved = model()->bounds();
+    if (model()->borderStyle() == BorderStyle::Sizable && saved.width > 0 && saved.height > 0) {
+        outer.right = scale_.pixels(saved.width);
+        outer.bottom = scale_.pixels(saved.height);
+    }
     ::OffsetRect(&outer, scale_.pixels(saved.left), scale_.pixels(saved.top));
     return outer;
 }
@@ -158,7 +162,13 @@ void FormWindow::limitSize(MINMAXINFO& limits) const {
 }
 
 void FormWindow::keepPlace() {
-    if (embedded_ || !::IsWindowVisible(window()) || ::IsIconic(window()) || ::IsZoomed(window())) return;
+    if (embedded_ || !::IsWindowVisible(window())) return;
+    const bool minimized = ::IsIconic(window()) != FALSE;
+    const bool maximized = ::IsZoomed(window()) != FALSE;
+    model()->setWindowState(minimized   ? WindowState::Minimized
+                            : maximized ? WindowState::Maximized
+                                        : WindowState::Normal);
+    if (minimized || maximized) return;
     RECT at{};
     ::GetWindowRect(window(), &at);
     const bool wasSettled = std::exchange(settled_, false);
@@ -212,6 +222,14 @@ void FormWindow::makeTopLevel(HWND owner) {
     ::SetWindowLongPtrW(window(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
 }
 
+void FormWindow::takeIcon(HWND owner) const {
+    if (owner == nullptr || model()->borderStyle() != BorderStyle::Sizable) return;
+    for (const WPARAM size : {ICON_SMALL, ICON_BIG}) {
+        const LRESULT icon = ::SendMessageW(owner, WM_GETICON, size, 0);
+        if (icon != 0) ::SendMessageW(window(), WM_SETICON, size, icon);
+    }
+}
+
 void FormWindow::runModal(HWND owner) {
     const auto modal = std::make_shared<ModalLoop>(owner);
     modal_ = modal;
@@ -229,7 +247,10 @@ void FormWindow::runModal(HWND owner) {
     ::SetWindowPos(window(), HWND_TOP, at.left, at.top, at.right - at.left, at.bottom - at.top,
                    SWP_FRAMECHANGED);
     arrange();
-    ::ShowWindow(window(), SW_SHOWNORMAL);
+    takeIcon(modal->owner());
+    const bool maximized =
+        model()->windowState() == WindowState::Maximized && model()->borderStyle() == BorderStyle::Sizable;
+    ::ShowWindow(window(), maximized ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
     ::SetActiveWindow(window());
     focusFirst();
     const HWND handle = window();

@@ -85,6 +85,8 @@ class FormWindow : public ContainerPeer {
     Form* model() const { return static_cast<Form*>(control()); }
     DWORD captionedStyle() const;
     void makeTopLevel(HWND owner);
+    /// A window of the host's bears the host's icon.
+    void takeIcon(HWND owner) const;
     void layOut(int width, int height);
     void placeMoved();
     void focusFirst();

@@ -9,6 +9,7 @@ namespace pellmark {
 
 namespace {
 
+constexpr Twips kSpaceBetweenLines = 5 * kTwipsPerPixelAt96Dpi;
 constexpr int kRowsSearchedForATypedText = 20000;
 
 bool beginsWith(const std::wstring& text, const std::wstring& prefix) {
@@ -23,7 +24,8 @@ TablePeer::TablePeer(FormWindow& form, Control& control, std::unique_ptr<ShownTa
     : ControlPeer(form, control), table_(std::move(table)) {}
 
 void TablePeer::create(HWND parent, bool movableColumns) {
-    createWindow(parent, WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | WS_BORDER);
+    createWindow(parent, WC_LISTVIEWW,
+                 LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | WS_BORDER);
     DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     if (movableColumns) extended |= LVS_EX_HEADERDRAGDROP;
     ::SendMessageW(window(), LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
@@ -31,6 +33,7 @@ void TablePeer::create(HWND parent, bool movableColumns) {
     header_.emplace(window(), *table_);
     painter_.emplace(window(), *table_, *header_);
     watchInner(header_->window());
+    fitRows();
     showAll();
 }
 
@@ -69,7 +72,22 @@ void TablePeer::scrollTo(int row) {
 void TablePeer::rescale() {
     painter_->forgetFonts();
     ControlPeer::rescale();
+    fitRows();
     header_->rebuild(scale());
+}
+
+void TablePeer::fitRows() {
+    TEXTMETRICW metrics{};
+    const HDC canvas = ::GetDC(window());
+    const HGDIOBJ old = ::SelectObject(canvas, form().font());
+    ::GetTextMetricsW(canvas, &metrics);
+    ::SelectObject(canvas, old);
+    ::ReleaseDC(window(), canvas);
+    // Rows are as high as the list's pictures, of which there are none: one of the wanted height says so.
+    const int height = static_cast<int>(metrics.tmHeight) + scale().pixels(kSpaceBetweenLines);
+    Handle<HIMAGELIST, &::ImageList_Destroy> pictures(::ImageList_Create(1, height, ILC_COLOR, 0, 1));
+    ::SendMessageW(window(), LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(pictures.get()));
+    rowHeight_ = std::move(pictures);
 }
 
 void TablePeer::controlChanged(ControlChange change) {

@@ -6,6 +6,7 @@
 
 #include "controls/Grid.h"
 #include "win32/ControlPeer.h"
+#include "win32/Handles.h"
 #include "win32/ShownTable.h"
 #include "win32/TableHeader.h"
 #include "win32/TablePainter.h"
@@ -59,12 +60,14 @@ class TablePeer : public ControlPeer {
     void fillItem(LVITEMW& item) const;
     int findItem(const NMLVFINDITEMW& wanted) const;
     void tipFor(POINT at);
+    void fitRows();
 
     std::unique_ptr<ShownTable> table_;
     std::optional<TableSelection> selection_;
     std::optional<TableHeader> header_;
     std::optional<TablePainter> painter_;
     Cell tipCell_;
+    Handle<HIMAGELIST, &::ImageList_Destroy> rowHeight_;
 };
 
 }  // namespace pellmark

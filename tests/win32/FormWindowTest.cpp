@@ -251,6 +251,64 @@ TEST_F(FormWindowTest, AModalFormStandsCentredOnItsOwner) {
     EXPECT_NEAR(at.top + at.bottom, owner.top + owner.bottom, 2);
 }
 
+TEST_F(FormWindowTest, AModalFormStandsWhereAPersonLeftIt) {
+    form->setBounds({1500, 2250, 10500, 7500});
+    RECT at{};
+    runModal({[&] { return isShownModally(); },
+              [&] {
+                  ::GetWindowRect(window(), &at);
+                  ::SetWindowPos(window(), nullptr, 120, 160, 800, 600, SWP_NOZORDER);
+                  form->unload();
+                  return true;
+              }});
+    EXPECT_EQ(at.left, 100);
+    EXPECT_EQ(at.top, 150);
+    EXPECT_EQ(at.right - at.left, 700);
+    EXPECT_EQ(form->bounds(), (Rect{1800, 2400, 12000, 9000}));
+}
+
+TEST_F(FormWindowTest, AFixedFormKeepsItsDesignedSizeWhateverIsRestored) {
+    form->setBorderStyle(BorderStyle::FixedDialog);
+    form->setBounds({1500, 2250, 10500, 7500});
+    RECT client{};
+    runModal({[&] { return isShownModally(); },
+              [&] {
+                  ::GetClientRect(window(), &client);
+                  form->unload();
+                  return true;
+              }});
+    EXPECT_EQ(client.right, 600);
+    EXPECT_EQ(client.bottom, 400);
+}
+
+TEST_F(FormWindowTest, AMaximizedFormIsShownSoAndKeepsItsNormalBounds) {
+    form->setBounds({1500, 2250, 10500, 7500});
+    form->setWindowState(WindowState::Maximized);
+    bool wasMaximized = false;
+    runModal({[&] { return isShownModally(); },
+              [&] {
+                  wasMaximized = ::IsZoomed(window()) != FALSE;
+                  form->unload();
+                  return true;
+              }});
+    EXPECT_TRUE(wasMaximized);
+    EXPECT_EQ(form->windowState(), WindowState::Maximized);
+    EXPECT_EQ(form->bounds(), (Rect{1500, 2250, 10500, 7500}));
+}
+
+TEST_F(FormWindowTest, ARestoredPlaceOffTheScreenIsBroughtIntoView) {
+    form->setBounds({-90000, -90000, 10500, 7500});
+    RECT at{};
+    runModal({[&] { return isShownModally(); },
+              [&] {
+                  ::GetWindowRect(window(), &at);
+                  form->unload();
+                  return true;
+              }});
+    EXPECT_GE(at.left, 0);
+    EXPECT_GE(at.top, 0);
+}
+
 TEST_F(FormWindowTest, AnExceptionInAHandlerIsRecordedAndNotThrownAcross) {
     embed();
     const auto click = form->ok.clicked.subscribe([] { throw Error(5, "Test", "on purpose"); });
