@@ -70,8 +70,9 @@ std::optional<Guid> Guid::parse(std::string_view text) {
 
 Guid Guid::random() {
     // Straight from the system: a generator seeded with one number of 32 bits would repeat the ids of another
-    // run sooner or later, and a forked process those of its parent at once.
-    static thread_local std::random_device source;
+    // run sooner or later, and a forked process those of its parent at once. Not kept for the thread: its end
+    // would then have to come before a library with this code could be unloaded.
+    std::random_device source;
     Guid guid;
     const std::array<std::uint32_t, 4> parts{source(), source(), source(), source()};
     static_assert(sizeof(parts) == sizeof(guid.bytes));

@@ -14,7 +14,8 @@ struct HookOfThread {
     HHOOK hook = nullptr;
     std::vector<DialogKeys*> forms;
 };
-thread_local HookOfThread hookOfThread;
+// A plain pointer: a thread's object with a destructor keeps the DLL loaded until the host's thread ends.
+thread_local HookOfThread* hookOfThread = nullptr;
 
 bool isDown(int key) {
     return ::GetKeyState(key) < 0;
@@ -30,27 +31,28 @@ bool isInMenu() {
 }  // namespace
 
 DialogKeys::DialogKeys(FormWindow& form) : form_(form) {
-    HookOfThread& here = hookOfThread;
-    here.forms.push_back(this);
-    if (here.hook == nullptr) {
-        here.hook = ::SetWindowsHookExW(WH_GETMESSAGE, &hookProcedure, nullptr, ::GetCurrentThreadId());
+    if (hookOfThread == nullptr) {
+        hookOfThread = new HookOfThread;
+        hookOfThread->hook =
+            ::SetWindowsHookExW(WH_GETMESSAGE, &hookProcedure, nullptr, ::GetCurrentThreadId());
     }
+    hookOfThread->forms.push_back(this);
 }
 
 DialogKeys::~DialogKeys() {
-    HookOfThread& here = hookOfThread;
-    std::erase(here.forms, this);
-    if (here.forms.empty() && here.hook != nullptr) {
-        ::UnhookWindowsHookEx(here.hook);
-        here.hook = nullptr;
+    std::erase(hookOfThread->forms, this);
+    if (hookOfThread->forms.empty()) {
+        if (hookOfThread->hook != nullptr) ::UnhookWindowsHookEx(hookOfThread->hook);
+        delete hookOfThread;
+        hookOfThread = nullptr;
     }
 }
 
 LRESULT CALLBACK DialogKeys::hookProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
-    if (code == HC_ACTION && wParam == PM_REMOVE) {
+    if (code == HC_ACTION && wParam == PM_REMOVE && hookOfThread != nullptr) {
         auto& message = *reinterpret_cast<MSG*>(lParam);
         if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) {
-            const auto& forms = hookOfThread.forms;
+            const auto& forms = hookOfThread->forms;
             const auto owner = std::find_if(forms.begin(), forms.end(),
                                             [&](const DialogKeys* each) { return each->isOurs(message); });
             if (owner != forms.end() && (*owner)->isNavigation(message)) {
