@@ -12,6 +12,8 @@ namespace pellmark {
 namespace {
 
 constexpr unsigned long kTimedOut = 124;
+constexpr ULONGLONG kLimitMilliseconds = 60000;
+constexpr DWORD kPollMilliseconds = 20;
 
 std::string readAll(HANDLE pipe) {
     std::string text;
@@ -26,7 +28,7 @@ std::string readAll(HANDLE pipe) {
 
 }  // namespace
 
-ChildResult runChild(const std::wstring& commandLine, unsigned long limitMilliseconds) {
+ChildResult runChild(const std::wstring& commandLine, const WhileRunning& whileRunning) {
     SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
     HANDLE reading = nullptr;
     HANDLE writing = nullptr;
@@ -51,9 +53,13 @@ ChildResult runChild(const std::wstring& commandLine, unsigned long limitMillise
 
     ChildResult result;
     std::thread reader([&] { result.output = readAll(reading); });
-    if (WaitForSingleObject(process.hProcess, limitMilliseconds) != WAIT_OBJECT_0) {
-        TerminateProcess(process.hProcess, kTimedOut);
-        WaitForSingleObject(process.hProcess, INFINITE);
+    const ULONGLONG end = GetTickCount64() + kLimitMilliseconds;
+    while (WaitForSingleObject(process.hProcess, kPollMilliseconds) == WAIT_TIMEOUT) {
+        if (GetTickCount64() > end) {
+            TerminateProcess(process.hProcess, kTimedOut);
+        } else if (whileRunning) {
+            whileRunning(process.dwProcessId);
+        }
     }
     reader.join();
     GetExitCodeProcess(process.hProcess, &result.exitCode);

@@ -39,6 +39,7 @@ HRESULT createByName(ComPtr<_Application>& object) {
 
 TEST(SideBySideTest, TheClassIsFoundThroughTheManifestAlone) {
     const Apartment apartment;
+    LoadedServer().unregisterServer();
     ComPtr<_Application> object;
     ASSERT_TRUE(FAILED(createByName(object))) << "the class is registered, so this test would show nothing";
     {

@@ -1,5 +1,7 @@
 #include "com/adapters/DispatchObject.h"
 
+#include <dispex.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <vector>
@@ -140,12 +142,24 @@ std::string DispatchObject::qualified(std::string_view member) const {
     return name_ + "." + std::string(member);
 }
 
+namespace {
+
+/// Some script engines let the members of their own classes be found through the newer interface alone.
+HRESULT findExpanded(const ComPtr<IDispatch>& object, std::string_view member, DISPID& id) {
+    const ComPtr<IDispatchEx> expanded = object.query<IDispatchEx>();
+    if (!expanded) return E_NOTIMPL;
+    return expanded->GetDispID(Bstr(member).get(), fdexNameCaseInsensitive, &id);
+}
+
+}  // namespace
+
 std::optional<DISPID> DispatchObject::find(std::string_view member) {
     if (const auto known = ids_.find(member); known != ids_.end()) return known->second;
     std::wstring name = wideFromUtf8(member);
     LPOLESTR names[] = {name.data()};
     DISPID id = DISPID_UNKNOWN;
-    const HRESULT result = object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+    HRESULT result = object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+    if (result == E_NOTIMPL) result = findExpanded(object_, member, id);
     std::optional<DISPID> found;
     if (SUCCEEDED(result)) found = id;
     ids_.emplace(member, found);

@@ -1,0 +1,171 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "LoadedServer.h"
+#include "TestObject.h"
+#include "support/win32/ResourceCounts.h"
+
+namespace pellmark {
+namespace {
+
+using test::ResourceCounts;
+
+/// Makes the classes of a shipped manifest known to the calling thread for as long as it lives.
+class Manifest {
+  public:
+    explicit Manifest(const wchar_t* file) {
+        const std::wstring path = programFolder() + L"\\" + file;
+        ACTCTXW request{};
+        request.cbSize = sizeof request;
+        request.lpSource = path.c_str();
+        context_ = CreateActCtxW(&request);
+        if (context_ == INVALID_HANDLE_VALUE || !ActivateActCtx(context_, &cookie_)) {
+            throw std::runtime_error("no activation context");
+        }
+    }
+    Manifest(const Manifest&) = delete;
+    Manifest& operator=(const Manifest&) = delete;
+    ~Manifest() {
+        DeactivateActCtx(0, cookie_);
+        ReleaseActCtx(context_);
+    }
+
+  private:
+    HANDLE context_ = INVALID_HANDLE_VALUE;
+    ULONG_PTR cookie_ = 0;
+};
+
+BOOL CALLBACK countWindow(HWND, LPARAM count) {
+    ++*reinterpret_cast<int*>(count);
+    return TRUE;
+}
+
+int windowsOfThisThread() {
+    int count = 0;
+    EnumThreadWindows(GetCurrentThreadId(), &countWindow, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
+int childrenOf(HWND window) {
+    int count = 0;
+    EnumChildWindows(window, &countWindow, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
+/// A host window, a host object that names it, and the host's library through its manifest.
+class LifetimeTest : public testing::Test {
+  protected:
+    LifetimeTest() {
+        host_->set(L"MainWindowHandle", static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window_)));
+        host_->set(L"InstallationFolder", "C:\\Norvex\\");
+        host_->set(L"CurrentUnit", std::int16_t{71});
+        const ComPtr<TestObject> settings = TestObject::make();
+        settings->set(L"LanguageCode", std::int16_t{0});
+        host_->set(L"LanguageSettings", ComPtr<IDispatch>(settings.get()));
+    }
+    ~LifetimeTest() override { DestroyWindow(window_); }
+
+    static void SetUpTestSuite() {
+        // a knowledge base of the test's own, seeded by the host's library
+        SetEnvironmentVariableW(L"NORVEX_KNOWLEDGE_BASE", (programFolder() + L"\\lifetime-test.db").c_str());
+    }
+    static void TearDownTestSuite() { SetEnvironmentVariableW(L"NORVEX_KNOWLEDGE_BASE", nullptr); }
+
+    ComPtr<_Application> showOnce() {
+        ComPtr<_Application> object = server_->create();
+        IDispatch* host = host_.get();
+        VARIANT result;
+        EXPECT_EQ(object->ShowWindowProcessesView(&host, nullptr, &result), S_OK);
+        return object;
+    }
+    void dispatchMessages() {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            DispatchMessageW(&message);
+        }
+    }
+    void useOnce(bool dispose) {
+        ComPtr<_Application> object = showOnce();
+        dispatchMessages();
+        VARIANT result;
+        if (dispose) object->Dispose(&result);
+        object = nullptr;
+        dispatchMessages();
+    }
+
+    Apartment apartment_;
+    Manifest manifest_{L"Norvex.manifest"};
+    std::optional<LoadedServer> server_{std::in_place};
+    HWND window_ = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700,
+                                   nullptr, nullptr, nullptr, nullptr);
+    ComPtr<TestObject> host_ = TestObject::make();
+};
+
+TEST_F(LifetimeTest, TheViewStandsInsideTheHostsWindowUntilDispose) {
+    const ComPtr<_Application> object = showOnce();
+    EXPECT_GT(childrenOf(window_), 1);
+    VARIANT result;
+    object->Dispose(&result);
+    EXPECT_EQ(childrenOf(window_), 0);
+}
+
+TEST_F(LifetimeTest, ReleasingWithoutDisposeTakesTheViewAwayToo) {
+    useOnce(false);
+    EXPECT_EQ(childrenOf(window_), 0);
+}
+
+TEST_F(LifetimeTest, OnceItIsNoLongerUsedTheDllCanBeUnloaded) {
+    useOnce(true);
+    EXPECT_NE(GetModuleHandleW(L"Pellmark.dll"), nullptr);
+    server_.reset();
+    EXPECT_EQ(GetModuleHandleW(L"Pellmark.dll"), nullptr);
+}
+
+TEST_F(LifetimeTest, TwoHundredUsesLeaveNothingBehind) {
+    constexpr int kWarmUp = 20;
+    constexpr int kUses = 200;
+    for (int i = 0; i < kWarmUp; ++i) {
+        useOnce(i % 2 == 0);
+    }
+    const ResourceCounts before = ResourceCounts::now();
+    const int windows = windowsOfThisThread();
+    for (int i = 0; i < kUses; ++i) {
+        useOnce(i % 2 == 0);
+    }
+    const ResourceCounts left = ResourceCounts::now() - before;
+    // one object per use would be 200; a cache of the system's may still grow by a few
+    EXPECT_LT(left.user, kUses / 20) << left;
+    EXPECT_LT(left.gdi, kUses / 20) << left;
+    EXPECT_LT(left.kernel, kUses / 20) << left;
+    EXPECT_EQ(windowsOfThisThread(), windows);
+    EXPECT_EQ(childrenOf(window_), 0);
+    EXPECT_EQ(host_->references(), 1U);
+    EXPECT_EQ(server_->canUnloadNow(), S_OK);
+}
+
+TEST(ResourceCountsTest, LeakedObjectsOfEachKindAreSeen) {
+    constexpr int kLeaked = 100;
+    const ResourceCounts before = ResourceCounts::now();
+    HMENU menus[kLeaked];
+    HPEN pens[kLeaked];
+    HANDLE events[kLeaked];
+    for (int i = 0; i < kLeaked; ++i) {
+        menus[i] = CreateMenu();
+        pens[i] = CreatePen(PS_SOLID, 1, static_cast<COLORREF>(i));
+        events[i] = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    }
+    const ResourceCounts left = ResourceCounts::now() - before;
+    for (int i = 0; i < kLeaked; ++i) {
+        DestroyMenu(menus[i]);
+        DeleteObject(pens[i]);
+        CloseHandle(events[i]);
+    }
+    // freed places below the highest are filled first
+    EXPECT_GT(left.user, kLeaked / 2);
+    EXPECT_GE(left.gdi, kLeaked);
+    EXPECT_GE(left.kernel, kLeaked);
+}
+
+}  // namespace
+}  // namespace pellmark

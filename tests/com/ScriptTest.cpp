@@ -1,0 +1,88 @@
+#include <gtest/gtest.h>
+
+#include "ChildProgram.h"
+#include "LoadedServer.h"
+
+namespace pellmark {
+namespace {
+
+/// A library with the usual entry points, registered for everybody while this lives.
+class Registered {
+  public:
+    explicit Registered(const wchar_t* dll) : module_(LoadLibraryW((programFolder() + L"\\" + dll).c_str())) {
+        if (module_ == nullptr || FAILED(call("DllRegisterServer")))
+            throw std::runtime_error("not registered");
+    }
+    Registered(const Registered&) = delete;
+    Registered& operator=(const Registered&) = delete;
+    ~Registered() {
+        call("DllUnregisterServer");
+        FreeLibrary(module_);
+    }
+
+  private:
+    HRESULT call(const char* name) {
+        using Entry = HRESULT STDAPICALLTYPE();
+        auto* const entry = reinterpret_cast<Entry*>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
+        return entry == nullptr ? E_NOINTERFACE : entry();
+    }
+
+    HMODULE module_;
+};
+
+/// Scripts run by the system's own script host, which knows the two libraries by their registration alone.
+class ScriptTest : public testing::Test {
+  protected:
+    ScriptTest() {
+        wchar_t folder[MAX_PATH] = {};
+        GetTempPathW(MAX_PATH, folder);
+        SetEnvironmentVariableW(L"NORVEX_KNOWLEDGE_BASE", (std::wstring(folder) + L"script-test.db").c_str());
+    }
+    ~ScriptTest() override { SetEnvironmentVariableW(L"NORVEX_KNOWLEDGE_BASE", nullptr); }
+
+    static ChildResult run(const wchar_t* script, const WhileRunning& whileRunning = {}) {
+        return runChild(
+            L"cscript.exe //nologo \"" + programFolder() + L"\\samples\\vbscript\\" + script + L"\"",
+            whileRunning);
+    }
+
+    Apartment apartment_;
+    Registered host_{L"Norvex.dll"};
+    Registered component_{L"Pellmark.dll"};
+};
+
+testing::AssertionResult says(const ChildResult& result, const std::string& line) {
+    if (("\n" + result.output).find("\n" + line) != std::string::npos) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "no line that begins with \"" << line << "\" in:\n"
+                                       << result.output;
+}
+
+TEST_F(ScriptTest, AScriptShowsTheProcessesAndReadsTheComponentsMembers) {
+    const ChildResult result = run(L"processes.vbs");
+    EXPECT_TRUE(says(result, "Processes in the knowledge base: "));
+    EXPECT_FALSE(says(result, "Processes in the knowledge base: 0\n"));
+    EXPECT_TRUE(says(result, "The list is shown; the call's result is empty: True\n"));
+    EXPECT_TRUE(says(result, "The component keeps the host object: True\n"));
+    EXPECT_TRUE(says(result, "CurrentView is now 1\n"));
+    EXPECT_TRUE(says(result, "Without a host nothing happens: True\n"));
+    EXPECT_TRUE(says(result, "Disposed; the host object is given back: True\n"));
+}
+
+TEST_F(ScriptTest, WrongCallsOfAScriptAreAnsweredWithAText) {
+    const ChildResult result = run(L"processes.vbs");
+    EXPECT_TRUE(says(result, "A number in the host's place: error D: Type mismatch\n"));
+    EXPECT_TRUE(says(result,
+                     "An object that is no host: error 65F9: NvxApplication is not the host's application "
+                     "object: it has no member MainWindowHandle\n"));
+    EXPECT_TRUE(says(result, "A case without its values: error "));
+    EXPECT_TRUE(says(result, "A unit out of range: error 6: Overflow\n"));
+    EXPECT_TRUE(says(result, "A method that does not exist: error "));
+}
+
+TEST_F(ScriptTest, AClassOfAScriptStandsInForTheHost) {
+    const ChildResult result = run(L"openprocess.vbs");
+    EXPECT_TRUE(says(result, "No process was picked.\n"));
+}
+
+}  // namespace
+}  // namespace pellmark
