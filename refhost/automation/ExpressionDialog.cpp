@@ -9,8 +9,8 @@ namespace norvex {
 namespace {
 
 constexpr const wchar_t* kTerms[] = {
-    L"Diameter", L"Depth", L"Width", L"Length", L"CornerRadius", L"Tolerance", L"Hardness", L" = ", L" <> ",
-    L" < ",      L" <= ",  L" > ",   L" >= ",   L" And ",        L" Or ",      L"Not ",     L"( )"};
+    L"Diameter", L"Depth", L"Width", L"Length", L"CornerRadius", L"Tolerance", L"Thread", L"Ra",  L" = ",
+    L" <> ",     L" < ",   L" <= ",  L" > ",    L" >= ",         L" and ",     L" or ",   L"not "};
 
 std::wstring textOf(HWND control) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
