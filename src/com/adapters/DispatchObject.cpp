@@ -74,7 +74,8 @@ const char* reasonOf(HRESULT code) {
 }  // namespace
 
 DispatchResult::DispatchResult(VariantArg value, std::string member)
-    : value_(VariantArg::dereferenced(value.get())), member_(std::move(member)) {}
+    : value_((value.type() & VT_BYREF) != 0 ? VariantArg::dereferenced(value.get()) : std::move(value)),
+      member_(std::move(member)) {}
 
 void DispatchResult::failBecause(const std::string& reason) const {
     throwInterfaceError(member_, reason);
