@@ -30,6 +30,27 @@ class Registered {
     HMODULE module_;
 };
 
+struct Seeker {
+    DWORD process;
+    HWND found;
+};
+
+BOOL CALLBACK seekVisibleWindow(HWND window, LPARAM parameter) {
+    auto& seeker = *reinterpret_cast<Seeker*>(parameter);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process != seeker.process || !IsWindowVisible(window)) return TRUE;
+    seeker.found = window;
+    return FALSE;
+}
+
+/// A visible top-level window of another program; null when it has none.
+HWND visibleWindowOf(DWORD process) {
+    Seeker seeker{process, nullptr};
+    EnumWindows(&seekVisibleWindow, reinterpret_cast<LPARAM>(&seeker));
+    return seeker.found;
+}
+
 /// Scripts run by the system's own script host, which knows the two libraries by their registration alone.
 class ScriptTest : public testing::Test {
   protected:
@@ -79,8 +100,15 @@ TEST_F(ScriptTest, WrongCallsOfAScriptAreAnsweredWithAText) {
     EXPECT_TRUE(says(result, "A method that does not exist: error "));
 }
 
-TEST_F(ScriptTest, AClassOfAScriptStandsInForTheHost) {
-    const ChildResult result = run(L"openprocess.vbs");
+TEST_F(ScriptTest, AClassOfAScriptStandsInForTheHostAndAClosedPickerPicksNothing) {
+    bool shown = false;
+    const ChildResult result = run(L"openprocess.vbs", [&](unsigned long process) {
+        if (const HWND picker = visibleWindowOf(process)) {
+            shown = true;
+            PostMessageW(picker, WM_CLOSE, 0, 0);
+        }
+    });
+    EXPECT_TRUE(shown);
     EXPECT_TRUE(says(result, "No process was picked.\n"));
 }
 
