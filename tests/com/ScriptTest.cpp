@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
+
 #include "ChildProgram.h"
 #include "LoadedServer.h"
 
@@ -49,6 +51,27 @@ HWND visibleWindowOf(DWORD process) {
     Seeker seeker{process, nullptr};
     EnumWindows(&seekVisibleWindow, reinterpret_cast<LPARAM>(&seeker));
     return seeker.found;
+}
+
+struct Caption {
+    const wchar_t* text;
+    HWND found;
+};
+
+BOOL CALLBACK seekCaption(HWND window, LPARAM parameter) {
+    auto& caption = *reinterpret_cast<Caption*>(parameter);
+    wchar_t text[64] = {};
+    GetWindowTextW(window, text, static_cast<int>(std::size(text)));
+    if (std::wstring(text) != caption.text) return TRUE;
+    caption.found = window;
+    return FALSE;
+}
+
+/// The control with this caption anywhere inside a window; null when there is none.
+HWND descendantOf(HWND window, const wchar_t* text) {
+    Caption caption{text, nullptr};
+    EnumChildWindows(window, &seekCaption, reinterpret_cast<LPARAM>(&caption));
+    return caption.found;
 }
 
 /// Scripts run by the system's own script host, which knows the two libraries by their registration alone.
@@ -110,6 +133,15 @@ TEST_F(ScriptTest, AClassOfAScriptStandsInForTheHostAndAClosedPickerPicksNothing
     });
     EXPECT_TRUE(shown);
     EXPECT_TRUE(says(result, "No process was picked.\n"));
+}
+
+TEST_F(ScriptTest, TheProcessThatIsSelectedWhenTheUserConfirmsIsTheScriptsResult) {
+    const ChildResult result = run(L"openprocess.vbs", [](unsigned long process) {
+        const HWND picker = visibleWindowOf(process);
+        const HWND confirm = picker == nullptr ? nullptr : descendantOf(picker, L"OK");
+        if (confirm != nullptr) PostMessageW(confirm, BM_CLICK, 0, 0);
+    });
+    EXPECT_TRUE(says(result, "Picked: {"));
 }
 
 }  // namespace
