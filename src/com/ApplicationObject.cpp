@@ -196,6 +196,10 @@ void ApplicationObject::putProperty(Member member, const DISPPARAMS& arguments) 
 }
 
 std::string ApplicationObject::perform(Member member, const MethodCall& call) {
+    // windows belong to the thread that made them; a host that passes the bare pointer on is told so
+    if (::GetCurrentThreadId() != thread_) {
+        throw CallError(RPC_E_WRONG_THREAD, "The component must be called on the thread that created it");
+    }
     const RunningCall running(*this);
     if (member == Member::Dispose) {
         disposeRequested_ = true;

@@ -110,6 +110,7 @@ class ApplicationObject final : public _Application, public ISupportErrorInfo, p
     std::atomic<ULONG> references_{1};
     std::unique_ptr<ApplicationCalls> calls_;
     ComPtr<IDispatch> norvexApplication_;
+    DWORD thread_ = ::GetCurrentThreadId();
     int runningCalls_ = 0;
     bool disposeRequested_ = false;
     bool disposed_ = false;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "ErrorText.h"
 #include "RecordingCalls.h"
 #include "TestObject.h"
@@ -342,6 +344,13 @@ TEST_F(ApplicationObjectTest, AnEarlyBoundFailureLeavesItsText) {
     const ComPtr<ISupportErrorInfo> support = object_.query<ISupportErrorInfo>();
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__Application), S_OK);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IUnknown), S_FALSE);
+}
+
+TEST_F(ApplicationObjectTest, ACallOnAnotherThreadThanItsOwnIsRefused) {
+    HRESULT code = S_OK;
+    std::thread([&] { code = invoke(Member::ShowWindowProcessesView, {host()}); }).join();
+    EXPECT_EQ(code, RPC_E_WRONG_THREAD);
+    EXPECT_TRUE(log_.calls.empty());
 }
 
 TEST_F(ApplicationObjectTest, TheInterfacesOfTheObjectAreOneIdentity) {

@@ -85,9 +85,8 @@ class ScriptTest : public testing::Test {
     ~ScriptTest() override { SetEnvironmentVariableW(L"NORVEX_KNOWLEDGE_BASE", nullptr); }
 
     static ChildResult run(const wchar_t* script, const WhileRunning& whileRunning = {}) {
-        return runChild(
-            L"cscript.exe //nologo \"" + programFolder() + L"\\samples\\vbscript\\" + script + L"\"",
-            whileRunning);
+        return runChild(L"cscript.exe //nologo \"" + programFolder() + L"\\samples\\" + script + L"\"",
+                        whileRunning);
     }
 
     Apartment apartment_;
@@ -102,7 +101,7 @@ testing::AssertionResult says(const ChildResult& result, const std::string& line
 }
 
 TEST_F(ScriptTest, AScriptShowsTheProcessesAndReadsTheComponentsMembers) {
-    const ChildResult result = run(L"processes.vbs");
+    const ChildResult result = run(L"vbscript\\processes.vbs");
     EXPECT_TRUE(says(result, "Processes in the knowledge base: "));
     EXPECT_FALSE(says(result, "Processes in the knowledge base: 0\n"));
     EXPECT_TRUE(says(result, "The list is shown; the call's result is empty: True\n"));
@@ -113,7 +112,7 @@ TEST_F(ScriptTest, AScriptShowsTheProcessesAndReadsTheComponentsMembers) {
 }
 
 TEST_F(ScriptTest, WrongCallsOfAScriptAreAnsweredWithAText) {
-    const ChildResult result = run(L"processes.vbs");
+    const ChildResult result = run(L"vbscript\\processes.vbs");
     EXPECT_TRUE(says(result, "A number in the host's place: error D: Type mismatch\n"));
     EXPECT_TRUE(says(result,
                      "An object that is no host: error 65F9: NvxApplication is not the host's application "
@@ -125,7 +124,7 @@ TEST_F(ScriptTest, WrongCallsOfAScriptAreAnsweredWithAText) {
 
 TEST_F(ScriptTest, AClassOfAScriptStandsInForTheHostAndAClosedPickerPicksNothing) {
     bool shown = false;
-    const ChildResult result = run(L"openprocess.vbs", [&](unsigned long process) {
+    const ChildResult result = run(L"vbscript\\openprocess.vbs", [&](unsigned long process) {
         if (const HWND picker = visibleWindowOf(process)) {
             shown = true;
             PostMessageW(picker, WM_CLOSE, 0, 0);
@@ -136,12 +135,18 @@ TEST_F(ScriptTest, AClassOfAScriptStandsInForTheHostAndAClosedPickerPicksNothing
 }
 
 TEST_F(ScriptTest, TheProcessThatIsSelectedWhenTheUserConfirmsIsTheScriptsResult) {
-    const ChildResult result = run(L"openprocess.vbs", [](unsigned long process) {
+    const ChildResult result = run(L"vbscript\\openprocess.vbs", [](unsigned long process) {
         const HWND picker = visibleWindowOf(process);
         const HWND confirm = picker == nullptr ? nullptr : descendantOf(picker, L"OK");
         if (confirm != nullptr) PostMessageW(confirm, BM_CLICK, 0, 0);
     });
     EXPECT_TRUE(says(result, "Picked: {"));
+}
+
+TEST_F(ScriptTest, AnArrayOfJScriptIsTakenForTheValues) {
+    const ChildResult result = run(L"jscript\\case.js");
+    EXPECT_TRUE(says(result, "Shown for one value of feature type {"));
+    EXPECT_TRUE(says(result, "A number in the array's place: error 5\n"));
 }
 
 }  // namespace
