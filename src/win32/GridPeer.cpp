@@ -56,7 +56,11 @@ void GridPeer::modelChanged(const GridChange& change) {
             showColumns();
             break;
         case GridChange::What::Selection:
-            selection().show();
+            if (row < 0) {
+                selection().show();
+            } else {
+                selection().showRow(row);
+            }
             break;
         case GridChange::What::Current:
             selection().showCurrent();

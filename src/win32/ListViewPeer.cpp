@@ -24,7 +24,11 @@ void ListViewPeer::modelChanged(const ListChange& change) {
             showColumns();
             break;
         case ListChange::What::Selection:
-            selection().show();
+            if (change.index < 0) {
+                selection().show();
+            } else {
+                selection().showRow(change.index);
+            }
             break;
         case ListChange::What::Current:
             selection().showCurrent();

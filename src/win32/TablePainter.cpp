@@ -29,6 +29,7 @@ std::wstring oneLine(const std::string& text) {
 LRESULT TablePainter::draw(const NMLVCUSTOMDRAW& request, HFONT font, const Scale& scale) {
     switch (request.nmcd.dwDrawStage) {
         case CDDS_PREPAINT:
+            prepare();
             return CDRF_NOTIFYITEMDRAW;
         case CDDS_ITEMPREPAINT:
             drawRow(request.nmcd.hdc, static_cast<int>(request.nmcd.dwItemSpec), font, scale);
@@ -38,55 +39,64 @@ LRESULT TablePainter::draw(const NMLVCUSTOMDRAW& request, HFONT font, const Scal
     }
 }
 
+void TablePainter::prepare() {
+    columns_.clear();
+    for (int column = 0; column < table_.columns(); ++column)
+        columns_.push_back(header_.columnRect(column));
+    ::GetClientRect(list_, &client_);
+    const COLORREF window = ::GetSysColor(COLOR_WINDOW);
+    const COLORREF highlight = ::GetSysColor(COLOR_HIGHLIGHT);
+    colors_ = {window,
+               ::GetSysColor(::IsWindowEnabled(list_) ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT),
+               highlight,
+               ::GetSysColor(COLOR_HIGHLIGHTTEXT),
+               mixed(window, highlight, 50),
+               mixed(window, ::GetSysColor(COLOR_BTNSHADOW), 90)};
+}
+
 void TablePainter::drawRow(HDC canvas, int row, HFONT font, const Scale& scale) {
+    if (columns_.empty()) return;
     RECT line{};
     line.left = LVIR_BOUNDS;
     ::SendMessageW(list_, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&line));
-    RECT client{};
-    ::GetClientRect(list_, &client);
-
+    if (!::RectVisible(canvas, &line)) return;
     const bool selected = table_.isSelected(row);
     const bool highlighted = selected && table_.activeLook() && ::IsWindowEnabled(list_);
-    const COLORREF window = ::GetSysColor(COLOR_WINDOW);
-    const COLORREF text = ::GetSysColor(::IsWindowEnabled(list_) ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT);
-    const COLORREF highlight = ::GetSysColor(COLOR_HIGHLIGHT);
-    const COLORREF lines = mixed(window, ::GetSysColor(COLOR_BTNSHADOW), 90);
-    const int saved = ::SaveDC(canvas);
+    const auto fill = [canvas](RECT rect, COLORREF color) {
+        ::SetBkColor(canvas, color);
+        ::ExtTextOutW(canvas, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
+    };
+    const HGDIOBJ oldFont = ::SelectObject(canvas, font);
     ::SetBkMode(canvas, TRANSPARENT);
-
-    RECT whole = line;
-    for (int column = 0; column < table_.columns(); ++column) {
-        const RECT heading = header_.columnRect(column);
-        RECT cell{heading.left, line.top, heading.right, line.bottom};
-        whole.right = std::max(column == 0 ? cell.right : whole.right, cell.right);
-        if (cell.right <= 0 || cell.left >= client.right || cell.right <= cell.left) continue;
-        const CellStyle style = table_.style(row, column);
-        COLORREF back = style.back.value_or(window);
-        COLORREF fore = style.fore.value_or(text);
+    RECT whole{columns_.front().left, line.top, columns_.front().right, line.bottom - 1};
+    for (std::size_t column = 0; column < columns_.size(); ++column) {
+        const RECT cell{columns_[column].left, line.top, columns_[column].right, line.bottom};
+        whole.left = std::min(whole.left, cell.left);
+        whole.right = std::max(whole.right, cell.right);
+        if (cell.right <= 0 || cell.left >= client_.right || cell.right <= cell.left) continue;
+        const CellStyle style = table_.style(row, static_cast<int>(column));
+        COLORREF back = style.back.value_or(colors_.window);
+        COLORREF fore = style.fore.value_or(colors_.text);
         if (highlighted) {
-            back = highlight;
-            fore = ::GetSysColor(COLOR_HIGHLIGHTTEXT);
+            back = colors_.highlight;
+            fore = colors_.highlightText;
         } else if (selected) {
-            back = mixed(window, highlight, 50);
+            back = colors_.pale;
         }
-        ::SetDCBrushColor(canvas, back);
-        ::FillRect(canvas, &cell, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
-        ::SetDCBrushColor(canvas, lines);
-        const RECT right{cell.right - 1, cell.top, cell.right, cell.bottom};
-        const RECT bottom{cell.left, cell.bottom - 1, cell.right, cell.bottom};
-        ::FillRect(canvas, &right, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
-        ::FillRect(canvas, &bottom, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
+        fill({cell.left, cell.top, cell.right - 1, cell.bottom - 1}, back);
+        fill({cell.right - 1, cell.top, cell.right, cell.bottom}, colors_.lines);
+        fill({cell.left, cell.bottom - 1, cell.right, cell.bottom}, colors_.lines);
         ::SetTextColor(canvas, fore);
-        ::SelectObject(canvas, style.italic ? italicOf(font) : font);
-        drawText(canvas, cell, table_.text(row, column), scale);
+        if (style.italic) ::SelectObject(canvas, italicOf(font));
+        drawText(canvas, cell, table_.text(row, static_cast<int>(column)), scale);
+        if (style.italic) ::SelectObject(canvas, font);
     }
     if (row == table_.current() && ::GetFocus() == list_) {
         ::SetTextColor(canvas, RGB(0, 0, 0));
         ::SetBkColor(canvas, RGB(255, 255, 255));
-        whole.bottom -= 1;
         ::DrawFocusRect(canvas, &whole);
     }
-    ::RestoreDC(canvas, saved);
+    ::SelectObject(canvas, oldFont);
 }
 
 void TablePainter::drawText(HDC canvas, RECT cell, const std::string& text, const Scale& scale) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "win32/Scale.h"
 #include "win32/ShownTable.h"
 #include "win32/Surroundings.h"
@@ -22,6 +24,8 @@ class TablePainter {
     void forgetFonts() { italic_.reset(); }
 
   private:
+    /// Looks once for all rows of one painting what they have in common.
+    void prepare();
     void drawRow(HDC canvas, int row, HFONT font, const Scale& scale);
     void drawText(HDC canvas, RECT cell, const std::string& text, const Scale& scale) const;
     HFONT italicOf(HFONT font);
@@ -30,6 +34,11 @@ class TablePainter {
     ShownTable& table_;
     const TableHeader& header_;
     FontHandle italic_;
+    std::vector<RECT> columns_;
+    RECT client_{};
+    struct Colors {
+        COLORREF window, text, highlight, highlightText, pale, lines;
+    } colors_{};
 };
 
 }  // namespace pellmark

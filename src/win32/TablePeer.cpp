@@ -5,6 +5,8 @@
 #include "win32/FormWindow.h"
 #include "win32/WideText.h"
 
+#include <uxtheme.h>
+
 namespace pellmark {
 
 namespace {
@@ -24,9 +26,10 @@ TablePeer::TablePeer(FormWindow& form, Control& control, std::unique_ptr<ShownTa
     : ControlPeer(form, control), table_(std::move(table)) {}
 
 void TablePeer::create(HWND parent, bool movableColumns) {
-    createWindow(parent, WC_LISTVIEWW,
-                 LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | WS_BORDER);
-    DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
+    createWindow(
+        parent, WC_LISTVIEWW,
+        LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | WS_CLIPCHILDREN | WS_BORDER);
+    DWORD extended = LVS_EX_FULLROWSELECT;
     if (movableColumns) extended |= LVS_EX_HEADERDRAGDROP;
     ::SendMessageW(window(), LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
     selection_.emplace(window(), *table_);
@@ -52,6 +55,7 @@ void TablePeer::showColumns() {
 void TablePeer::showRows() {
     const TableSelection::Showing quiet(*selection_);
     ::SendMessageW(window(), LVM_SETITEMCOUNT, static_cast<WPARAM>(table_->rows()), LVSICF_NOSCROLL);
+    selection_->countChanged();
     selection_->show();
     selection_->showCurrent();
     ::InvalidateRect(window(), nullptr, FALSE);
@@ -74,6 +78,21 @@ void TablePeer::rescale() {
     ControlPeer::rescale();
     fitRows();
     header_->rebuild(scale());
+}
+
+void TablePeer::paint() {
+    // Drawn in memory that the processor owns: text drawn on the screen's own bitmaps, as the control's
+    // double buffering does it, is slow where the screen is far.
+    PAINTSTRUCT paint{};
+    const HDC screen = ::BeginPaint(window(), &paint);
+    HDC canvas = nullptr;
+    const HPAINTBUFFER buffer =
+        ::BeginBufferedPaint(screen, &paint.rcPaint, BPBF_TOPDOWNDIB, nullptr, &canvas);
+    if (buffer == nullptr) canvas = screen;
+    ::FillRect(canvas, &paint.rcPaint, ::GetSysColorBrush(COLOR_WINDOW));
+    defaultMessage(window(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas), PRF_CLIENT);
+    if (buffer != nullptr) ::EndBufferedPaint(buffer, TRUE);
+    ::EndPaint(window(), &paint);
 }
 
 void TablePeer::fitRows() {
@@ -188,6 +207,11 @@ void TablePeer::tipFor(POINT at) {
 std::optional<LRESULT> TablePeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     switch (message) {
+        case WM_PAINT:
+            paint();
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;  // painted with the rows, in one go
         case WM_MOUSEMOVE:
             tipFor(at);
             break;

@@ -61,6 +61,7 @@ class TablePeer : public ControlPeer {
     int findItem(const NMLVFINDITEMW& wanted) const;
     void tipFor(POINT at);
     void fitRows();
+    void paint();
 
     std::unique_ptr<ShownTable> table_;
     std::optional<TableSelection> selection_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "win32/ShownTable.h"
 #include "win32/WindowsApi.h"
 
@@ -12,7 +14,11 @@ class TableSelection {
 
     /// Shows what the model has; the window's notifications about it are not taken for a person's.
     void show();
+    /// The same for one row: code that selects row by row must not pay for all of them each time.
+    void showRow(int row);
     void showCurrent();
+    /// The window has another number of rows.
+    void countChanged();
     bool isShowing() const { return showing_ > 0; }
 
     /// A person's doing, as the window reports it. The current row comes last: it may end everything.
@@ -33,10 +39,17 @@ class TableSelection {
 
   private:
     void setState(int row, UINT state, UINT mask) const;
+    void noteShown(int row);
+    void deselectShown();
 
     HWND list_;
     ShownTable& table_;
     int showing_ = 0;
+    /// Rows that the window may show as selected. Asking it, or telling it to deselect all, walks all rows
+    /// in some versions of the control.
+    std::vector<int> shown_;
+    bool manyShown_ = false;
+    int focused_ = -1;
 };
 
 }  // namespace pellmark
