@@ -122,6 +122,8 @@ TEST_F(LifetimeTest, OnceItIsNoLongerUsedTheDllCanBeUnloaded) {
     EXPECT_EQ(GetModuleHandleW(L"Pellmark.dll"), nullptr);
 }
 
+// Under Wine the table of USER objects belongs to the whole session: another program that runs in the same
+// prefix at the same time shifts this count.
 TEST_F(LifetimeTest, TwoHundredUsesLeaveNothingBehind) {
     constexpr int kWarmUp = 20;
     constexpr int kUses = 200;

@@ -93,7 +93,7 @@ TEST_F(RegistrationTest, RegisteringTwiceIsHarmless) {
 }
 
 TEST(RegistrationFailureTest, AHiveThatCannotBeWrittenAnswersWithTheSystemsCode) {
-    // HKEY_USERS takes no keys of its own here; a handle that is none fails everywhere
+    // no open key, so every write fails
     EXPECT_TRUE(FAILED(registerServer(reinterpret_cast<HKEY>(0x1234), L"C:\\Pellmark.dll")));
 }
 
