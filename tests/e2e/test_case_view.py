@@ -46,7 +46,7 @@ class TheProcessCaseView(WorkbenchTest):
         self.desktop.one("#32768")
         self.desktop.key("n")
         dialog = self.workbench.dialog()
-        self.desktop.click(self.desktop.find("Edit", inside=dialog)[0].middle)
+        self.desktop.click(self.desktop.one("Edit", inside=dialog).middle)
         self.desktop.type("Thread mill M6")
         self.desktop.click(self.desktop.one("Button", "OK", inside=dialog).middle)
         self.desktop.gone(dialog)

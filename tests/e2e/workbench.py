@@ -39,7 +39,7 @@ class Workbench:
         ready = self.folder / "ready"
         self.process = subprocess.Popen(
             ["wine", str(PRODUCTS / "Workbench.exe"), "--kb", r"C:\Norvex\knowledge.db", "--view", self._view,
-             "--ready", windows_path(ready), *self._options],
+             "--screenshot-ready", windows_path(ready), *self._options],
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         try:
             wait_for("the workbench's first view", lambda: ready.exists() or self.process.poll() is not None,
@@ -99,7 +99,7 @@ class Workbench:
     def _dialogs(self):
         return [window for window in self.desktop.windows()
                 if window.owner and window.enabled and window.handle != self.window.handle
-                and window.kind != "tooltips_class32" and window.area[2] > 50]
+                and window.kind not in ("tooltips_class32", "#32768", "ComboLBox")]
 
     def query(self, sql, *values):
         """Reads the knowledge base's file, as another program would."""
