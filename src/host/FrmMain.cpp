@@ -5,6 +5,7 @@
 #include "featurecases/cFeatureCase.h"
 #include "host/Component.h"
 #include "host/MainLayout.h"
+#include "processes/Records.h"
 #include "processes/cProcess.h"
 
 namespace pellmark {
@@ -94,8 +95,40 @@ void FrmMain::buildProcessCaseView() {
     component_.featureCase()->Init(*this);
     component_.setProcesses(std::make_unique<cProcess>(component_));
     component_.processes()->Init(VSFGProcessCaseResults);
+    layOutSteps();
     caseChanged_ = component_.featureCase()->caseChanged.subscribe([this] { caseChanged(); });
     VSFGProcessCaseResults.setFocus();
+}
+
+void FrmMain::layOutSteps() {
+    struct Column {
+        const char* heading;
+        const char* key;
+        Twips width;
+        bool internal;
+    };
+    constexpr Column kColumns[] = {
+        {"ID", field::kId, 1000, true},
+        {"ProcessID", field::kProcessId, 1000, true},
+        {"Priority", field::kPriority, 1000, true},
+        {"Name", field::kName, 4000, false},
+        {"Cutting Cycle", field::kCuttingCycleId, 2000, false},
+    };
+    std::string headings;  // the first column, before the first divider, is the fixed one
+    for (const Column& column : kColumns)
+        headings += '|' + component_.GetString(column.heading);
+    const bool debug = component_.settings().DebugMode() != 0;
+    Grid::RedrawOff off(VSFGProcessStep);
+    VSFGProcessStep.setHeadings(headings);
+    VSFGProcessStep.setFixedCols(1);
+    VSFGProcessStep.setColKey(0, "FixedRow");
+    VSFGProcessStep.setColWidth(0, 750);
+    for (int col = 1; col < VSFGProcessStep.cols(); ++col) {
+        const Column& column = kColumns[col - 1];
+        VSFGProcessStep.setColKey(col, column.key);
+        VSFGProcessStep.setColWidth(col, column.width);
+        VSFGProcessStep.setColHidden(col, column.internal && !debug);
+    }
 }
 
 void FrmMain::caseChanged() {

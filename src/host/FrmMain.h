@@ -94,6 +94,7 @@ class FrmMain : public Form {
     void placeFilters();
     void translateCaptions();
     void tabClicked(int index);
+    void layOutSteps();
     void caseChanged();
     void gridEntered(Grid& active, Grid& other);
 

@@ -46,6 +46,16 @@ TEST_F(FrmMainTest, AClickOnATabRebuildsTheViewWithoutMovingTheTabAgain) {
     EXPECT_EQ(main.view(), FRView::FRProcesses);
 }
 
+TEST_F(FrmMainTest, TheStepGridStandsReadyWithItsColumns) {
+    main.SetView(FRView::FRProcesscase);
+    std::vector<std::string> shown;
+    for (int col = 0; col < main.VSFGProcessStep.cols(); ++col) {
+        if (!main.VSFGProcessStep.colHidden(col)) shown.push_back(main.VSFGProcessStep.heading(col));
+    }
+    EXPECT_THAT(shown, testing::ElementsAre("", "Name", "Cutting Cycle"));
+    EXPECT_EQ(main.VSFGProcessStep.colKey(0), "FixedRow");
+}
+
 TEST_F(FrmMainTest, OkWithoutASelectionAnswersAnEmptyProcess) {
     application.ReturnProcessGuid = "old";
     main.SetView(FRView::FRProcesses);
