@@ -1,7 +1,5 @@
 #include "host/Application.h"
 
-#include <utility>
-
 #include "base/Error.h"
 #include "featurecases/cFeatureCase.h"
 #include "host/Component.h"
@@ -42,7 +40,6 @@ bool Application::run(const char* operation, const std::shared_ptr<HostApplicati
         if (started) call();
     });
     running_ = false;
-    if (std::exchange(disposeLater_, false)) Dispose();
     return started;
 }
 
@@ -210,10 +207,6 @@ CaseDescription Application::currentDescription() {
 }
 
 void Application::Dispose() {
-    if (running_) {
-        disposeLater_ = true;
-        return;
-    }
     trap(platform_.trace, "Application::Dispose", [this] { component_.reset(); });
 }
 

@@ -53,8 +53,8 @@ class Application {
                                 const CaseDescription& description);
     void EditProcess(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
                      const CaseDescription& description);
-    /// Releases everything; later calls do nothing. Called while a dialog is open, it takes effect when the
-    /// call that shows it ends.
+    /// Releases everything; later calls do nothing. Not to be called while another call is running: whoever
+    /// owns this object waits until that one has returned.
     void Dispose();
 
     FRView CurrentView = FRView::FRProcesses;  ///< kept for the host, not used here
@@ -83,7 +83,6 @@ class Application {
     Platform platform_;
     std::unique_ptr<Component> component_;
     bool running_ = false;
-    bool disposeLater_ = false;
 };
 
 }  // namespace pellmark

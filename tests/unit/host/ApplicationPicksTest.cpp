@@ -202,14 +202,5 @@ TEST_F(ApplicationPicksTest, ACallFromWithinAnOpenDialogIsRefusedAndTraced) {
     EXPECT_TRUE(trace.trapped("Application::ShowWindowProcessesView"));
 }
 
-TEST_F(ApplicationPicksTest, DisposeFromWithinAnOpenDialogWaitsForIt) {
-    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK, [&](FrmMain&) {
-                             app.Dispose();
-                             EXPECT_EQ(library.alive, 3);
-                         }));
-    EXPECT_EQ(app.OpenProcess(host, 9, description), exact);
-    EXPECT_EQ(library.alive, 0);
-}
-
 }  // namespace
 }  // namespace pellmark::test
