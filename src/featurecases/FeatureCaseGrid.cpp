@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/Guid.h"
+#include "base/Ids.h"
 #include "base/Text.h"
 
 namespace pellmark {
@@ -13,11 +13,6 @@ namespace {
 constexpr const char* kTypeCaption = "Feature Type";
 constexpr Twips kNameWidth = 2600;
 constexpr Twips kValueWidth = 3600;
-
-bool sameId(const std::string& left, const std::string& right) {
-    const auto guid = Guid::parse(left);
-    return guid ? guid == Guid::parse(right) : equalNoCase(left, right);
-}
 
 }  // namespace
 
@@ -87,9 +82,11 @@ void FeatureCaseGrid::choose(int row, const std::string& storedId) {
 }
 
 const std::string* FeatureCaseGrid::offered(int row, const std::string& id) const {
+    const std::string wanted = registryForm(id);
     const auto& items = grid_.comboList(row, kValueCol).items();
-    const auto found = std::find_if(items.begin(), items.end(),
-                                    [&](const DisplayList::Item& item) { return sameId(item.stored, id); });
+    const auto found = std::find_if(items.begin(), items.end(), [&](const DisplayList::Item& item) {
+        return equalNoCase(item.stored, wanted);
+    });
     return found == items.end() ? nullptr : &found->stored;
 }
 

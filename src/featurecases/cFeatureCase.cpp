@@ -4,6 +4,7 @@
 #include <charconv>
 #include <map>
 
+#include "base/Ids.h"
 #include "base/Text.h"
 #include "host/Component.h"
 #include "host/FrmMain.h"
@@ -59,7 +60,8 @@ bool selectNumber(ComboBox* combo, std::int16_t number) {
 
 bool selectId(ComboBox* combo, const std::string& id) {
     if (id.empty()) return false;
-    return selectWhere(combo, [&id](const ComboBox::Item& item) { return equalNoCase(item.id, id); });
+    const std::string wanted = registryForm(id);
+    return selectWhere(combo, [&](const ComboBox::Item& item) { return equalNoCase(item.id, wanted); });
 }
 
 }  // namespace
@@ -195,7 +197,8 @@ void cFeatureCase::SetFeatureTypeGui(const std::string& featureTypeId) {
         if (!mFgcase || featureTypeId.empty()) return;
         std::vector<Choice> types =
             choicesOf(*store().featureTypes(itemDataOf(CmbNvxFeatureType), idOf(cmbPartType), GetFTUnit()));
-        const auto named = [&](const Choice& type) { return equalNoCase(type.id, featureTypeId); };
+        const std::string wanted = registryForm(featureTypeId);
+        const auto named = [&](const Choice& type) { return equalNoCase(type.id, wanted); };
         const bool none = featureTypeId == FeatureCaseGrid::kNoType;
         if (!none && std::none_of(types.begin(), types.end(), named)) {
             const std::vector<Choice> all = choicesOf(*store().featureTypes(kOpen, "", kOpen));

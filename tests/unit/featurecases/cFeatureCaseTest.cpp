@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "host/FrmMain.h"
 #include "processes/cProcess.h"
 #include "support/PortsHarness.h"
@@ -157,13 +158,17 @@ TEST_F(CFeatureCaseTest, UnknownAndEmptyValuesLeaveTheSelectionAsItWas) {
     EXPECT_THAT(view().GetCurrentValueIds(), ElementsAre(d10, m8));
 }
 
-TEST_F(CFeatureCaseTest, IdsOfTheHostMatchInAnyCase) {
+TEST_F(CFeatureCaseTest, IdsOfTheHostMatchInAnyCaseAndWithoutBraces) {
     open();
-    std::string lower;
-    for (const char each : hole)
-        lower += static_cast<char>(std::tolower(each));
-    view().SetFeatureTypeGui(lower);
+    const auto bare = [](const std::string& id) { return lowerAscii(id.substr(1, id.size() - 2)); };
+    view().SetPartTypeGui(bare(prismatic));
+    view().SetFeatureTypeGui(bare(hole));
+    view().SetPartMaterialClassGui(bare(steel));
+    view().SetValuesGui({bare(d8)});
+    EXPECT_EQ(view().description().partTypeId, prismatic);
     EXPECT_EQ(view().GetCurrentFeatureType(), hole);
+    EXPECT_EQ(view().GetPartMaterialClassId(), steel);
+    EXPECT_THAT(view().GetCurrentValueIds(), ElementsAre(d8));
 }
 
 TEST_F(CFeatureCaseTest, TheHostsFeatureTypeIsShownThoughAFilterLeavesItOut) {
