@@ -92,8 +92,12 @@ class FormTest : public ControlTest {
   protected:
     struct Probe : Form {
         using Form::Form;
-        void Form_Load() override { ++loads; }
+        void Form_Load() override {
+            ++loads;
+            if (refuses) abandonLoad();
+        }
         void Form_QueryUnload() override { ++unloads; }
+        bool refuses = false;
         int loads = 0;
         int unloads = 0;
     };
@@ -129,6 +133,19 @@ TEST_F(FormTest, AFormMayBeShownAgain) {
     EXPECT_FALSE(probe.isEmbedded());
     probe.embed(8);
     EXPECT_EQ(probe.loads, 2);
+    EXPECT_TRUE(probe.isShown());
+}
+
+TEST_F(FormTest, AFormThatRefusesToLoadIsNotShownAndMayBeAskedAgain) {
+    probe.refuses = true;
+    probe.showModal(9);
+    probe.embed(7);
+    EXPECT_FALSE(probe.isLoaded());
+    EXPECT_FALSE(probe.isShown());
+    EXPECT_EQ(probe.unloads, 0);
+    EXPECT_THAT(desktop.windows(), testing::IsEmpty());
+    probe.refuses = false;
+    probe.embed(7);
     EXPECT_TRUE(probe.isShown());
 }
 

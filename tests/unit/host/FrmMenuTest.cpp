@@ -1,0 +1,264 @@
+#include "host/FrmMenu.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/CaseHarness.h"
+
+namespace pellmark::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+const MenuItem& itemOf(const Menu& menu, const std::string& name) {
+    for (const MenuItem& item : menu.items()) {
+        if (item.name == name) return item;
+    }
+    ADD_FAILURE() << "no item " << name;
+    return menu.items().front();
+}
+
+std::vector<std::string> captionsOf(const Menu& menu) {
+    std::vector<std::string> captions;
+    for (const MenuItem& item : menu.items())
+        captions.push_back(item.caption);
+    return captions;
+}
+
+class FrmMenuTest : public testing::Test, protected CaseHarness {
+  protected:
+    FrmMenuTest() { mainForm().load(); }
+    void press(Grid& grid, MouseButton button = MouseButton::Right) {
+        grid.mousePressed.raise({button, 1, 0, {100, 200}});
+    }
+    /// Right-clicks and looks at the menu that opens.
+    void look(Grid& grid, const std::string& name, std::function<void(Menu&)> script) {
+        desktop.expectMenu(name, std::move(script));
+        press(grid);
+    }
+    /// Right-clicks and takes a command of the menu that opens.
+    void take(Grid& grid, const std::string& menu, const std::string& item) {
+        look(grid, menu, [item](Menu& shown) { itemOf(shown, item).command(); });
+    }
+    static std::vector<std::string> visibleOf(const Menu& menu) {
+        std::vector<std::string> names;
+        for (const MenuItem& item : menu.items()) {
+            if (item.visible && !item.isSeparator()) names.push_back(item.name);
+        }
+        return names;
+    }
+    static std::vector<std::string> enabledOf(const Menu& menu) {
+        std::vector<std::string> names;
+        for (const MenuItem& item : menu.items()) {
+            if (item.enabled) names.push_back(item.name);
+        }
+        return names;
+    }
+    FrmMenu& menus() { return mainForm().menus(); }
+    Grid& allProcesses() { return mainForm().VSFGAllProcesses; }
+    Grid& results() { return mainForm().VSFGProcessCaseResults; }
+};
+
+TEST_F(FrmMenuTest, IsAHiddenFormOfSevenMenus) {
+    EXPECT_EQ(menus().caption(), "Menus");
+    EXPECT_FALSE(menus().isLoaded());
+    EXPECT_EQ(menus().mnuProcess.caption(), "ProcessContext");
+    EXPECT_EQ(menus().mnuProcessStep.caption(), "ProcessStepContext");
+    EXPECT_EQ(menus().mnufetaureCaseContext.caption(), "FeatureCaseContext");
+    EXPECT_EQ(menus().mnuDefaultStep.caption(), "DefaultStepContext");
+    EXPECT_EQ(menus().mnuDefault.caption(), "DefaultContext");
+    EXPECT_EQ(menus().mnuPartType.caption(), "ParttypesContext");
+    EXPECT_EQ(menus().mnuFeatureType.caption(), "FeatureTypeContext");
+}
+
+TEST_F(FrmMenuTest, TheProcessMenuHoldsItsCommandsInOrder) {
+    EXPECT_THAT(captionsOf(menus().mnuProcess),
+                ElementsAre("New...", "Edit...", "Process Members...", "-", "Delete",
+                            "Delete From Feature Case", "-", "Save...", "Print...", "Format Columns..."));
+    std::vector<std::string> names;
+    for (const MenuItem& item : menus().mnuProcess.items())
+        names.push_back(item.name);
+    EXPECT_THAT(
+        names, ElementsAre("mnuProcessAddNew", "mnuProcessEdit", "mnuProcessEditProcessses", "mnuProcessBar2",
+                           "mnuProcessDelete", "mnuProcessDeleteFromfeatureCase", "mnuProcessBar1",
+                           "mnuProcessSaveAs", "mnuProcessPrint", "mnuProcessFormatColumns"));
+}
+
+TEST_F(FrmMenuTest, TheStepMenuHoldsItsCommandsInOrder) {
+    EXPECT_THAT(captionsOf(menus().mnuProcessStep),
+                ElementsAre("New...", "Edit...", "-", "Delete", "-", "Open...", "Save...", "Print...",
+                            "Format Columns..."));
+    std::vector<std::string> names;
+    for (const MenuItem& item : menus().mnuProcessStep.items())
+        names.push_back(item.name);
+    EXPECT_THAT(names,
+                ElementsAre("mnuProcessStepAddNew", "mnuProcessStepEdit", "mnuProcessStepBar2",
+                            "mnuProcessStepDelete", "mnuProcessStepBar1", "mnuProcessStepOpen",
+                            "mnuProcessStepSave", "mnuProcessStepPrint", "mnuProcessStepFormatColumns"));
+}
+
+TEST_F(FrmMenuTest, TheOtherMenusAreWhole) {
+    for (const Menu* menu : {&menus().mnuDefaultStep, &menus().mnuDefault, &menus().mnuPartType}) {
+        EXPECT_THAT(captionsOf(*menu),
+                    ElementsAre("New...", "Edit...", "Delete", "Save...", "Print...", "Format Columns..."));
+    }
+    EXPECT_THAT(captionsOf(menus().mnuFeatureType),
+                ElementsAre("New...", "Edit...", "Edit Keys...", "Delete", "Delete From Part", "Save..."));
+    EXPECT_EQ(menus().mnuFeatureType.items().at(0).name, "mnuFeatureTypeAddNewWizard");
+    EXPECT_EQ(menus().mnuFeatureType.items().at(2).name, "mnuFeatureTypeEditKeys");
+    EXPECT_EQ(menus().mnuFeatureType.items().at(4).name, "mnuFeatureTypeDeleteFromPart");
+    EXPECT_EQ(menus().mnufetaureCaseContext.items().at(0).name, "mnuProperties");
+}
+
+TEST_F(FrmMenuTest, InTheProcessesViewTheCommandsOfAFeatureCaseAreHidden) {
+    base.addProcess("Drill");
+    openProcesses();
+    look(allProcesses(), "mnuProcess", [](Menu& menu) {
+        EXPECT_THAT(visibleOf(menu), ElementsAre("mnuProcessEdit", "mnuProcessDelete", "mnuProcessSaveAs",
+                                                 "mnuProcessPrint", "mnuProcessFormatColumns"));
+    });
+}
+
+TEST_F(FrmMenuTest, InTheProcessCaseViewEveryCommandIsShown) {
+    openCase({d8});
+    look(results(), "mnuProcess", [](Menu& menu) { EXPECT_EQ(visibleOf(menu).size(), 8U); });
+}
+
+TEST_F(FrmMenuTest, TheViewsFollowEachOther) {
+    openCase({d8});
+    openProcesses();
+    press(results());
+    look(allProcesses(), "mnuProcess",
+         [](Menu& menu) { EXPECT_FALSE(itemOf(menu, "mnuProcessAddNew").visible); });
+    openCase({d8});
+    look(results(), "mnuProcess", [](Menu& menu) { EXPECT_TRUE(itemOf(menu, "mnuProcessAddNew").visible); });
+}
+
+TEST_F(FrmMenuTest, AnEmptyProcessGridLeavesNewAndTheMembersEnabled) {
+    openCase({d8});
+    look(results(), "mnuProcess", [](Menu& menu) {
+        EXPECT_THAT(enabledOf(menu), ElementsAre("mnuProcessAddNew", "mnuProcessEditProcessses"));
+    });
+}
+
+TEST_F(FrmMenuTest, AGridWithDataEnablesItsCommands) {
+    base.addFeatureCase(hole, {d8}, {base.addProcess("Drill")});
+    openCase({d8});
+    look(results(), "mnuProcess", [](Menu& menu) {
+        for (const char* name : {"mnuProcessAddNew", "mnuProcessEdit", "mnuProcessEditProcessses",
+                                 "mnuProcessDelete", "mnuProcessDeleteFromfeatureCase"}) {
+            EXPECT_TRUE(itemOf(menu, name).enabled) << name;
+        }
+    });
+}
+
+TEST_F(FrmMenuTest, NoItemIsEnabledThatHasNoCommand) {
+    base.addFeatureCase(hole, {d8}, {base.addProcess("Drill")});
+    openCase({d8});
+    const auto check = [](Menu& menu) {
+        for (const MenuItem& item : menu.items()) {
+            EXPECT_TRUE(item.isSeparator() || !item.enabled || item.command != nullptr) << item.name;
+        }
+    };
+    look(results(), "mnuProcess", check);
+    look(mainForm().VSFGProcessStep, "mnuProcessStep", check);
+    look(mainForm().VSFGProcessCase, "mnufetaureCaseContext", check);
+}
+
+TEST_F(FrmMenuTest, OtherButtonsOpenNoMenu) {
+    openCase({d8});
+    for (Grid* grid : {&results(), &mainForm().VSFGProcessCase, &mainForm().VSFGProcessStep}) {
+        press(*grid, MouseButton::Left);
+        press(*grid, MouseButton::Middle);
+    }
+    EXPECT_EQ(static_cast<int>(MouseButton::Right), 2);
+}
+
+TEST_F(FrmMenuTest, TheKeyboardOpensTheSameMenu) {
+    openCase({d8});
+    desktop.expectMenu("mnuProcess", [](Menu&) {});
+    results().contextMenuRequested.raise();
+    desktop.expectMenu("mnufetaureCaseContext", [](Menu&) {});
+    mainForm().VSFGProcessCase.contextMenuRequested.raise();
+}
+
+TEST_F(FrmMenuTest, CaptionsAreLookedUpEachTimeAMenuOpens) {
+    openCase({d8});
+    library.translations["New..."] = "Neu...";
+    look(results(), "mnuProcess", [](Menu& menu) { EXPECT_EQ(captionsOf(menu).front(), "Neu..."); });
+    library.translations["New..."] = "Nouveau...";
+    look(results(), "mnuProcess", [](Menu& menu) { EXPECT_EQ(captionsOf(menu).front(), "Nouveau..."); });
+}
+
+TEST_F(FrmMenuTest, NewOpensTheDialogForANewProcess) {
+    openCase({d8});
+    desktop.expectMenu("mnuProcess", [](Menu& menu) { itemOf(menu, "mnuProcessAddNew").command(); });
+    desktop.expectDialog("FrmAddEditProcess", [](Form& dialog) {
+        EXPECT_EQ(dialog.caption(), "Add New Process");
+        dialog.close();
+    });
+    press(results());
+}
+
+TEST_F(FrmMenuTest, EditOpensTheDialogOnTheCurrentProcess) {
+    base.addProcess("Drill");
+    openProcesses();
+    desktop.expectMenu("mnuProcess", [](Menu& menu) { itemOf(menu, "mnuProcessEdit").command(); });
+    desktop.expectDialog("FrmAddEditProcess", [](Form& dialog) {
+        EXPECT_EQ(dialog.caption(), "Edit Process");
+        dialog.close();
+    });
+    press(allProcesses());
+}
+
+TEST_F(FrmMenuTest, ProcessMembersOpensTheDialogOfExistingProcesses) {
+    openCase({d8});
+    desktop.expectMenu("mnuProcess", [](Menu& menu) { itemOf(menu, "mnuProcessEditProcessses").command(); });
+    desktop.expectDialog("FrmAddExistingProcess", [](Form& dialog) { dialog.close(); });
+    press(results());
+}
+
+TEST_F(FrmMenuTest, DeleteAndDeleteFromFeatureCaseAskTheirOwnQuestions) {
+    base.addFeatureCase(hole, {d8}, {base.addProcess("Drill")});
+    openCase({d8});
+    desktop.expectMenu("mnuProcess", [](Menu& menu) { itemOf(menu, "mnuProcessDelete").command(); });
+    desktop.expectMessage("Permanently delete selected item(s) from the database?", MessageAnswer::Cancel);
+    press(results());
+    desktop.expectMenu("mnuProcess",
+                       [](Menu& menu) { itemOf(menu, "mnuProcessDeleteFromfeatureCase").command(); });
+    desktop.expectMessage("Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?",
+                          MessageAnswer::Cancel);
+    press(results());
+    EXPECT_THAT(changes(), IsEmpty());
+}
+
+TEST_F(FrmMenuTest, PropertiesDescribesTheFeatureCase) {
+    openCase({});
+    desktop.expectMenu("mnufetaureCaseContext", [](Menu& menu) { itemOf(menu, "mnuProperties").command(); });
+    desktop.expectMessage(
+        "Feature Type Hole\r\n\r\nUnit: Metric\r\nNorvex Feature Type: Any\r\nPart Type: Any\r\nPart "
+        "Material Class: "
+        "Any");
+    press(mainForm().VSFGProcessCase);
+}
+
+TEST_F(FrmMenuTest, TheMaterialsOfTheCurrentProcessOpenWithoutAMenu) {
+    base.addProcess("Drill");
+    openProcesses();
+    desktop.expectDialog("FrmEditProcessMaterials", [](Form& dialog) { dialog.close(); });
+    menus().EditMaterials();
+}
+
+TEST_F(FrmMenuTest, WithoutControllersTheCommandsDoNothing) {
+    openProcesses();
+    component.releaseControllers();
+    menus().EditMaterials();
+    take(allProcesses(), "mnuProcess", "mnuProcessDelete");
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace pellmark::test

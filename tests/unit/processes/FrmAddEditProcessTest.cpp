@@ -1,0 +1,436 @@
+#include "processes/FrmAddEditProcess.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/CaseHarness.h"
+
+namespace pellmark::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+using Script = std::function<void(FrmAddEditProcess&)>;
+
+class FrmAddEditProcessTest : public testing::Test, protected CaseHarness {
+  protected:
+    FrmAddEditProcessTest() {
+        brass = base.addMaterial("Brass", metals);
+        steel = base.addMaterial("Steel", metals);
+        tin = base.addMaterial("Tin", metals);
+        drill = base.addProcess("Drill", unit::kInch, "Depth < 3", "short holes");
+        base.tables().findProcess(drill)->materials.insert(steel);
+    }
+    void expectDialog(Script script) {
+        desktop.expectDialog("FrmAddEditProcess",
+                             [script](Form& dialog) { script(dynamic_cast<FrmAddEditProcess&>(dialog)); });
+    }
+    void edit(Script script) {
+        openProcesses();
+        expectDialog(std::move(script));
+        list().Editwizard();
+    }
+    void addNew(Script script) {
+        expectDialog(std::move(script));
+        list().AddNewWizard();
+    }
+    ProcessRecord stored(const std::string& id) { return base.tables().findProcess(id)->record; }
+    /// The id of the process that the dialog added last.
+    std::string added() { return base.tables().processes.back().record.Id; }
+
+    std::string brass, steel, tin, drill;
+};
+
+TEST_F(FrmAddEditProcessTest, OpensOnTheCurrentProcess) {
+    edit([&](FrmAddEditProcess& dialog) {
+        EXPECT_EQ(dialog.caption(), "Edit Process");
+        EXPECT_EQ(dialog.TxtName.text(), "Drill");
+        EXPECT_EQ(dialog.TxtRule.text(), "Depth < 3");
+        EXPECT_EQ(dialog.TxtDescription.text(), "short holes");
+        EXPECT_EQ(dialog.CmbUnit.selected()->text, "Inch");
+        EXPECT_THAT(shown(dialog.FrameMaterialClass.LV1), ElementsAre("Brass", "Tin"));
+        EXPECT_THAT(shown(dialog.FrameMaterialClass.LV2), ElementsAre("Steel"));
+        EXPECT_EQ(dialog.FrameMaterialClass.LV2.item(0).key, steel);
+        dialog.CmdCancel.click();
+    });
+    EXPECT_THAT(changes(), IsEmpty());
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(FrmAddEditProcessTest, OpensForANewProcessWithTheHostsUnit) {
+    host->unitCode = unit::kInch;
+    library.translations["New Process"] = "must not be looked up";
+    openProcesses();
+    addNew([&](FrmAddEditProcess& dialog) {
+        EXPECT_EQ(dialog.caption(), "Add New Process");
+        EXPECT_EQ(dialog.TxtName.text(), "New Process");
+        EXPECT_EQ(dialog.TxtRule.text(), "");
+        EXPECT_EQ(dialog.CmbUnit.selected()->itemData, 70);
+        EXPECT_THAT(shown(dialog.FrameMaterialClass.LV1), ElementsAre("Brass", "Steel", "Tin"));
+        EXPECT_THAT(shown(dialog.FrameMaterialClass.LV2), IsEmpty());
+        dialog.CmdCancel.click();
+    });
+    EXPECT_THAT(changes(), IsEmpty());
+}
+
+TEST_F(FrmAddEditProcessTest, TheUnitListHoldsTwoLiteralItems) {
+    library.translations["Metric"] = "metrisch";
+    openProcesses();
+    addNew([&](FrmAddEditProcess& dialog) {
+        ASSERT_EQ(dialog.CmbUnit.items().size(), 2U);
+        EXPECT_EQ(dialog.CmbUnit.items().at(0).text, "Inch");
+        EXPECT_EQ(dialog.CmbUnit.items().at(0).itemData, 70);
+        EXPECT_EQ(dialog.CmbUnit.items().at(1).text, "Metric");
+        EXPECT_EQ(dialog.CmbUnit.items().at(1).itemData, 71);
+        dialog.CmdCancel.click();
+    });
+}
+
+TEST_F(FrmAddEditProcessTest, AUnitThatIsNeitherSelectsNone) {
+    base.tables().findProcess(drill)->record.Unit = 99;
+    edit([&](FrmAddEditProcess& dialog) {
+        EXPECT_EQ(dialog.CmbUnit.selected(), nullptr);
+        dialog.CmdCancel.click();
+    });
+}
+
+TEST_F(FrmAddEditProcessTest, ListsAndButtonsCarryTranslatedTexts) {
+    library.translations = {
+        {"Nonmembers", "Fremde"}, {"Members", "Mitglieder"}, {"Move All Items to Members List", "Alle"}};
+    openProcesses();
+    addNew([&](FrmAddEditProcess& dialog) {
+        MemberLists& lists = dialog.FrameMaterialClass;
+        EXPECT_EQ(lists.LV1.columnHeaders().at(0).text, "Fremde");
+        EXPECT_EQ(lists.LV2.columnHeaders().at(0).text, "Mitglieder");
+        EXPECT_EQ(lists.CmdAddft.toolTip(), "Move Selected Items to Members List");
+        EXPECT_EQ(lists.CmdAddAllft.toolTip(), "Alle");
+        EXPECT_EQ(lists.CmdRevomeft.toolTip(), "Move Selected Items to Nonmembers List");
+        EXPECT_EQ(lists.CmdremoveAllft.toolTip(), "Move All Items to Nonmembers List");
+        dialog.CmdCancel.click();
+    });
+}
+
+TEST_F(FrmAddEditProcessTest, OkStoresWhatWasTypedAndRefreshesTheRow) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.TxtName.setText("Drill deep");
+        dialog.TxtRule.setText("Depth > 3");
+        dialog.TxtDescription.setText("");
+        dialog.CmbUnit.choose(1);
+        dialog.CmdOk.click();
+    });
+    EXPECT_EQ(stored(drill), (ProcessRecord{drill, "Drill deep", unit::kMetric, "", "Depth > 3"}));
+    Grid& grid = list().grid();
+    EXPECT_EQ(grid.text(1, field::kName), "Drill deep");
+    EXPECT_EQ(grid.displayText(1, grid.colIndex(field::kUnit)), "Metric");
+    EXPECT_EQ(list().SelectedProcessID(), drill);
+}
+
+TEST_F(FrmAddEditProcessTest, ARuleOf250CharactersIsAcceptedAndOf251IsNot) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.TxtRule.setText(std::string(251, 'r'));
+        desktop.expectMessage("Rule cannot exceed 250 characters");
+        dialog.CmdOk.click();
+        EXPECT_TRUE(dialog.isShown());
+        EXPECT_EQ(dialog.TxtRule.text().size(), 251U);
+        EXPECT_THAT(changes(), IsEmpty());
+        dialog.TxtRule.setText(std::string(250, 'r'));
+        dialog.CmdOk.click();
+    });
+    EXPECT_EQ(stored(drill).Rule, std::string(250, 'r'));
+    EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Information);
+    EXPECT_EQ(desktop.messages().back().title, "Norvex - Process Manager");
+}
+
+TEST_F(FrmAddEditProcessTest, TheRulesLengthCountsAnEmojiAsTwo) {
+    std::string wide;
+    for (int i = 0; i < 125; ++i)
+        wide += "\xF0\x9F\x94\xA9";
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.TxtRule.setText(wide + "x");
+        desktop.expectMessage("Rule cannot exceed 250 characters");
+        dialog.CmdOk.click();
+        dialog.TxtRule.setText(wide);
+        dialog.CmdOk.click();
+    });
+    EXPECT_EQ(stored(drill).Rule, wide);
+}
+
+TEST_F(FrmAddEditProcessTest, AnEmptyNameIsRefusedAndOneOfBlanksIsNot) {
+    library.translations["Name cannot be blank"] = "Name fehlt";
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.TxtName.setText("");
+        desktop.expectMessage("Name fehlt");
+        dialog.CmdOk.click();
+        EXPECT_TRUE(dialog.isShown());
+        dialog.TxtName.setText("  ");
+        dialog.CmdOk.click();
+    });
+    EXPECT_EQ(stored(drill).Name, "  ");
+    EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
+}
+
+TEST_F(FrmAddEditProcessTest, OfALongRuleAndAnEmptyNameOnlyTheRuleIsTold) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.TxtRule.setText(std::string(300, 'r'));
+        dialog.TxtName.setText("");
+        desktop.expectMessage("Rule cannot exceed 250 characters");
+        dialog.CmdOk.click();
+        dialog.CmdCancel.click();
+    });
+    EXPECT_EQ(desktop.messages().size(), 1U);
+}
+
+TEST_F(FrmAddEditProcessTest, MovedMaterialsAreStoredMembersFirstAndEveryItemIsSent) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.FrameMaterialClass.LV1.select(1);
+        dialog.FrameMaterialClass.CmdAddft.click();
+        dialog.CmdOk.click();
+    });
+    EXPECT_THAT(changes(),
+                ElementsAre("updateProcess " + drill, "addMaterial " + drill + " " + steel,
+                            "addMaterial " + drill + " " + tin, "removeMaterial " + drill + " " + brass));
+    EXPECT_THAT(base.tables().findProcess(drill)->materials, ElementsAre(steel, tin));
+}
+
+TEST_F(FrmAddEditProcessTest, CancelAfterMovingMaterialsChangesNothing) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.FrameMaterialClass.CmdAddAllft.click();
+        dialog.TxtName.setText("other");
+        dialog.CmdCancel.click();
+    });
+    EXPECT_THAT(changes(), IsEmpty());
+    EXPECT_EQ(stored(drill).Name, "Drill");
+}
+
+TEST_F(FrmAddEditProcessTest, ClosingTheWindowIsCancelling) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.TxtName.setText("other");
+        dialog.close();
+    });
+    EXPECT_THAT(changes(), IsEmpty());
+}
+
+TEST_F(FrmAddEditProcessTest, RefreshForgetsMovesThatWereNotStored) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.FrameMaterialClass.CmdremoveAllft.click();
+        EXPECT_THAT(shown(dialog.FrameMaterialClass.LV2), IsEmpty());
+        dialog.FrameMaterialClass.Cmdrefresh.click();
+        EXPECT_THAT(shown(dialog.FrameMaterialClass.LV2), ElementsAre("Steel"));
+        dialog.CmdCancel.click();
+    });
+}
+
+TEST_F(FrmAddEditProcessTest, TheExpressionBuilderChangesTheRuleUnlessItWasCancelled) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.CmdBuildExpression.click();
+        EXPECT_EQ(dialog.TxtRule.text(), "Depth < 3");
+        host->builtRule = "Depth < 4";
+        dialog.CmdBuildExpression.click();
+        EXPECT_EQ(dialog.TxtRule.text(), "Depth < 4");
+        dialog.CmdCancel.click();
+    });
+    EXPECT_THAT(host->rulesOffered, ElementsAre("Depth < 3", "Depth < 3"));
+}
+
+TEST_F(FrmAddEditProcessTest, HelpOpensTheHelpContextOverTheDialog) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.CmdHelp.click();
+        ASSERT_EQ(help.opened.size(), 1U);
+        EXPECT_EQ(help.opened.back().topic, "5000");
+        EXPECT_EQ(help.opened.back().owner, dialog.handle());
+        dialog.CmdCancel.click();
+    });
+}
+
+TEST_F(FrmAddEditProcessTest, ANewProcessWithoutAFeatureCaseIsOnlyAdded) {
+    openProcesses();
+    addNew([&](FrmAddEditProcess& dialog) {
+        dialog.TxtName.setText("Tap");
+        dialog.CmdOk.click();
+    });
+    EXPECT_EQ(changes().front(), "addProcess Tap");
+    EXPECT_EQ(stored(added()).Name, "Tap");
+    EXPECT_THAT(base.callsOf("attach"), IsEmpty());
+    EXPECT_THAT(base.callsOf("removeMaterial").size(), 3U);
+    EXPECT_EQ(list().SelectedProcessID(), added());
+}
+
+TEST_F(FrmAddEditProcessTest, ANewProcessIsAttachedToACaseThatIsCreatedFirst) {
+    openCase({d8, m8});
+    addNew([](FrmAddEditProcess& dialog) { dialog.CmdOk.click(); });
+    const std::string featureCase = base.tables().featureCases.back().id.text();
+    auto made = changes();
+    made.resize(5);
+    EXPECT_THAT(made, ElementsAre("createFeatureCase " + hole, "addValue " + d8 + " " + featureCase,
+                                  "addValue " + m8 + " " + featureCase, "addProcess New Process",
+                                  "attach " + added() + " " + featureCase));
+    EXPECT_EQ(list().SelectedProcessID(), added());
+}
+
+TEST_F(FrmAddEditProcessTest, AnExistingCaseIsUsed) {
+    const std::string featureCase = base.addFeatureCase(hole, {d8});
+    openCase({d8});
+    addNew([](FrmAddEditProcess& dialog) { dialog.CmdOk.click(); });
+    EXPECT_THAT(base.callsOf("createFeatureCase"), IsEmpty());
+    EXPECT_THAT(base.callsOf("attach"), ElementsAre("attach " + added() + " " + featureCase));
+}
+
+TEST_F(FrmAddEditProcessTest, ACaseThatLeavesItsUnitOpenIsACaseNevertheless) {
+    const std::string featureCase = base.addFeatureCase(hole, {d8});
+    openCase({d8}, unit::kNone);
+    addNew([](FrmAddEditProcess& dialog) { dialog.CmdOk.click(); });
+    EXPECT_THAT(base.callsOf("attach"), ElementsAre("attach " + added() + " " + featureCase));
+}
+
+TEST_F(FrmAddEditProcessTest, WithoutAChosenFeatureTypeANewProcessIsAttachedToNothing) {
+    mainForm().SetView(FRView::FRProcesscase);
+    addNew([](FrmAddEditProcess& dialog) { dialog.CmdOk.click(); });
+    EXPECT_THAT(base.callsOf("createFeatureCase"), IsEmpty());
+    EXPECT_THAT(base.callsOf("attach"), IsEmpty());
+    EXPECT_EQ(stored(added()).Name, "New Process");
+}
+
+TEST_F(FrmAddEditProcessTest, EditingInACaseAttachesNothing) {
+    base.addFeatureCase(hole, {d8}, {drill});
+    openCase({d8}, unit::kInch);
+    expectDialog([](FrmAddEditProcess& dialog) { dialog.CmdOk.click(); });
+    list().Editwizard();
+    EXPECT_THAT(base.callsOf("attach"), IsEmpty());
+    EXPECT_THAT(base.callsOf("updateProcess"), ElementsAre("updateProcess " + drill));
+}
+
+TEST_F(FrmAddEditProcessTest, AFailingUpdateIsToldAndTheDialogStaysOpenWithItsInput) {
+    base.throwOn("updateProcess", errors::kKnowledgeBase, "The disk is full.");
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.TxtName.setText("other");
+        desktop.expectMessage("The disk is full.");
+        dialog.CmdOk.click();
+        EXPECT_TRUE(dialog.isShown());
+        EXPECT_EQ(dialog.TxtName.text(), "other");
+        base.stopThrowing();
+        dialog.CmdOk.click();
+    });
+    EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
+    EXPECT_TRUE(trace.trapped("FrmAddEditProcess::CmdOk_Click"));
+    EXPECT_EQ(stored(drill).Name, "other");
+}
+
+TEST_F(FrmAddEditProcessTest, AProcessThatWasDeletedMeanwhileIsToldOnOk) {
+    edit([&](FrmAddEditProcess& dialog) {
+        base.tables().processes.clear();
+        desktop.expectMessage("The process " + drill + " does not exist.");
+        dialog.CmdOk.click();
+        dialog.CmdCancel.click();
+    });
+}
+
+TEST_F(FrmAddEditProcessTest, AProcessThatWasDeletedBeforeOpensNoDialog) {
+    openProcesses();
+    base.tables().processes.clear();
+    desktop.expectMessage("The process " + drill + " does not exist.");
+    list().Editwizard();
+    EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
+    EXPECT_THAT(desktop.windows(), Not(Contains(HasSubstr("FrmAddEditProcess"))));
+    EXPECT_TRUE(trace.trapped("FrmAddEditProcess::Form_Load"));
+}
+
+TEST_F(FrmAddEditProcessTest, AnAttachThatFailsDoesNotAddTheProcessASecondTime) {
+    const std::string featureCase = base.addFeatureCase(hole, {d8});
+    openCase({d8});
+    base.throwOn("attach");
+    addNew([&](FrmAddEditProcess& dialog) {
+        desktop.expectMessage("The knowledge base failed on purpose.");
+        dialog.CmdOk.click();
+        EXPECT_TRUE(dialog.isShown());
+        base.stopThrowing();
+        dialog.TxtName.setText("Ream");
+        dialog.CmdOk.click();
+    });
+    EXPECT_EQ(base.callsOf("addProcess").size(), 1U);
+    EXPECT_EQ(stored(added()).Name, "Ream");
+    EXPECT_EQ(base.callsOf("attach").back(), "attach " + added() + " " + featureCase);
+}
+
+TEST_F(FrmAddEditProcessTest, MaterialsThatCannotBeReadLeaveBothListsEmptySoThatOkRemovesNone) {
+    base.throwOn("materialsOf");
+    openProcesses();
+    desktop.expectMessage("The knowledge base failed on purpose.");
+    expectDialog([&](FrmAddEditProcess& dialog) {
+        EXPECT_THAT(shown(dialog.FrameMaterialClass.LV1), IsEmpty());
+        dialog.CmdOk.click();
+    });
+    list().Editwizard();
+    EXPECT_THAT(base.callsOf("removeMaterial"), IsEmpty());
+    EXPECT_THAT(base.tables().findProcess(drill)->materials, ElementsAre(steel));
+}
+
+TEST_F(FrmAddEditProcessTest, ATextLongerThanItsFieldIsRefusedByTheStoreAndTold) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.TxtDescription.setText(std::string(1001, 'd'));
+        desktop.expectMessage("The description has 1001 characters; it cannot have more than 1000.");
+        dialog.CmdOk.click();
+        dialog.CmdCancel.click();
+    });
+}
+
+TEST_F(FrmAddEditProcessTest, WithoutTheRightNoDialogOpens) {
+    base.allowed = {};
+    openProcesses();
+    desktop.expectMessage("You do not have permission to add new objects to the database!");
+    list().AddNewWizard();
+    desktop.expectMessage("You do not have permission to edit objects in the database!");
+    list().Editwizard();
+    EXPECT_THAT(desktop.windows(), IsEmpty());
+}
+
+TEST_F(FrmAddEditProcessTest, EditingWithoutADataRowOpensNothing) {
+    base.tables().processes.clear();
+    openProcesses();
+    list().Editwizard();
+    EXPECT_THAT(desktop.windows(), IsEmpty());
+}
+
+TEST_F(FrmAddEditProcessTest, AHostThatCannotTellItsUnitStillLetsAProcessBeMade) {
+    component.setHost(nullptr);
+    openProcesses();
+    addNew([&](FrmAddEditProcess& dialog) {
+        EXPECT_EQ(dialog.CmbUnit.selected()->text, "Metric");
+        dialog.CmdOk.click();
+    });
+    EXPECT_EQ(stored(added()).Unit, unit::kMetric);
+}
+
+TEST_F(FrmAddEditProcessTest, EnterAndEscapeAreOkAndCancelAndOtherCaptionsHaveTheirOwnKeys) {
+    openProcesses();
+    addNew([&](FrmAddEditProcess& dialog) {
+        EXPECT_EQ(dialog.defaultButton(), &dialog.CmdOk);
+        EXPECT_EQ(dialog.cancelButton(), &dialog.CmdCancel);
+        EXPECT_EQ(dialog.LblName.caption(), "&Name");
+        EXPECT_EQ(dialog.LblUnit.caption(), "&Unit");
+        EXPECT_EQ(dialog.LblRule.caption(), "&Rule");
+        EXPECT_EQ(dialog.FrameMaterialClass.Cmdrefresh.caption(), "R&efresh");
+        dialog.CmdCancel.click();
+    });
+}
+
+TEST_F(FrmAddEditProcessTest, TheListsGrowWithTheDialogAndTheButtonsStayAtItsCorner) {
+    FrmAddEditProcess dialog(component, "");
+    dialog.resized({12300, 9650});
+    EXPECT_EQ(dialog.TxtName.bounds().right(), 12150);
+    EXPECT_EQ(dialog.CmdHelp.bounds().right(), 12150);
+    EXPECT_EQ(dialog.CmdHelp.bounds().bottom(), 9500);
+    const MemberLists& lists = dialog.FrameMaterialClass;
+    EXPECT_EQ(lists.bounds().width, 12000);
+    EXPECT_EQ(lists.LV2.bounds().right(), 11850);
+    EXPECT_EQ(lists.LV1.bounds().width, lists.LV2.bounds().width);
+    EXPECT_GT(lists.CmdAddft.bounds().left, lists.LV1.bounds().right());
+    EXPECT_LT(lists.CmdAddft.bounds().right(), lists.LV2.bounds().left);
+    EXPECT_LE(lists.LV1.bounds().bottom(), lists.bounds().height);
+}
+
+}  // namespace
+}  // namespace pellmark::test
