@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "win32/RedrawPause.h"
 #include "win32/WideText.h"
 
 namespace pellmark {
@@ -48,12 +49,12 @@ void ComboBoxPeer::fitHeight() {
 }
 
 void ComboBoxPeer::showItems() {
-    ::SendMessageW(window(), WM_SETREDRAW, FALSE, 0);
-    ::SendMessageW(window(), CB_RESETCONTENT, 0, 0);
-    for (const ComboBox::Item& each : combo()->items())
-        ::SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(each.text).c_str()));
-    ::SendMessageW(window(), WM_SETREDRAW, TRUE, 0);
-    ::InvalidateRect(window(), nullptr, FALSE);
+    {
+        const RedrawPause pause(window());
+        ::SendMessageW(window(), CB_RESETCONTENT, 0, 0);
+        for (const ComboBox::Item& each : combo()->items())
+            ::SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(each.text).c_str()));
+    }
     showIndex();
 }
 

@@ -468,7 +468,6 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
             return 0;
         case kDpiChanged: {
             const auto& wanted = *reinterpret_cast<const RECT*>(lParam);
-            scale_ = Scale(scale_.dpi());
             ::SetWindowPos(window(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
                            wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
             takeResolution(surroundings_->dpiOf(window()));

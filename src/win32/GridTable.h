@@ -20,7 +20,7 @@ class GridTable : public ShownTable {
     int colOf(int column) const;
     /// The shown column of a grid's column, -1 while that is hidden.
     int columnOf(int col) const;
-    int gridRow(int row) const { return row < 0 ? -1 : row + grid_->fixedRows(); }
+    int gridRow(int row) const { return row < 0 || grid_ == nullptr ? -1 : row + grid_->fixedRows(); }
 
     int columns() const override { return static_cast<int>(columns_.size()); }
     std::string heading(int column) const override;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "win32/RedrawPause.h"
 #include "win32/WideText.h"
 
 namespace pellmark {
@@ -26,7 +27,7 @@ TableHeader::TableHeader(HWND list, ShownTable& table)
       table_(table) {}
 
 void TableHeader::rebuild(const Scale& scale) {
-    ::SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+    const RedrawPause pause(list_);
     const int wanted = table_.columns();
     auto there = static_cast<int>(::SendMessageW(header_, HDM_GETITEMCOUNT, 0, 0));
     for (; there > wanted; --there)
@@ -50,8 +51,6 @@ void TableHeader::rebuild(const Scale& scale) {
     if (shownOrder() != order) {
         ::SendMessageW(list_, LVM_SETCOLUMNORDERARRAY, order.size(), reinterpret_cast<LPARAM>(order.data()));
     }
-    ::SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
-    ::InvalidateRect(list_, nullptr, FALSE);
     ::InvalidateRect(header_, nullptr, TRUE);
 }
 

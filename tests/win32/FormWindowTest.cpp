@@ -309,6 +309,16 @@ TEST_F(FormWindowTest, ARestoredPlaceOffTheScreenIsBroughtIntoView) {
     EXPECT_GE(at.top, 0);
 }
 
+TEST_F(FormWindowTest, AFormThatWasEmbeddedCanBeShownModally) {
+    embed();
+    runModal({[&] { return isShownModally() && ::GetAncestor(window(), GA_ROOT) == window(); },
+              [&] {
+                  form->unload();
+                  return true;
+              }});
+    EXPECT_TRUE(::IsWindowEnabled(host()));
+}
+
 TEST_F(FormWindowTest, AnExceptionInAHandlerIsRecordedAndNotThrownAcross) {
     embed();
     const auto click = form->ok.clicked.subscribe([] { throw Error(5, "Test", "on purpose"); });

@@ -62,6 +62,14 @@ class GridPeerTest : public ::testing::Test, protected PeerHarness {
         return text;
     }
     int shownColumns() const { return static_cast<int>(::SendMessageW(header(), HDM_GETITEMCOUNT, 0, 0)); }
+    /// The background near the left edge of a data row as it has been painted.
+    COLORREF pixelInRow(int row) const {
+        ::UpdateWindow(list_);
+        const HDC screen = ::GetDC(list_);
+        const COLORREF color = ::GetPixel(screen, 2, static_cast<int>(inRow(row).y));
+        ::ReleaseDC(list_, screen);
+        return color;
+    }
     int topRow() const { return static_cast<int>(::SendMessageW(list_, LVM_GETTOPINDEX, 0, 0)); }
     int divider(int column) const {
         RECT rect{};
@@ -131,6 +139,33 @@ TEST_F(GridPeerTest, AMillionRowsAreReadOnlyWhereTheyAreShown) {
 TEST_F(GridPeerTest, ShowCellScrollsTheRowIntoView) {
     grid().showCell(90, 1);
     EXPECT_GT(topRow(), 40);
+}
+
+TEST_F(GridPeerTest, AListThatBecomesShorterThanWhereItStoodShowsItsRows) {
+    grid().showCell(95, 1);
+    form->fill(5);
+    EXPECT_EQ(topRow(), 0);
+}
+
+TEST_F(GridPeerTest, AHiddenGridStaysHiddenWhenItsColumnsChange) {
+    grid().setVisible(false);
+    grid().setColWidth(1, 900);
+    grid().bind(nullptr);
+    EXPECT_FALSE(::IsWindowVisible(list()));
+}
+
+TEST_F(GridPeerTest, CellColoursAndTheTwoSelectionsAreDrawn) {
+    form->fill(3);
+    grid().clearSelection();
+    grid().setBackColor(2, 1, 0x00FFFF);
+    EXPECT_EQ(pixelInRow(1), 0x00FFFFU);
+    EXPECT_EQ(pixelInRow(2), ::GetSysColor(COLOR_WINDOW));
+    grid().setSelected(3, true);
+    EXPECT_EQ(pixelInRow(2), ::GetSysColor(COLOR_HIGHLIGHT));
+    grid().setActiveLook(false);
+    const COLORREF pale = pixelInRow(2);
+    EXPECT_NE(pale, ::GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_NE(pale, ::GetSysColor(COLOR_WINDOW));
 }
 
 TEST_F(GridPeerTest, ChangesAreHeardOnceWhileRedrawingIsOff) {

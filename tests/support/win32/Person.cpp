@@ -26,11 +26,6 @@ void sendMouse(DWORD flags) {
     ::SendInput(1, &input, sizeof input);
 }
 
-void moveTo(HWND window, POINT at) {
-    ::ClientToScreen(window, &at);
-    ::SetCursorPos(static_cast<int>(at.x), static_cast<int>(at.y));
-}
-
 /// The window that the reverse of the pressed keys goes to may be another: pumping in between is what
 /// happens to a slow person too.
 void settle() {
@@ -41,6 +36,15 @@ void settle() {
 }
 
 }  // namespace
+
+void Person::moveTo(HWND window, POINT at) {
+    ::ClientToScreen(window, &at);
+    ::SetCursorPos(static_cast<int>(at.x), static_cast<int>(at.y));
+}
+
+void Person::releaseMouse() {
+    sendMouse(MOUSEEVENTF_LEFTUP);
+}
 
 void Person::pump() {
     MSG message{};

@@ -31,6 +31,8 @@ class Person {
     static void sendKeys(std::initializer_list<WORD> keys);
     static void sendClick(HWND window, POINT at, bool right);
     static POINT middleOf(HWND window);
+    static void moveTo(HWND window, POINT at);
+    static void releaseMouse();
 };
 
 /// Does things while somebody else's loop runs (a modal form, a message box, a menu): each step waits until
