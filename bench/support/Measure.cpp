@@ -1,8 +1,8 @@
 #include "support/Measure.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <utility>
 
 #ifdef __GLIBC__
@@ -19,9 +19,9 @@ double medianOf(std::vector<double> values) {
 }
 
 double millisecondsOf(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+    return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
 Comparison compare(int repetitions, const std::function<void()>& measured,

@@ -32,8 +32,12 @@ class ProcessRecordSet : public pellmark::RecordSet {
     };
     void readKeys(std::vector<pellmark::Guid>& ids);
     pellmark::MemoryRecordSet& page(std::size_t number);
+    std::list<Page>::iterator findPage(std::size_t number);
     void readByPosition(Page& page);
     void readByRow(Page& page);
+    /// Reads records `at` to `end` in the order of the list as long as it is still the order of the query;
+    /// where that ends.
+    std::size_t readFollowing(Page& page, pellmark::MemoryRecordSet& before, std::size_t at, std::size_t end);
 
     std::shared_ptr<KnowledgeBase> base_;
     std::shared_ptr<Connection> reader_;

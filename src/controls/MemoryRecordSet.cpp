@@ -21,11 +21,12 @@ void MemoryRecordSet::addRow(std::span<const std::string_view> cells) {
     if (cells.size() != fields_.size()) {
         throw Error(errors::kInvalidArgument, kSource, "A record needs one text per field.");
     }
+    Block& block = blockForNextRow();
     for (std::size_t i = 0; i < cells.size(); ++i) {
         if (i == idField_) {
-            appendId(cells[i]);
+            appendId(block, cells[i]);
         } else {
-            appendCell(cells[i]);
+            appendCell(block, cells[i]);
         }
     }
     ++rows_;
@@ -36,53 +37,76 @@ void MemoryRecordSet::addRow(const Guid& id, std::span<const std::string_view> o
         throw Error(errors::kInvalidArgument, kSource,
                     "A record needs its id first and one text per other field.");
     }
+    Block& block = blockForNextRow();
     if (id == Guid{}) {
-        appendId(id.text());
+        appendId(block, id.text());
     } else {
-        ids_.push_back(id);
-        appendCell({});
+        block.ids.push_back(id);
+        appendCell(block, {});
     }
     for (const std::string_view other : others)
-        appendCell(other);
+        appendCell(block, other);
     ++rows_;
 }
 
-void MemoryRecordSet::appendId(std::string_view text) {
+MemoryRecordSet::Block& MemoryRecordSet::blockForNextRow() {
+    if (rows_ % kBlockRows == 0) {
+        Block block;
+        // A block after the first is likely to be filled; small answers have but one.
+        if (!blocks_.empty()) {
+            block.texts.reserve(blocks_.back().texts.size());
+            block.ends.reserve(kBlockRows * fields_.size());
+            if (idField_) block.ids.reserve(kBlockRows);
+        }
+        blocks_.push_back(std::move(block));
+    }
+    return blocks_.back();
+}
+
+void MemoryRecordSet::appendId(Block& block, std::string_view text) {
     // The nil GUID marks a cell that is kept as text, so a real nil id goes that way too.
     const auto guid = Guid::parse(text);
     if (!guid) allIdsAreGuids_ = false;
     const bool packed = guid && *guid != Guid{};
-    ids_.push_back(packed ? *guid : Guid{});
-    appendCell(packed ? std::string_view{} : text);
+    block.ids.push_back(packed ? *guid : Guid{});
+    appendCell(block, packed ? std::string_view{} : text);
 }
 
-void MemoryRecordSet::appendCell(std::string_view text) {
-    if (text.size() > std::numeric_limits<std::uint32_t>::max() - texts_.size()) {
-        throw Error(errors::kInvalidArgument, kSource, "The texts of a record set cannot pass 4 GiB.");
+void MemoryRecordSet::appendCell(Block& block, std::string_view text) {
+    if (text.size() > std::numeric_limits<std::uint32_t>::max() - block.texts.size()) {
+        throw Error(errors::kInvalidArgument, kSource,
+                    "The texts of a few thousand records cannot pass 4 GiB.");
     }
-    texts_ += text;
-    ends_.push_back(static_cast<std::uint32_t>(texts_.size()));
-}
-
-std::string_view MemoryRecordSet::cell(std::size_t record, std::size_t field) const {
-    const std::size_t at = record * fields_.size() + field;
-    const std::size_t start = at == 0 ? 0 : ends_[at - 1];
-    return std::string_view(texts_).substr(start, ends_[at] - start);
+    block.texts += text;
+    block.ends.push_back(static_cast<std::uint32_t>(block.texts.size()));
 }
 
 std::string MemoryRecordSet::text(std::size_t record, std::size_t field) {
     if (record >= rows_ || field >= fields_.size()) return {};
-    if (field == idField_ && ids_[record] != Guid{}) return ids_[record].text();
-    return std::string(cell(record, field));
+    const Block& block = blocks_[record / kBlockRows];
+    const std::size_t row = record % kBlockRows;
+    if (field == idField_ && block.ids[row] != Guid{}) return block.ids[row].text();
+    const std::size_t at = row * fields_.size() + field;
+    const std::size_t start = at == 0 ? 0 : block.ends[at - 1];
+    return block.texts.substr(start, block.ends[at] - start);
 }
 
 std::optional<std::vector<Guid>> MemoryRecordSet::keys() {
     if (!idField_ || !allIdsAreGuids_) return std::nullopt;
-    return ids_;
+    std::vector<Guid> keys;
+    keys.reserve(rows_);
+    for (const Block& block : blocks_)
+        keys.insert(keys.end(), block.ids.begin(), block.ids.end());
+    return keys;
 }
 
 std::size_t MemoryRecordSet::bytes() const {
-    return texts_.capacity() + ends_.capacity() * sizeof(ends_[0]) + ids_.capacity() * sizeof(Guid);
+    std::size_t total = blocks_.capacity() * sizeof(Block);
+    for (const Block& block : blocks_) {
+        total += block.texts.capacity() + block.ends.capacity() * sizeof(std::uint32_t) +
+                 block.ids.capacity() * sizeof(Guid);
+    }
+    return total;
 }
 
 }  // namespace pellmark

@@ -9,6 +9,7 @@
 namespace norvex {
 namespace {
 
+using pellmark::ProcessStore;
 using pellmark::test::TemporaryFolder;
 
 struct ProcessRecordSetTest : testing::Test {
@@ -85,6 +86,34 @@ TEST_F(ProcessRecordSetTest, EveryCellIsTheSameByPositionAndByRow) {
         }
         ASSERT_EQ(byRow->text(i, 0), (*keys)[i].text());
     }
+}
+
+TEST_F(ProcessRecordSetTest, ReadingPageAfterPageGoesAroundWhatHasChangedSinceTheQuery) {
+    add(1000);
+    auto all = service.processStore().processes("");
+    const auto keys = all->keys();
+    ProcessStore& store = service.processStore();
+    ASSERT_TRUE(store.deleteProcess((*keys)[300].text()));
+    store.addProcess({"", "P100400", 70, "", "added"});
+    store.updateProcess({(*keys)[500].text(), "A first now", 71, "", ""});
+    for (std::size_t i = 0; i < 1000; ++i) {
+        const std::string expected = i == 300   ? ""
+                                     : i == 500 ? "A first now"
+                                                : "P" + std::to_string(100000 + i);
+        ASSERT_EQ(all->text(i, 1), expected) << i;
+        ASSERT_EQ(all->text(i, 0), i == 300 ? "" : (*keys)[i].text());
+    }
+}
+
+TEST_F(ProcessRecordSetTest, EqualNamesAcrossPagesAreReadEachOnce) {
+    Transaction filling(connection, Transaction::Kind::Write);
+    for (int i = 0; i < 400; ++i)
+        service.processStore().addProcess({"", i % 2 == 0 ? "same" : "SAME", 71, "", ""});
+    filling.commit();
+    auto all = service.processStore().processes("");
+    const auto keys = all->keys();
+    for (std::size_t i = 0; i < 400; ++i)
+        ASSERT_EQ(all->text(i, 0), (*keys)[i].text()) << i;
 }
 
 TEST_F(ProcessRecordSetTest, RecordSetsThatOverlapDoNotDisturbEachOther) {

@@ -78,6 +78,21 @@ TEST_F(MemoryRecordSetTest, ARowWithTheWrongNumberOfTextsIsRefusedWhole) {
     EXPECT_EQ(records.count(), 0U);
 }
 
+TEST_F(MemoryRecordSetTest, ManyThousandRowsComeBackInOrderAndCostLittleMoreThanTheirTexts) {
+    constexpr std::size_t kRows = 10000;
+    Guid id = kFirst;
+    for (std::size_t i = 0; i < kRows; ++i) {
+        id.bytes[1] = static_cast<std::uint8_t>(i % 256);
+        records.addRow(id, {"Name " + std::to_string(i), i % 3 == 0 ? "" : "rule"});
+    }
+    for (std::size_t i = 0; i < kRows; ++i)
+        ASSERT_EQ(records.text(i, 1), "Name " + std::to_string(i));
+    EXPECT_EQ(records.text(4096, 2), "rule");
+    EXPECT_EQ(records.keys()->size(), kRows);
+    EXPECT_EQ(records.keys()->at(4097).bytes[1], 4097 % 256);
+    EXPECT_LT(records.bytes(), kRows * 80);
+}
+
 TEST_F(MemoryRecordSetTest, FieldsAreFoundWithoutCase) {
     EXPECT_EQ(records.fieldIndex("_ID"), 0U);
     EXPECT_EQ(records.fieldIndex("_Unit"), std::nullopt);
