@@ -44,9 +44,10 @@ class TheProcessCaseView(WorkbenchTest):
         listed = self.workbench.lists()[1]
         self.desktop.click(self.desktop.row_middle(self.desktop.rows(listed)["rows"][0]), button=3)
         self.desktop.one("#32768")
-        self.desktop.key("n")
+        self.desktop.key("Down", "Return")
         dialog = self.workbench.dialog()
         self.desktop.click(self.desktop.one("Edit", inside=dialog).middle)
+        self.desktop.key("Home", "shift+End")
         self.desktop.type("Thread mill M6")
         self.desktop.click(self.desktop.one("Button", "OK", inside=dialog).middle)
         self.desktop.gone(dialog)
