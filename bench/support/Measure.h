@@ -5,8 +5,8 @@
 #include <vector>
 
 /// Timing for the benchmarks: medians of interleaved repetitions, because other work on the machine comes and
-/// goes and a ratio within one run is all that can be compared. Times are processor time, which leaves out what
-/// the machine does in between; the work measured here never waits for anything else.
+/// goes and a ratio within one run is all that can be compared. Times are processor time, which leaves out
+/// what the machine does in between; the work measured here never waits for anything else.
 namespace bench {
 
 double medianOf(std::vector<double> values);

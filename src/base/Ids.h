@@ -4,8 +4,8 @@
 
 namespace pellmark {
 
-/// An id as the knowledge base hands it out: GUID text in registry form, however it was written; any other text
-/// as it is.
+/// An id as the knowledge base hands it out: GUID text in registry form, however it was written; any other
+/// text as it is.
 std::string registryForm(const std::string& id);
 
 }  // namespace pellmark
