@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "LoadedServer.h"
 #include "TestObject.h"
@@ -53,11 +55,59 @@ int childrenOf(HWND window) {
     return count;
 }
 
+/// Does something once a modal form of this thread is up, from inside its message loop, and closes the form.
+class DuringModal {
+  public:
+    explicit DuringModal(HWND host, std::function<void()> action = {})
+        : host_(host), action_(std::move(action)) {
+        current() = this;
+        timer_ = SetTimer(nullptr, 0, kPollMilliseconds, &tick);
+    }
+    DuringModal(const DuringModal&) = delete;
+    DuringModal& operator=(const DuringModal&) = delete;
+    ~DuringModal() {
+        KillTimer(nullptr, timer_);
+        current() = nullptr;
+    }
+    bool wasShown() const { return wasShown_; }
+
+  private:
+    static constexpr UINT kPollMilliseconds = 10;
+
+    static DuringModal*& current() {
+        static DuringModal* instance = nullptr;
+        return instance;
+    }
+    static BOOL CALLBACK seek(HWND window, LPARAM parameter) {
+        auto& self = *reinterpret_cast<DuringModal*>(parameter);
+        if (window == self.host_ || !IsWindowVisible(window)) return TRUE;
+        self.form_ = window;
+        return FALSE;
+    }
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
+        DuringModal& self = *current();
+        self.form_ = nullptr;
+        EnumThreadWindows(GetCurrentThreadId(), &seek, reinterpret_cast<LPARAM>(&self));
+        if (self.form_ == nullptr) return;
+        self.wasShown_ = true;
+        const HWND form = self.form_;
+        if (self.action_) std::exchange(self.action_, {})();
+        if (IsWindow(form)) PostMessageW(form, WM_CLOSE, 0, 0);
+    }
+
+    HWND host_;
+    HWND form_ = nullptr;
+    std::function<void()> action_;
+    UINT_PTR timer_ = 0;
+    bool wasShown_ = false;
+};
+
 /// A host window, a host object that names it, and the host's library through its manifest.
 class LifetimeTest : public testing::Test {
   protected:
     LifetimeTest() {
         host_->set(L"MainWindowHandle", static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window_)));
+        owner_->set(L"hWnd", static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window_)));
         host_->set(L"InstallationFolder", "C:\\Norvex\\");
         host_->set(L"CurrentUnit", std::int16_t{71});
         const ComPtr<TestObject> settings = TestObject::make();
@@ -78,6 +128,15 @@ class LifetimeTest : public testing::Test {
         VARIANT result;
         EXPECT_EQ(object->ShowWindowProcessesView(&host, nullptr, &result), S_OK);
         return object;
+    }
+    std::string pick(_Application* object) {
+        IDispatch* host = host_.get();
+        IDispatch* owner = owner_.get();
+        Bstr picked;
+        EXPECT_EQ(object->OpenProcess(&host, &owner, nullptr, 71, -1, nullptr, nullptr, nullptr, -1, nullptr,
+                                      nullptr, picked.receive()),
+                  S_OK);
+        return picked.utf8();
     }
     void dispatchMessages() {
         MSG message;
@@ -100,6 +159,7 @@ class LifetimeTest : public testing::Test {
     HWND window_ = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700,
                                    nullptr, nullptr, nullptr, nullptr);
     ComPtr<TestObject> host_ = TestObject::make();
+    ComPtr<TestObject> owner_ = TestObject::make();
 };
 
 TEST_F(LifetimeTest, TheViewStandsInsideTheHostsWindowUntilDispose) {
@@ -113,6 +173,81 @@ TEST_F(LifetimeTest, TheViewStandsInsideTheHostsWindowUntilDispose) {
 TEST_F(LifetimeTest, ReleasingWithoutDisposeTakesTheViewAwayToo) {
     useOnce(false);
     EXPECT_EQ(childrenOf(window_), 0);
+}
+
+TEST_F(LifetimeTest, AHostThatDestroysItsWindowFirstCanStillDispose) {
+    const ComPtr<_Application> object = showOnce();
+    DestroyWindow(window_);
+    dispatchMessages();
+    VARIANT result;
+    EXPECT_EQ(object->Dispose(&result), S_OK);
+    EXPECT_EQ(host_->references(), 1U);
+}
+
+TEST_F(LifetimeTest, TwoComponentsShareAHostsWindowAndGoOneByOne) {
+    ComPtr<_Application> first = showOnce();
+    const int ofOne = childrenOf(window_);
+    const ComPtr<_Application> second = showOnce();
+    EXPECT_EQ(childrenOf(window_), 2 * ofOne);
+    first = nullptr;
+    EXPECT_EQ(childrenOf(window_), ofOne);
+}
+
+TEST_F(LifetimeTest, APickerThatIsClosedPicksNothingAndLeavesTheHostUsable) {
+    const ComPtr<_Application> object = server_->create();
+    const DuringModal closing(window_);
+    EXPECT_EQ(pick(object.get()), "");
+    EXPECT_TRUE(closing.wasShown());
+    EXPECT_TRUE(IsWindowEnabled(window_));
+}
+
+TEST_F(LifetimeTest, ThePickerStandsOverTheViewThatIsShownAlready) {
+    const ComPtr<_Application> object = showOnce();
+    const DuringModal closing(window_);
+    EXPECT_EQ(pick(object.get()), "");
+    EXPECT_TRUE(closing.wasShown());
+    EXPECT_GT(childrenOf(window_), 1);
+}
+
+TEST_F(LifetimeTest, AHostThatDisposesWhileAPickerIsUpIsServedWhenThePickerIsClosed) {
+    const ComPtr<_Application> object = server_->create();
+    const DuringModal disposing(window_, [&] {
+        VARIANT result;
+        EXPECT_EQ(object->Dispose(&result), S_OK);
+    });
+    EXPECT_EQ(pick(object.get()), "");
+    EXPECT_TRUE(disposing.wasShown());
+    EXPECT_EQ(host_->references(), 1U);
+}
+
+TEST_F(LifetimeTest, AHostThatLetsGoWhileAPickerIsUpIsServedWhenThePickerIsClosed) {
+    ComPtr<_Application> object = server_->create();
+    _Application* const raw = object.get();
+    const DuringModal releasing(window_, [&] { object = nullptr; });
+    EXPECT_EQ(pick(raw), "");
+    EXPECT_TRUE(releasing.wasShown());
+    EXPECT_EQ(server_->canUnloadNow(), S_OK);
+    EXPECT_EQ(host_->references(), 1U);
+}
+
+TEST_F(LifetimeTest, PickersLeaveNothingBehind) {
+    constexpr int kUses = 20;
+    const auto pickOften = [&] {
+        for (int i = 0; i < kUses; ++i) {
+            const ComPtr<_Application> object = server_->create();
+            const DuringModal closing(window_);
+            pick(object.get());
+        }
+    };
+    pickOften();
+    const ResourceCounts before = ResourceCounts::now();
+    const int windows = windowsOfThisThread();
+    pickOften();
+    const ResourceCounts left = ResourceCounts::now() - before;
+    EXPECT_LT(left.user, kUses / 2) << left;
+    EXPECT_LT(left.gdi, kUses / 2) << left;
+    EXPECT_LT(left.kernel, kUses / 2) << left;
+    EXPECT_EQ(windowsOfThisThread(), windows);
 }
 
 TEST_F(LifetimeTest, OnceItIsNoLongerUsedTheDllCanBeUnloaded) {
