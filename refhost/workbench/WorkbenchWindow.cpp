@@ -43,6 +43,14 @@ void emptyMenu(HMENU menu) {
         DeleteMenu(menu, 0, MF_BYPOSITION);
 }
 
+/// A name as a menu entry that its first letter chooses.
+std::wstring entryOf(std::string_view name) {
+    std::wstring entry = L"&";
+    for (const wchar_t c : wideFromUtf8(name))
+        entry += c == L'&' ? std::wstring(L"&&") : std::wstring(1, c);
+    return entry;
+}
+
 const char* methodOf(int id) {
     switch (id) {
         case IDM_OPEN_PROCESS:
@@ -300,13 +308,13 @@ void WorkbenchWindow::fillMenus() {
     emptyMenu(userMenu);
     for (const auto& language : languages()) {
         AppendMenuW(languageMenu, MF_STRING, static_cast<UINT_PTR>(IDM_FIRST_LANGUAGE + language.code),
-                    wideFromUtf8(language.name).c_str());
+                    entryOf(language.name).c_str());
     }
     users_ = session_->users();
     constexpr std::size_t kMostUsers = IDM_LAST_USER - IDM_FIRST_USER + 1;
     if (users_.size() > kMostUsers) users_.resize(kMostUsers);
     for (std::size_t at = 0; at < users_.size(); ++at) {
-        AppendMenuW(userMenu, MF_STRING, IDM_FIRST_USER + at, wideFromUtf8(users_[at]).c_str());
+        AppendMenuW(userMenu, MF_STRING, IDM_FIRST_USER + at, entryOf(users_[at]).c_str());
     }
 }
 
