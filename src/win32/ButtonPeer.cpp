@@ -28,7 +28,7 @@ bool ButtonPeer::accessed() {
 
 std::optional<LRESULT> ButtonPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
-        form().showDefaultButton(message == WM_SETFOCUS ? window() : nullptr);
+        form().keyboard().showDefaultButton(message == WM_SETFOCUS ? window() : nullptr);
     }
     return ControlPeer::message(message, wParam, lParam);
 }

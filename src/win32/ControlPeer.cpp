@@ -18,7 +18,7 @@ ControlPeer::ControlPeer(FormWindow& form, Control& control) : form_(form), cont
             if (window_ != nullptr) controlChanged(change);
         });
     });
-    focusRequested_ = control.focusRequested.subscribe([this] { form_.focus(*this); });
+    focusRequested_ = control.focusRequested.subscribe([this] { form_.keyboard().focus(*this); });
 }
 
 ControlPeer::~ControlPeer() {
@@ -122,7 +122,10 @@ void ControlPeer::controlChanged(ControlChange change) {
 }
 
 std::optional<LRESULT> ControlPeer::message(UINT message, WPARAM, LPARAM) {
-    if (message == WM_SETFOCUS) control_->entered.raise();
+    if (message == WM_SETFOCUS && control_->kind() != Control::Kind::Form) {
+        form_.keyboard().arrived(window_);
+        control_->entered.raise();
+    }
     return std::nullopt;
 }
 

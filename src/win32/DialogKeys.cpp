@@ -125,41 +125,41 @@ void DialogKeys::perform() {
     kept_.reset();
     if (message.message == WM_KEYDOWN) {
         performKey(message);
-    } else if (!form_.pressAccessKey(static_cast<wchar_t>(message.wParam))) {
+    } else if (!form_.keyboard().pressAccessKey(static_cast<wchar_t>(message.wParam))) {
         // The host's menu has access keys too.
         ::DispatchMessageW(&message);
     }
 }
 
 void DialogKeys::performKey(const MSG& message) {
-    form_.showKeyboardCues();
+    form_.keyboard().showCues();
     switch (message.wParam) {
         case VK_RETURN:
-            form_.pressEnter(message.hwnd);
+            form_.keyboard().pressEnter(message.hwnd);
             break;
         case VK_ESCAPE:
-            form_.pressEscape();
+            form_.keyboard().pressEscape();
             break;
         case VK_PRIOR:
-            form_.stepPage(-1);
+            form_.keyboard().stepPage(-1);
             break;
         case VK_NEXT:
-            form_.stepPage(1);
+            form_.keyboard().stepPage(1);
             break;
         case VK_LEFT:
         case VK_UP:
-            form_.stepAmongSiblings(-1);
+            form_.keyboard().stepAmongSiblings(-1);
             break;
         case VK_RIGHT:
         case VK_DOWN:
-            form_.stepAmongSiblings(1);
+            form_.keyboard().stepAmongSiblings(1);
             break;
         default: {
             const int step = isDown(VK_SHIFT) ? -1 : 1;
             if (isDown(VK_CONTROL)) {
-                form_.stepPage(step);
+                form_.keyboard().stepPage(step);
             } else {
-                form_.stepFocus(step);
+                form_.keyboard().stepFocus(step);
             }
         }
     }

@@ -2,10 +2,7 @@
 
 #include <algorithm>
 
-#include "win32/ButtonPeer.h"
 #include "win32/PopupMenu.h"
-#include "win32/TabOrder.h"
-#include "win32/TabStripPeer.h"
 #include "win32/WideText.h"
 
 namespace pellmark {
@@ -35,7 +32,7 @@ RECT broughtIntoView(RECT rect) {
 }  // namespace
 
 FormWindow::FormWindow(std::shared_ptr<Surroundings> surroundings, Form& form)
-    : ContainerPeer(*this, form), surroundings_(std::move(surroundings)), keys_(*this) {
+    : ContainerPeer(*this, form), surroundings_(std::move(surroundings)), keyboard_(*this), keys_(*this) {
     const ActivationContext::Active themed(surroundings_->theme());
     scale_ = Scale(surroundings_->dpiOf(::GetDesktopWindow()));
     createWindow(nullptr, surroundings_->formClass(), captionedStyle(),
@@ -43,7 +40,7 @@ FormWindow::FormWindow(std::shared_ptr<Surroundings> surroundings, Form& form)
     scale_ = Scale(surroundings_->dpiOf(window()));
     font_ = surroundings_->messageFont(scale_.dpi());
     createChildren();
-    showDefaultButton(nullptr);
+    keyboard_.showDefaultButton(nullptr);
     settled_ = true;
     place();
 }
@@ -208,7 +205,7 @@ void FormWindow::embed(HWND parent) {
     ::SetWindowPos(window(), HWND_TOP, 0, 0, client.right, client.bottom, SWP_NOACTIVATE | SWP_FRAMECHANGED);
     arrange();
     ::ShowWindow(window(), SW_SHOWNORMAL);
-    if (focusWish_ != nullptr) ::SetFocus(std::exchange(focusWish_, nullptr));
+    keyboard_.shownEmbedded();
 }
 
 void FormWindow::makeTopLevel(HWND owner) {
@@ -252,7 +249,7 @@ void FormWindow::runModal(HWND owner) {
         model()->windowState() == WindowState::Maximized && model()->borderStyle() == BorderStyle::Sizable;
     ::ShowWindow(window(), maximized ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
     ::SetActiveWindow(window());
-    focusFirst();
+    keyboard_.enter();
     const HWND handle = window();
     modal->run(handle);
     // From here the form and this window may be gone.
@@ -284,122 +281,6 @@ void FormWindow::popUp(Menu& menu, Control& over, Point at) {
         chosen = shown.track(window(), where);
     }
     if (chosen) PopupMenu::run(menu, *chosen);
-}
-
-// --- keyboard
-// ------------------------------------------------------------------------------------------------
-
-void FormWindow::focus(ControlPeer& peer) {
-    if (::IsWindowVisible(window())) {
-        ::SetFocus(peer.window());
-    } else {
-        focusWish_ = peer.window();
-    }
-}
-
-void FormWindow::focusFirst() {
-    HWND first = std::exchange(focusWish_, nullptr);
-    if (first == nullptr) {
-        if (const ControlPeer* peer = TabOrder(*this).first()) first = peer->window();
-    }
-    ::SetFocus(first != nullptr ? first : window());
-}
-
-void FormWindow::activated(bool active) {
-    if (!active) {
-        const HWND focus = ::GetFocus();
-        lastFocus_ = focus != nullptr && ::IsChild(window(), focus) ? focus : nullptr;
-    } else if (lastFocus_ != nullptr && ::IsWindow(lastFocus_)) {
-        ::SetFocus(lastFocus_);
-    }
-}
-
-void FormWindow::showDefaultButton(HWND focused) {
-    if (model() == nullptr) return;
-    const auto buttonAt = [](HWND window) -> ButtonPeer* {
-        ControlPeer* peer = of(window);
-        const bool isButton =
-            peer != nullptr && peer->control() != nullptr && peer->control()->kind() == Control::Kind::Button;
-        return isButton ? static_cast<ButtonPeer*>(peer) : nullptr;
-    };
-    HWND wanted = focused;
-    if (wanted == nullptr && model()->defaultButton() != nullptr) {
-        if (const ControlPeer* own = find(*model()->defaultButton())) wanted = own->window();
-    }
-    if (wanted == defaultShown_) return;
-    if (ButtonPeer* before = buttonAt(defaultShown_)) before->showDefault(false);
-    if (ButtonPeer* now = buttonAt(wanted)) now->showDefault(true);
-    defaultShown_ = wanted;
-}
-
-void FormWindow::pressEnter(HWND focused) {
-    ControlPeer* peer = of(focused);
-    if (peer != nullptr && peer->control() != nullptr && peer->control()->kind() == Control::Kind::Button) {
-        static_cast<Button*>(peer->control())->click();
-    } else if (model() != nullptr && model()->defaultButton() != nullptr) {
-        model()->defaultButton()->click();
-    }
-}
-
-void FormWindow::pressEscape() {
-    if (model() != nullptr && !embedded_) model()->close();
-}
-
-ControlPeer* FormWindow::focused() const {
-    const HWND focus = ::GetFocus();
-    return focus != nullptr && ::IsChild(window(), focus) ? around(focus) : nullptr;
-}
-
-void FormWindow::showKeyboardCues() const {
-    ::SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
-}
-
-void FormWindow::stepFocus(int by) {
-    if (model() == nullptr) return;
-    const ControlPeer* next = TabOrder(*this).next(focused(), by);
-    if (next == nullptr) return;
-    const HWND window = next->window();
-    const bool isLine = (::SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
-    ::SetFocus(window);
-    if (isLine) ::SendMessageW(window, EM_SETSEL, 0, -1);
-}
-
-void FormWindow::stepAmongSiblings(int by) {
-    const ControlPeer* from = model() != nullptr ? focused() : nullptr;
-    const ControlPeer* next = from != nullptr ? TabOrder(*this).nextSibling(*from, by) : nullptr;
-    if (next != nullptr) ::SetFocus(next->window());
-}
-
-bool FormWindow::pressAccessKey(wchar_t key) {
-    if (model() == nullptr) return false;
-    const TabOrder order(*this);
-    ControlPeer* peer = order.withAccessKey(key, focused());
-    if (peer == nullptr) return false;
-    if (!peer->accessed()) {
-        const ControlPeer* next = order.next(peer, 1);
-        if (next != nullptr) ::SetFocus(next->window());
-    }
-    return true;
-}
-
-TabStripPeer* FormWindow::stripAround(HWND focused) const {
-    for (HWND each = focused; each != nullptr && each != window(); each = ::GetAncestor(each, GA_PARENT)) {
-        ControlPeer* peer = of(each);
-        if (peer != nullptr && peer->control() != nullptr &&
-            peer->control()->kind() == Control::Kind::TabStrip) {
-            return static_cast<TabStripPeer*>(peer);
-        }
-    }
-    for (const auto& each : children()) {
-        if (each->control()->kind() == Control::Kind::TabStrip && each->control()->visible()) {
-            return static_cast<TabStripPeer*>(each.get());
-        }
-    }
-    return nullptr;
-}
-
-void FormWindow::stepPage(int by) {
-    if (TabStripPeer* strip = stripAround(::GetFocus())) strip->step(by);
 }
 
 // --- messages
@@ -461,10 +342,10 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
             model()->close();
             return 0;
         case WM_ACTIVATE:
-            activated(LOWORD(wParam) != WA_INACTIVE);
+            if (LOWORD(wParam) != WA_INACTIVE) keyboard_.enter();
             return 0;
         case WM_SETFOCUS:
-            focusFirst();
+            keyboard_.enter();
             return 0;
         case kDpiChanged: {
             const auto& wanted = *reinterpret_cast<const RECT*>(lParam);

@@ -7,12 +7,11 @@
 #include "controls/Form.h"
 #include "win32/ContainerPeer.h"
 #include "win32/DialogKeys.h"
+#include "win32/FormKeyboard.h"
 #include "win32/ModalLoop.h"
 #include "win32/Surroundings.h"
 
 namespace pellmark {
-
-class TabStripPeer;
 
 /// The window of a form: a captioned window while it is shown modally, a borderless child while it is
 /// embedded. It lives until the last of its window procedures has returned, see retire().
@@ -50,26 +49,11 @@ class FormWindow : public ContainerPeer {
     void popUp(Menu& menu, Control& over, Point at);
 
     // --- for the peers within ----------------------------------------------------------------------------
-    /// Gives the keyboard to the control, now or when the form is shown.
-    void focus(ControlPeer& peer);
     /// The model has moved: the window follows, at once or with all others of one layout.
     void moved(ControlPeer& peer);
     void setToolTip(HWND window, const std::string& text);
-    /// Draws the button that has the focus as the default one, or with null the form's own.
-    void showDefaultButton(HWND focused);
+    FormKeyboard& keyboard() { return keyboard_; }
     DialogKeys& keys() { return keys_; }
-
-    // --- for the keys ------------------------------------------------------------------------------------
-    void pressEnter(HWND focused);
-    void pressEscape();
-    void stepPage(int by);
-    /// Moves the keyboard to the next control or the one before.
-    void stepFocus(int by);
-    void stepAmongSiblings(int by);
-    /// False when no control of the form has that access key.
-    bool pressAccessKey(wchar_t key);
-    /// Shows what has the keyboard and which letters are access keys, once the person uses the keyboard.
-    void showKeyboardCues() const;
 
     void detach() override;
     void place() override;
@@ -89,23 +73,17 @@ class FormWindow : public ContainerPeer {
     void takeIcon(HWND owner) const;
     void layOut(int width, int height);
     void placeMoved();
-    void focusFirst();
-    ControlPeer* focused() const;
-    void activated(bool active);
     void takeResolution(int dpi);
     void keepPlace();
     void limitSize(MINMAXINFO& limits) const;
     RECT outerRect(Size client) const;
-    TabStripPeer* stripAround(HWND focused) const;
 
     std::shared_ptr<Surroundings> surroundings_;
     Scale scale_;
     FontHandle font_;
+    FormKeyboard keyboard_;
     DialogKeys keys_;
     HWND toolTips_ = nullptr;
-    HWND focusWish_ = nullptr;
-    HWND lastFocus_ = nullptr;     ///< had the keyboard when another window became active
-    HWND defaultShown_ = nullptr;  ///< the button drawn as the one that Enter presses
     std::shared_ptr<ModalLoop> modal_;
     std::vector<ControlPeer*> moved_;
     bool collecting_ = false;

@@ -42,6 +42,10 @@ ControlPeer* TabOrder::walk(const ControlPeer* from, int step, Accept&& accept) 
     return nullptr;
 }
 
+ControlPeer* TabOrder::first(Control::Kind kind) const {
+    return walk(nullptr, 1, [kind](const ControlPeer& each) { return each.control()->kind() == kind; });
+}
+
 ControlPeer* TabOrder::next(const ControlPeer* from, int step) const {
     return walk(from, step, [](const ControlPeer& each) { return takesKeyboard(each); });
 }

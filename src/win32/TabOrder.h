@@ -15,6 +15,8 @@ class TabOrder {
     explicit TabOrder(ControlPeer& form) { form.collect(peers_); }
 
     ControlPeer* first() const { return next(nullptr, 1); }
+    /// The first control of a kind; null when there is none.
+    ControlPeer* first(Control::Kind kind) const;
     /// The next control that can take the keyboard, round the ends; with a negative step the one before.
     /// Null when there is none.
     ControlPeer* next(const ControlPeer* from, int step) const;

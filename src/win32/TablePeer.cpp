@@ -14,6 +14,13 @@ namespace {
 constexpr Twips kSpaceBetweenLines = 5 * kTwipsPerPixelAt96Dpi;
 constexpr int kRowsSearchedForATypedText = 20000;
 
+void paintEmpty(HWND header) {
+    PAINTSTRUCT paint{};
+    const HDC canvas = ::BeginPaint(header, &paint);
+    ::FillRect(canvas, &paint.rcPaint, ::GetSysColorBrush(COLOR_WINDOW));
+    ::EndPaint(header, &paint);
+}
+
 bool beginsWith(const std::wstring& text, const std::wstring& prefix) {
     return text.size() >= prefix.size() &&
            ::CompareStringOrdinal(text.c_str(), static_cast<int>(prefix.size()), prefix.c_str(),
@@ -256,6 +263,11 @@ std::optional<LRESULT> TablePeer::innerMessage(HWND inner, UINT message, WPARAM 
         return at;
     };
     switch (message) {
+        case WM_PAINT:
+            // A header without columns leaves on the screen whatever was there before.
+            if (table_->columns() > 0) return std::nullopt;
+            paintEmpty(inner);
+            return 0;
         case WM_LBUTTONUP: {
             const LRESULT result = defaultMessage(inner, message, wParam, lParam);
             if (control() != nullptr) header_->takeChanges(scale());

@@ -319,6 +319,14 @@ TEST_F(FormWindowTest, AFormThatWasEmbeddedCanBeShownModally) {
     EXPECT_TRUE(::IsWindowEnabled(host()));
 }
 
+TEST_F(FormWindowTest, AHostThatFocusesTheFormLeadsBackToTheControlThatHadTheKeyboard) {
+    embed();
+    focus(form->help);
+    ::SetFocus(hostBox());
+    ::SetFocus(window());
+    EXPECT_TRUE(hasFocus(form->help));
+}
+
 TEST_F(FormWindowTest, AnExceptionInAHandlerIsRecordedAndNotThrownAcross) {
     embed();
     const auto click = form->ok.clicked.subscribe([] { throw Error(5, "Test", "on purpose"); });

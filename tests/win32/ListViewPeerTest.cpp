@@ -54,6 +54,16 @@ TEST_F(ListViewPeerTest, ItemsAndColumnsFollowTheModel) {
     EXPECT_EQ(shownItems(), 0);
 }
 
+TEST_F(ListViewPeerTest, AHeaderWithoutColumnsIsPaintedToo) {
+    ::UpdateWindow(header());
+    members().setColumnHeaders({});
+    ::UpdateWindow(header());
+    const HDC screen = ::GetDC(header());
+    const COLORREF color = ::GetPixel(screen, 30, 9);
+    ::ReleaseDC(header(), screen);
+    EXPECT_EQ(color, ::GetSysColor(COLOR_WINDOW));
+}
+
 TEST_F(ListViewPeerTest, ClicksSelectAndTellOfIt) {
     int changes = 0;
     const auto heard = members().selectionChanged.subscribe([&] { ++changes; });
