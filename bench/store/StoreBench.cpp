@@ -27,6 +27,8 @@ using pellmark::MemoryRecordSet;
 constexpr int kRepetitions = 7;
 constexpr pellmark::Color kRed = 255;
 constexpr const char* kScan = "SELECT id, name, unit, rule, description FROM process";
+constexpr const char* kScanByName =
+    "SELECT id, name, unit, rule, description FROM process ORDER BY name COLLATE NOCASE, id";
 
 /// Keeps the compiler from leaving out what nobody reads.
 volatile std::size_t sink = 0;
@@ -52,8 +54,8 @@ struct ProcessGrid {
 };
 
 /// SQLite alone: every row, every column, nothing kept.
-void bareScan(norvex::Connection& connection) {
-    Statement scan(connection, kScan);
+void bareScan(norvex::Connection& connection, const char* sql = kScan) {
+    Statement scan(connection, sql);
     std::size_t bytes = 0;
     while (scan.step()) {
         for (int column = 0; column < 5; ++column)
@@ -225,14 +227,18 @@ void removeRows(Table& table, SqliteKnowledgeBaseService& service, std::size_t c
 void exportGrid(Table& table, SqliteKnowledgeBaseService& service, std::size_t count) {
     ProcessGrid view;
     list(service, view);
-    const Comparison written = compare(
-        kRepetitions,
-        [&] {
-            view.grid.saveDelimited(',', true, [](std::string_view piece) { sink = sink + piece.size(); });
-        },
-        [&] { bareScan(service.base()->connection()); });
-    table.add({"whole grid of " + std::to_string(count) + " exported", number(written.measured) + " ms",
-               number(written.baseline) + " ms", number(written.ratio, 2), "3"});
+    const auto write = [&] {
+        view.grid.saveDelimited(',', true, [](std::string_view piece) { sink = sink + piece.size(); });
+    };
+    // The file has the order of the list, in which SQLite itself reads more slowly than in its own.
+    for (const auto& [sql, order] :
+         {std::pair{kScanByName, "a scan by name"}, {kScan, "a scan in any order"}}) {
+        const Comparison written =
+            compare(kRepetitions, write, [&] { bareScan(service.base()->connection(), sql); });
+        table.add({"whole grid of " + std::to_string(count) + " exported, against " + order,
+                   number(written.measured) + " ms", number(written.baseline) + " ms",
+                   number(written.ratio, 2), sql == kScanByName ? "3" : ""});
+    }
 }
 
 /// `only` restricts the run to one size, for profiling; 0 runs all.

@@ -23,7 +23,7 @@ constexpr std::size_t kHeaderSize = 100;
 constexpr std::string_view kMagic{"SQLite format 3\0", 16};
 
 /// Up to this size every page is looked at when the file is opened; it takes some ten milliseconds.
-constexpr std::int64_t kFullCheckBytes = 16 * 1024 * 1024;
+constexpr std::int64_t kFullCheckBytes = std::int64_t{16} * 1024 * 1024;
 
 using Header = std::array<unsigned char, kHeaderSize>;
 

@@ -291,7 +291,7 @@ void SeedProcesses::writeOrphans() {
 std::string SeedProcesses::add(const Units& units, const std::string& name, const std::string& rule,
                                const std::string& description, const std::vector<Step>& steps,
                                const std::string& classes) {
-    const std::string id =
+    std::string id =
         service_.processStore().addProcess({"", name + units.suffix, units.code, description, rule});
     std::int16_t priority = 1;
     for (const Step& step : steps)
