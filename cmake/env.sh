@@ -116,7 +116,7 @@ start_display() {
 # Makes the Wine prefix build/NAME the current one, creating it the first time. The stamp is written last, so a
 # prefix whose creation was interrupted is made anew. No debugger: a crash must end a program, not hang it.
 use_prefix() {
-    export WINEPREFIX=$build/$1 WINEARCH=win64 WINEDEBUG=-all
+    export WINEPREFIX=$build/${1:?a name for the prefix} WINEARCH=win64 WINEDEBUG=-all
     export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d;winemenubuilder.exe=d"
     export WINEPATH
     WINEPATH=$(windows_path "$build/win64/bin")

@@ -25,15 +25,23 @@ def visible_choice(desktop, box, text):
     return area()
 
 
-def describe_case(desktop, workbench):
-    """Opens the case view through the host's menu key and its dialog, for an M6 through hole."""
-    desktop.click(workbench.lists()[0].middle)
-    desktop.key("ctrl+2")
-    dialog = desktop.one("#32770", "Describe the Feature Case")
+def fill_case(desktop, dialog, values=VALUES):
+    """Chooses the type and the values in the dialog, and confirms it."""
     combos = sorted(desktop.find("ComboBox", inside=dialog), key=lambda w: (w.area[1], w.area[0]))
     desktop.choose(combos[3], TYPE)
     box = desktop.find("ListBox", inside=dialog)[0]
-    for value in VALUES:
+    for value in values:
         desktop.click(area_middle(visible_choice(desktop, box, value)))
     desktop.click(desktop.one("Button", "OK", inside=dialog).middle)
     desktop.gone(dialog)
+
+
+def case_dialog(desktop):
+    return desktop.one("#32770", "Describe the Feature Case")
+
+
+def describe_case(desktop, workbench, values=VALUES):
+    """Opens the case view through the host's menu key and its dialog, for an M6 through hole."""
+    desktop.click(workbench.lists()[0].middle)
+    desktop.key("ctrl+2")
+    fill_case(desktop, case_dialog(desktop), values)

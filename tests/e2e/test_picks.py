@@ -1,0 +1,64 @@
+"""The modal picks of the host's Knowledge menu: each way out of them, and what the host is told."""
+
+import re
+
+from case_dialog import case_dialog, fill_case
+from desktop import wait_for
+from workbench import WorkbenchTest
+
+
+class Picks(WorkbenchTest):
+    def pick(self, letter, **case):
+        """Opens a pick by its letter in the Knowledge menu and describes the case; the picker's window."""
+        self.desktop.click(self.workbench.lists()[0].middle)
+        self.desktop.key("alt+k")
+        self.desktop.one("#32768")
+        self.desktop.key(letter)
+        fill_case(self.desktop, case_dialog(self.desktop), **case)
+        return self.workbench.dialog()
+
+    def press(self, dialog, caption):
+        self.desktop.click(self.desktop.one("Button", caption, inside=dialog).middle)
+        self.desktop.gone(dialog)
+
+    def status(self):
+        return self.desktop.one("msctls_statusbar32").text
+
+    def told(self, start):
+        return wait_for(f"the host to be told about {start}",
+                        lambda: self.status() if self.status().startswith(start) else None)
+
+    def shows_a_list_again(self):
+        wait_for("the embedded view again", lambda: self.workbench.refresh().enabled and self.workbench.lists())
+
+    def test_ok_tells_the_selected_process(self):
+        self.press(self.pick("p"), "OK")
+        picked = re.search(r"\{[0-9A-F-]{36}\}", self.told("OpenProcess")).group()
+        bare = picked.strip("{}").replace("-", "")
+        names = [name for name, in self.workbench.query("SELECT name FROM process WHERE id = ?", guid_bytes(bare))]
+        self.assertEqual(names, ["Tap M6"])
+        self.shows_a_list_again()
+
+    def test_cancel_escape_and_the_close_box_tell_no_process(self):
+        for way in ("cancel", "escape", "close box"):
+            with self.subTest(way):
+                dialog = self.pick("p")
+                if way == "cancel":
+                    self.press(dialog, "Cancel")
+                else:
+                    self.desktop.key("Escape" if way == "escape" else "alt+F4")
+                    self.desktop.gone(dialog)
+                self.assertNotRegex(self.told("OpenProcess"), r"\{[0-9A-F-]{36}\}")
+                self.shows_a_list_again()
+
+    def test_ok_creates_a_feature_case_that_does_not_exist(self):
+        cases = self.workbench.query("SELECT count(*) FROM feature_case")[0][0]
+        self.press(self.pick("f", values=("Thread: M6",)), "OK")
+        self.assertRegex(self.told("OpenFeatureCase"), r"\{[0-9A-F-]{36}\}")
+        self.assertEqual(self.workbench.query("SELECT count(*) FROM feature_case")[0][0], cases + 1)
+
+
+def guid_bytes(digits):
+    """A GUID's digits in the order in which they are stored."""
+    raw = bytes.fromhex(digits)
+    return raw[3::-1] + raw[5:3:-1] + raw[7:5:-1] + raw[8:]
