@@ -72,7 +72,15 @@ void TablePeer::showRow(int row) {
     if (row < 0) {
         ::InvalidateRect(window(), nullptr, FALSE);
     } else {
-        ::SendMessageW(window(), LVM_REDRAWITEMS, static_cast<WPARAM>(row), row);
+        // The control's own idea of a row leaves out the margin at its left.
+        RECT line{};
+        line.left = LVIR_BOUNDS;
+        ::SendMessageW(window(), LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&line));
+        RECT client{};
+        ::GetClientRect(window(), &client);
+        line.left = client.left;
+        line.right = client.right;
+        ::InvalidateRect(window(), &line, FALSE);
     }
 }
 
@@ -164,9 +172,11 @@ std::optional<LRESULT> TablePeer::notified(NMHDR& header) {
             fillItem(reinterpret_cast<NMLVDISPINFOW&>(header).item);
             return 0;
         case LVN_ITEMCHANGED:
+            showRow(reinterpret_cast<NMLISTVIEW&>(header).iItem);
             selection_->itemChanged(reinterpret_cast<NMLISTVIEW&>(header));
             return 0;
         case LVN_ODSTATECHANGED:
+            showRow(-1);
             selection_->rangeChanged(reinterpret_cast<NMLVODSTATECHANGE&>(header));
             return 0;
         case LVN_ODFINDITEMW:

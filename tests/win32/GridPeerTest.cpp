@@ -63,10 +63,10 @@ class GridPeerTest : public ::testing::Test, protected PeerHarness {
     }
     int shownColumns() const { return static_cast<int>(::SendMessageW(header(), HDM_GETITEMCOUNT, 0, 0)); }
     /// The background near the left edge of a data row as it has been painted.
-    COLORREF pixelInRow(int row) const {
+    COLORREF pixelInRow(int row, int x = 2) const {
         ::UpdateWindow(list_);
         const HDC screen = ::GetDC(list_);
-        const COLORREF color = ::GetPixel(screen, 2, static_cast<int>(inRow(row).y));
+        const COLORREF color = ::GetPixel(screen, x, static_cast<int>(inRow(row).y));
         ::ReleaseDC(list_, screen);
         return color;
     }
@@ -139,6 +139,14 @@ TEST_F(GridPeerTest, AMillionRowsAreReadOnlyWhereTheyAreShown) {
 TEST_F(GridPeerTest, ShowCellScrollsTheRowIntoView) {
     grid().showCell(90, 1);
     EXPECT_GT(topRow(), 40);
+}
+
+TEST_F(GridPeerTest, ARowThatLosesItsSelectionIsPaintedAnewToItsLeftEdge) {
+    Person::click(list(), inRow(3));
+    ASSERT_EQ(pixelInRow(3, 1), ::GetSysColor(COLOR_HIGHLIGHT));
+    Person::click(list(), inRow(5));
+    EXPECT_EQ(pixelInRow(3, 1), ::GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(pixelInRow(5, 1), ::GetSysColor(COLOR_HIGHLIGHT));
 }
 
 TEST_F(GridPeerTest, AListThatBecomesShorterThanWhereItStoodShowsItsRows) {
