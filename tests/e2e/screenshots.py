@@ -5,8 +5,8 @@ import subprocess
 import sys
 import tempfile
 
-from case_dialog import describe_case
-from desktop import Desktop
+from case_dialog import case_dialog, describe_case, fill_case
+from desktop import Desktop, wait_for
 from workbench import Workbench
 
 
@@ -67,8 +67,40 @@ def take_host_dialog(desktop, album):
         album.add("case-description", desktop.one("#32770"))
 
 
+def open_case_menu(desktop, workbench):
+    """The context menu of the first process of the described case."""
+    describe_case(desktop, workbench)
+    listed = wait_for("the lists of the case", lambda: workbench.lists()[1:2])[0]
+    row = wait_for("its processes", lambda: desktop.rows(listed)["rows"][:1])[0]
+    desktop.click(desktop.row_middle(row), button=3)
+    desktop.one("#32768")
+
+
+def take_case_menu(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        open_case_menu(desktop, workbench)
+        album.add("case-menu", workbench.refresh())
+
+
+def take_members_dialog(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        open_case_menu(desktop, workbench)
+        desktop.key(*["Down"] * 3, "Return")
+        album.add("process-members", workbench.dialog())
+
+
+def take_picker(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        desktop.click(workbench.lists()[0].middle)
+        desktop.key("alt+k")
+        desktop.one("#32768")
+        desktop.key("p")
+        fill_case(desktop, case_dialog(desktop))
+        album.add("process-pick", workbench.dialog())
+
+
 SCENES = [take_processes_view, take_case_view, take_process_menu, take_process_dialog, take_delete_question,
-          take_host_dialog]
+          take_host_dialog, take_case_menu, take_members_dialog, take_picker]
 
 
 def main():
