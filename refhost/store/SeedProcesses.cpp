@@ -16,11 +16,12 @@ using pellmark::FeatureCaseDescription;
 
 struct Units {
     std::int16_t code;
-    const char* suffix;       ///< of process names
-    double lengthFactor;      ///< from millimetres
-    double speedFactor;       ///< from m/min
-    double revolutionFactor;  ///< revolutions per minute from speed / (pi * diameter)
-    int places;               ///< of lengths
+    const char* suffix;                   ///< of process names
+    double lengthFactor;                  ///< from millimetres
+    double speedFactor;                   ///< from m/min
+    double revolutionFactor;              ///< revolutions per minute from speed / (pi * diameter)
+    int places;                           ///< of lengths
+    double spotDrill, endMill, faceMill;  ///< usual diameters
     const char *threadType, *holeType, *slotType, *pocketType, *faceType;
     std::span<const Thread> threads;
     std::span<const SizeRange> ranges;
@@ -34,6 +35,9 @@ const Units kMetric{pellmark::unit::kMetric,
                     1,
                     1000,
                     3,
+                    10,
+                    12,
+                    63,
                     feature::kMetricThread,
                     feature::kMetricHole,
                     feature::kMetricSlot,
@@ -47,6 +51,9 @@ const Units kInch{pellmark::unit::kInch,
                   3.28,
                   12,
                   4,
+                  0.375,
+                  0.5,
+                  2.5,
                   feature::kInchThread,
                   feature::kInchHole,
                   feature::kInchSlot,
@@ -77,7 +84,7 @@ Tool carbide(const std::string& description, double diameter, int teeth = 0) {
 }
 
 Step spotDrill(const Units& units, double speed) {
-    const double diameter = 10 * units.lengthFactor;
+    const double diameter = units.spotDrill;
     return {"Spot drill", cycle::kSpotDrilling, carbide("NC spot drill 90 deg", diameter),
             speed * 0.6,  diameter * 0.012,     {{code::kToolPointAngle, "90"}}};
 }
@@ -127,7 +134,7 @@ void SeedProcesses::writeThreads(const Units& units) {
         const std::string id = add(
             units, "Tap " + size, "Thread = \"" + size + "\" and Depth <= " + decimal(2 * thread.diameter, 3),
             "Spot drill, drill " + drill + ", chamfer and tap, up to twice the diameter deep.", steps,
-            "PMKN");
+            "PKN");
         attach(id, units, units.threadType, {size, value::kBlind});
         attach(id, units, units.threadType, {size, value::kThrough});
     }
@@ -209,7 +216,7 @@ void SeedProcesses::writeSlots(const Units& units) {
 }
 
 void SeedProcesses::writePockets(const Units& units) {
-    const double mill = 12 * units.lengthFactor;
+    const double mill = units.endMill;
     const auto length = [&](double millimetres) {
         return decimal(millimetres * units.lengthFactor, units.places - 1);
     };
@@ -249,7 +256,7 @@ void SeedProcesses::writePockets(const Units& units) {
 }
 
 void SeedProcesses::writeFaces(const Units& units) {
-    const double cutter = 63 * units.lengthFactor;
+    const double cutter = units.faceMill;
     for (const CuttingData& data : kCuttingData) {
         const Step face{"Face mill",
                         cycle::kFaceMilling,
