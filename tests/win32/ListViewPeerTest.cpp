@@ -54,11 +54,14 @@ TEST_F(ListViewPeerTest, ItemsAndColumnsFollowTheModel) {
     EXPECT_EQ(shownItems(), 0);
 }
 
-TEST_F(ListViewPeerTest, AHeaderWithoutColumnsIsPaintedToo) {
-    ::UpdateWindow(header());
+TEST_F(ListViewPeerTest, AHeaderWithoutColumnsCoversWhatWasThereBefore) {
     members().setColumnHeaders({});
-    ::UpdateWindow(header());
+    Person::pump();
     const HDC screen = ::GetDC(header());
+    const RECT dirty{0, 0, 100, 20};
+    ::FillRect(screen, &dirty, static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
+    ::InvalidateRect(header(), nullptr, TRUE);
+    ::UpdateWindow(header());
     const COLORREF color = ::GetPixel(screen, 30, 9);
     ::ReleaseDC(header(), screen);
     EXPECT_EQ(color, ::GetSysColor(COLOR_WINDOW));
