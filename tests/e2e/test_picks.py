@@ -39,17 +39,26 @@ class Picks(WorkbenchTest):
         self.assertEqual(names, ["Tap M6"])
         self.shows_a_list_again()
 
-    def test_cancel_escape_and_the_close_box_tell_no_process(self):
+    def leaves(self, letter, call):
+        """Leaves a pick in each way that is not OK; the host is told of nothing."""
         for way in ("cancel", "escape", "close box"):
             with self.subTest(way):
-                dialog = self.pick("p")
+                dialog = self.pick(letter)
                 if way == "cancel":
                     self.press(dialog, "Cancel")
                 else:
                     self.desktop.key("Escape" if way == "escape" else "alt+F4")
                     self.desktop.gone(dialog)
-                self.assertNotRegex(self.told("OpenProcess"), r"\{[0-9A-F-]{36}\}")
+                self.assertNotRegex(self.told(call), r"\{[0-9A-F-]{36}\}")
                 self.shows_a_list_again()
+
+    def test_cancel_escape_and_the_close_box_tell_no_process(self):
+        self.leaves("p", "OpenProcess")
+
+    def test_cancel_escape_and_the_close_box_tell_no_feature_case(self):
+        cases = self.workbench.query("SELECT * FROM feature_case")
+        self.leaves("f", "OpenFeatureCase")
+        self.assertEqual(self.workbench.query("SELECT * FROM feature_case"), cases)
 
     def test_ok_creates_a_feature_case_that_does_not_exist(self):
         cases = self.workbench.query("SELECT count(*) FROM feature_case")[0][0]
