@@ -9,8 +9,9 @@
 
 #include "processes/KnowledgeBaseService.h"
 
-/// One suite for every knowledge base. A test program compiles KnowledgeBaseContract.cpp together with a
-/// source of its own that defines contractFactories(); the suite then runs once for each entry.
+/// One suite for every knowledge base. A test program compiles the sources of the suite (this one's and those
+/// of the stores) together with one of its own that defines contractFactories(); the suite then runs once for
+/// each entry.
 namespace pellmark::test {
 
 /// A knowledge base under test, empty but for one user who may do everything, and the means to fill what the
