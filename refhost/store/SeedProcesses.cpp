@@ -133,8 +133,7 @@ void SeedProcesses::writeThreads(const Units& units) {
         };
         const std::string id = add(
             units, "Tap " + size, "Thread = \"" + size + "\" and Depth <= " + decimal(2 * thread.diameter, 3),
-            "Spot drill, drill " + drill + ", chamfer and tap, up to twice the diameter deep.", steps,
-            "PKN");
+            "Spot drill, drill " + drill + ", chamfer and tap, up to twice the diameter deep.", steps, "PKN");
         attach(id, units, units.threadType, {size, value::kBlind});
         attach(id, units, units.threadType, {size, value::kThrough});
     }
