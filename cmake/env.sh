@@ -89,7 +89,6 @@ cleanup() {
     for pid in "${started[@]}"; do
         kill "$pid" 2>/dev/null
     done
-    [ -z "${scratch:-}" ] || rm -rf "$scratch"
     exit "$status"
 }
 trap cleanup EXIT
