@@ -58,8 +58,10 @@ bool Application::startUp(const std::shared_ptr<HostApplication>& host, const ch
 void Application::ShowWindowProcessesView(const std::shared_ptr<HostApplication>& host,
                                           const std::string& processGuid) {
     run("Application::ShowWindowProcessesView", host, kManagerTitle, [&] {
+        // The refill would otherwise go to the first row, although the host named none.
+        const std::string select = processGuid.empty() ? currentDescription().processGuid : processGuid;
         showEmbedded(FRView::FRProcesses);
-        component_->processes()->RefreshList(processGuid);
+        component_->processes()->RefreshList(select);
     });
 }
 

@@ -83,6 +83,15 @@ TEST_F(ApplicationTest, ASecondCallOnlySwitchesTheViewAndReselects) {
     EXPECT_THAT(windows(), ElementsAre("create FrmMain", "embed FrmMain 7"));
 }
 
+TEST_F(ApplicationTest, ASecondCallThatNamesNoProcessKeepsTheSelection) {
+    base.addProcess("a");
+    const std::string id = base.addProcess("b");
+    app->ShowWindowProcessesView(host, id);
+    app->ShowWindowProcessesView(host, "");
+    const Grid& grid = static_cast<FrmMain&>(*desktop.loaded("FrmMain")).VSFGAllProcesses;
+    EXPECT_EQ(grid.rowData(grid.row()), id);
+}
+
 TEST_F(ApplicationTest, AnotherHostWindowGetsTheFormAgain) {
     app->ShowWindowProcessesView(host, "");
     host->window = 8;
