@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "controls/Grid.h"
-#include "controls/MemoryRecordSet.h"
-#include "processes/Records.h"
-#include "store/SqliteKnowledgeBaseService.h"
-#include "store/Statement.h"
+#include "controls/grid/Grid.h"
+#include "knowledge/MemoryRecordSet.h"
+#include "knowledge/Records.h"
+#include "refhost/store/SqliteKnowledgeBaseService.h"
+#include "refhost/store/Statement.h"
 #include "support/Measure.h"
 #include "support/SyntheticBase.h"
 

@@ -5,11 +5,11 @@
 #include <filesystem>
 
 #include "base/Guid.h"
-#include "processes/Records.h"
-#include "store/KnowledgeBase.h"
-#include "store/ModelWriter.h"
-#include "store/SqliteFeatureCaseStore.h"
-#include "store/Statement.h"
+#include "knowledge/Records.h"
+#include "refhost/store/KnowledgeBase.h"
+#include "refhost/store/ModelWriter.h"
+#include "refhost/store/SqliteFeatureCaseStore.h"
+#include "refhost/store/Statement.h"
 
 namespace bench {
 

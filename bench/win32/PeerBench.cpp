@@ -5,9 +5,9 @@
 
 #include "support/Measure.h"
 #include "support/win32/SampleForm.h"
-#include "win32/ControlPeer.h"
-#include "win32/Win32Desktop.h"
 #include "win32/WindowsApi.h"
+#include "win32/controls/ControlPeer.h"
+#include "win32/forms/Win32Desktop.h"
 
 /// How long a form's list takes to its first painted rows, to turn a page, and how long a dialog takes to
 /// open and close; each beside the bare control or the barest dialog of the same run.
@@ -149,7 +149,7 @@ void addComparison(bench::Table& table, const char* what, const bench::Compariso
 
 int main() {
     NoTrace trace;
-    pellmark::Win32Desktop desktop(::GetModuleHandleW(nullptr), trace);
+    pellmark::Win32Desktop desktop(::GetModuleHandleW(nullptr), pellmark::Operations(trace));
     firstRows(desktop, 100);  // fonts, classes and themes are loaded once per process
     emptyWindow();
     pump();

@@ -1,10 +1,10 @@
-#include "automation/AutomationObject.h"
+#include "refhost/automation/AutomationObject.h"
 
 #include <algorithm>
 
-#include "automation/TypeLibrary.h"
-#include "com/Coercion.h"
-#include "com/Guard.h"
+#include "automation/Coercion.h"
+#include "automation/Guard.h"
+#include "refhost/automation/TypeLibrary.h"
 
 namespace norvex {
 

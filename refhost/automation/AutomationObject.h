@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "com/Automation.h"
-#include "com/Module.h"
+#include "automation/Automation.h"
+#include "automation/Module.h"
 
 namespace norvex {
 

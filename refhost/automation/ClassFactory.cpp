@@ -1,6 +1,6 @@
-#include "automation/ClassFactory.h"
+#include "refhost/automation/ClassFactory.h"
 
-#include "com/Guard.h"
+#include "automation/Guard.h"
 
 namespace norvex {
 

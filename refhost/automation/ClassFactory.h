@@ -1,7 +1,7 @@
 #pragma once
 
-#include "com/Automation.h"
-#include "com/Module.h"
+#include "automation/Automation.h"
+#include "automation/Module.h"
 
 namespace norvex {
 

@@ -2,13 +2,13 @@
 #include <cwchar>
 #include <new>
 
-#include "automation/ClassFactory.h"
-#include "automation/HostApplicationObject.h"
-#include "automation/Identifiers.h"
-#include "automation/KnowledgeBaseServiceObject.h"
-#include "automation/Registration.h"
-#include "automation/TextServiceObjects.h"
-#include "com/Guard.h"
+#include "automation/Guard.h"
+#include "refhost/automation/ClassFactory.h"
+#include "refhost/automation/HostApplicationObject.h"
+#include "refhost/automation/Identifiers.h"
+#include "refhost/automation/KnowledgeBaseServiceObject.h"
+#include "refhost/automation/Registration.h"
+#include "refhost/automation/TextServiceObjects.h"
 
 namespace {
 

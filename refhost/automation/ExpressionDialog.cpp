@@ -1,8 +1,8 @@
-#include "automation/ExpressionDialog.h"
+#include "refhost/automation/ExpressionDialog.h"
 
-#include "automation/Resources.h"
-#include "com/Automation.h"
-#include "com/Module.h"
+#include "automation/Automation.h"
+#include "automation/Module.h"
+#include "refhost/automation/Resources.h"
 
 namespace norvex {
 

@@ -1,8 +1,8 @@
-#include "automation/FeatureCaseStoreObject.h"
+#include "refhost/automation/FeatureCaseStoreObject.h"
 
-#include "automation/Identifiers.h"
-#include "automation/RecordSetObject.h"
-#include "host/PackedText.h"
+#include "knowledge/PackedText.h"
+#include "refhost/automation/Identifiers.h"
+#include "refhost/automation/RecordSetObject.h"
 
 namespace norvex {
 

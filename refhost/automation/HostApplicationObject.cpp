@@ -1,8 +1,8 @@
-#include "automation/HostApplicationObject.h"
+#include "refhost/automation/HostApplicationObject.h"
 
-#include "automation/ExpressionDialog.h"
-#include "automation/HostConfiguration.h"
-#include "automation/Identifiers.h"
+#include "refhost/automation/ExpressionDialog.h"
+#include "refhost/automation/HostConfiguration.h"
+#include "refhost/automation/Identifiers.h"
 
 namespace norvex {
 

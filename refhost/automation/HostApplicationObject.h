@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "automation/AutomationObject.h"
-#include "automation/HostWindow.h"
+#include "refhost/automation/AutomationObject.h"
+#include "refhost/automation/HostWindow.h"
 
 namespace norvex {
 

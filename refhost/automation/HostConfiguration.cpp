@@ -1,12 +1,12 @@
-#include "automation/HostConfiguration.h"
+#include "refhost/automation/HostConfiguration.h"
 
 #include <charconv>
 #include <optional>
 
-#include "com/Automation.h"
-#include "com/Module.h"
-#include "processes/Records.h"
-#include "texts/Languages.h"
+#include "automation/Automation.h"
+#include "automation/Module.h"
+#include "knowledge/Records.h"
+#include "refhost/texts/Languages.h"
 
 namespace norvex::configuration {
 

@@ -1,7 +1,7 @@
-#include "automation/HostWindow.h"
+#include "refhost/automation/HostWindow.h"
 
+#include "automation/Module.h"
 #include "base/Error.h"
-#include "com/Module.h"
 
 namespace norvex {
 

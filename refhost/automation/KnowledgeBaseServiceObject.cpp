@@ -1,12 +1,12 @@
-#include "automation/KnowledgeBaseServiceObject.h"
+#include "refhost/automation/KnowledgeBaseServiceObject.h"
 
-#include "automation/FeatureCaseStoreObject.h"
-#include "automation/HostConfiguration.h"
-#include "automation/Identifiers.h"
-#include "automation/ProcessStepStoreObject.h"
-#include "automation/ProcessStoreObject.h"
-#include "automation/RecordSetObject.h"
 #include "base/Error.h"
+#include "refhost/automation/FeatureCaseStoreObject.h"
+#include "refhost/automation/HostConfiguration.h"
+#include "refhost/automation/Identifiers.h"
+#include "refhost/automation/ProcessStepStoreObject.h"
+#include "refhost/automation/ProcessStoreObject.h"
+#include "refhost/automation/RecordSetObject.h"
 
 namespace norvex {
 

@@ -1,8 +1,8 @@
-#include "automation/KnowledgeBaseSession.h"
+#include "refhost/automation/KnowledgeBaseSession.h"
 
-#include "automation/HostConfiguration.h"
+#include "automation/Automation.h"
 #include "base/Text.h"
-#include "com/Automation.h"
+#include "refhost/automation/HostConfiguration.h"
 
 namespace norvex {
 

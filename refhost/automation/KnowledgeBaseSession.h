@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "store/SqliteKnowledgeBaseService.h"
+#include "refhost/store/SqliteKnowledgeBaseService.h"
 
 namespace norvex {
 

@@ -1,11 +1,11 @@
-#include "automation/ProcessStepStoreObject.h"
+#include "refhost/automation/ProcessStepStoreObject.h"
 
 #include <charconv>
 
-#include "automation/Identifiers.h"
-#include "automation/RecordSetObject.h"
-#include "com/Guard.h"
-#include "host/PackedText.h"
+#include "automation/Guard.h"
+#include "knowledge/PackedText.h"
+#include "refhost/automation/Identifiers.h"
+#include "refhost/automation/RecordSetObject.h"
 
 namespace norvex {
 

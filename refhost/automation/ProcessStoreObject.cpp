@@ -1,8 +1,8 @@
-#include "automation/ProcessStoreObject.h"
+#include "refhost/automation/ProcessStoreObject.h"
 
-#include "automation/Identifiers.h"
-#include "automation/RecordSetObject.h"
-#include "host/PackedText.h"
+#include "knowledge/PackedText.h"
+#include "refhost/automation/Identifiers.h"
+#include "refhost/automation/RecordSetObject.h"
 
 namespace norvex {
 

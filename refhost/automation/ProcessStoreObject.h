@@ -1,7 +1,7 @@
 #pragma once
 
-#include "automation/AutomationObject.h"
-#include "automation/KnowledgeBaseSession.h"
+#include "refhost/automation/AutomationObject.h"
+#include "refhost/automation/KnowledgeBaseSession.h"
 
 namespace norvex {
 

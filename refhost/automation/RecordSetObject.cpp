@@ -1,11 +1,11 @@
-#include "automation/RecordSetObject.h"
+#include "refhost/automation/RecordSetObject.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "automation/Identifiers.h"
 #include "base/Error.h"
-#include "host/PackedText.h"
+#include "knowledge/PackedText.h"
+#include "refhost/automation/Identifiers.h"
 
 namespace norvex {
 

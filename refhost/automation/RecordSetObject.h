@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <memory>
 
-#include "automation/AutomationObject.h"
-#include "controls/RecordSet.h"
+#include "knowledge/RecordSet.h"
+#include "refhost/automation/AutomationObject.h"
 
 namespace norvex {
 

@@ -1,10 +1,10 @@
-#include "automation/Registration.h"
+#include "refhost/automation/Registration.h"
 
 #include <string>
 
-#include "automation/Identifiers.h"
-#include "com/Automation.h"
-#include "com/Module.h"
+#include "automation/Automation.h"
+#include "automation/Module.h"
+#include "refhost/automation/Identifiers.h"
 
 namespace norvex {
 

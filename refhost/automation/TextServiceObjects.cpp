@@ -1,8 +1,8 @@
-#include "automation/TextServiceObjects.h"
+#include "refhost/automation/TextServiceObjects.h"
 
-#include "automation/HostConfiguration.h"
-#include "automation/Identifiers.h"
-#include "texts/Languages.h"
+#include "refhost/automation/HostConfiguration.h"
+#include "refhost/automation/Identifiers.h"
+#include "refhost/texts/Languages.h"
 
 namespace norvex {
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "automation/AutomationObject.h"
-#include "texts/TranslationTable.h"
+#include "refhost/automation/AutomationObject.h"
+#include "refhost/texts/TranslationTable.h"
 
 namespace norvex {
 

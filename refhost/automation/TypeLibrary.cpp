@@ -1,7 +1,7 @@
-#include "automation/TypeLibrary.h"
+#include "refhost/automation/TypeLibrary.h"
 
-#include "com/Guard.h"
-#include "com/Module.h"
+#include "automation/Guard.h"
+#include "automation/Module.h"
 
 namespace norvex {
 

@@ -1,4 +1,4 @@
-#include "store/Connection.h"
+#include "refhost/store/Connection.h"
 
 #include <sqlite3.h>
 

@@ -1,4 +1,4 @@
-#include "store/FileCheck.h"
+#include "refhost/store/FileCheck.h"
 
 #include <sqlite3.h>
 
@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "base/Error.h"
-#include "store/Schema.h"
-#include "store/Statement.h"
+#include "refhost/store/Schema.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "store/Connection.h"
+#include "refhost/store/Connection.h"
 
 namespace norvex {
 

@@ -1,13 +1,13 @@
-#include "store/KnowledgeBase.h"
+#include "refhost/store/KnowledgeBase.h"
 
 #include <thread>
 #include <utility>
 
 #include "base/Error.h"
-#include "store/FileCheck.h"
-#include "store/Schema.h"
-#include "store/SeedData.h"
-#include "store/Statement.h"
+#include "refhost/store/FileCheck.h"
+#include "refhost/store/Schema.h"
+#include "refhost/store/SeedData.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

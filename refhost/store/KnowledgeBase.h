@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "store/Connection.h"
+#include "refhost/store/Connection.h"
 
 namespace norvex {
 

@@ -1,8 +1,8 @@
-#include "store/ModelWriter.h"
+#include "refhost/store/ModelWriter.h"
 
 #include "base/Guid.h"
-#include "store/Rows.h"
-#include "store/Statement.h"
+#include "refhost/store/Rows.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

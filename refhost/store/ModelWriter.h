@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "store/Connection.h"
+#include "refhost/store/Connection.h"
 
 namespace norvex {
 

@@ -1,10 +1,10 @@
-#include "store/ProcessRecordSet.h"
+#include "refhost/store/ProcessRecordSet.h"
 
 #include <algorithm>
 #include <limits>
 
 #include "base/Error.h"
-#include "processes/Records.h"
+#include "knowledge/Records.h"
 
 namespace norvex {
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "controls/MemoryRecordSet.h"
-#include "store/KnowledgeBase.h"
-#include "store/Statement.h"
+#include "knowledge/MemoryRecordSet.h"
+#include "refhost/store/KnowledgeBase.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

@@ -1,7 +1,7 @@
-#include "store/Rows.h"
+#include "refhost/store/Rows.h"
 
 #include "base/Error.h"
-#include "store/Statement.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "store/Connection.h"
+#include "refhost/store/Connection.h"
 
 namespace norvex {
 

@@ -1,9 +1,9 @@
-#include "store/Schema.h"
+#include "refhost/store/Schema.h"
 
 #include <array>
 #include <string>
 
-#include "store/Statement.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

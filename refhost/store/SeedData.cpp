@@ -1,9 +1,9 @@
-#include "store/SeedData.h"
+#include "refhost/store/SeedData.h"
 
-#include "store/ModelWriter.h"
-#include "store/SeedModel.h"
-#include "store/SeedProcesses.h"
-#include "store/SqliteKnowledgeBaseService.h"
+#include "refhost/store/ModelWriter.h"
+#include "refhost/store/SeedModel.h"
+#include "refhost/store/SeedProcesses.h"
+#include "refhost/store/SqliteKnowledgeBaseService.h"
 
 namespace norvex {
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "store/KnowledgeBase.h"
+#include "refhost/store/KnowledgeBase.h"
 
 namespace norvex {
 

@@ -1,8 +1,8 @@
-#include "store/SeedModel.h"
+#include "refhost/store/SeedModel.h"
 
 #include "base/Text.h"
-#include "processes/Records.h"
-#include "store/SeedTables.h"
+#include "knowledge/Records.h"
+#include "refhost/store/SeedTables.h"
 
 namespace norvex::seed {
 

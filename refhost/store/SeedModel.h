@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "store/ModelWriter.h"
+#include "refhost/store/ModelWriter.h"
 
 namespace norvex::seed {
 

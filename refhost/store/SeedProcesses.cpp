@@ -1,14 +1,14 @@
-#include "store/SeedProcesses.h"
+#include "refhost/store/SeedProcesses.h"
 
 #include <charconv>
 #include <cmath>
 #include <numbers>
 #include <span>
 
-#include "processes/Records.h"
-#include "store/ModelWriter.h"
-#include "store/SeedTables.h"
-#include "store/TechnologyCodes.h"
+#include "knowledge/Records.h"
+#include "refhost/store/ModelWriter.h"
+#include "refhost/store/SeedTables.h"
+#include "refhost/store/TechnologyCodes.h"
 
 namespace norvex::seed {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "store/SeedModel.h"
-#include "store/SqliteKnowledgeBaseService.h"
+#include "refhost/store/SeedModel.h"
+#include "refhost/store/SqliteKnowledgeBaseService.h"
 
 namespace norvex::seed {
 

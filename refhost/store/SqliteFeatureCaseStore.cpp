@@ -1,12 +1,12 @@
-#include "store/SqliteFeatureCaseStore.h"
+#include "refhost/store/SqliteFeatureCaseStore.h"
 
 #include <set>
 #include <utility>
 
 #include "base/Error.h"
-#include "controls/MemoryRecordSet.h"
-#include "store/Rows.h"
-#include "store/Statement.h"
+#include "knowledge/MemoryRecordSet.h"
+#include "refhost/store/Rows.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

@@ -1,4 +1,4 @@
-#include "store/SqliteKnowledgeBaseService.h"
+#include "refhost/store/SqliteKnowledgeBaseService.h"
 
 #include <utility>
 

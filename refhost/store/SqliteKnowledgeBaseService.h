@@ -3,13 +3,13 @@
 #include <memory>
 #include <string>
 
-#include "processes/KnowledgeBaseService.h"
-#include "store/KnowledgeBase.h"
-#include "store/SqliteFeatureCaseStore.h"
-#include "store/SqliteMaterialStore.h"
-#include "store/SqliteProcessStore.h"
-#include "store/SqliteStepStore.h"
-#include "store/SqliteUserRights.h"
+#include "knowledge/KnowledgeBaseService.h"
+#include "refhost/store/KnowledgeBase.h"
+#include "refhost/store/SqliteFeatureCaseStore.h"
+#include "refhost/store/SqliteMaterialStore.h"
+#include "refhost/store/SqliteProcessStore.h"
+#include "refhost/store/SqliteStepStore.h"
+#include "refhost/store/SqliteUserRights.h"
 
 namespace norvex {
 

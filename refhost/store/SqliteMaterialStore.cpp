@@ -1,9 +1,9 @@
-#include "store/SqliteMaterialStore.h"
+#include "refhost/store/SqliteMaterialStore.h"
 
 #include <utility>
 
-#include "controls/MemoryRecordSet.h"
-#include "store/Statement.h"
+#include "knowledge/MemoryRecordSet.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

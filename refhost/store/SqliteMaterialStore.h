@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "processes/KnowledgeBaseService.h"
-#include "store/KnowledgeBase.h"
+#include "knowledge/KnowledgeBaseService.h"
+#include "refhost/store/KnowledgeBase.h"
 
 namespace norvex {
 

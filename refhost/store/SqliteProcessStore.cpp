@@ -1,13 +1,13 @@
-#include "store/SqliteProcessStore.h"
+#include "refhost/store/SqliteProcessStore.h"
 
 #include <utility>
 
 #include "base/Guid.h"
-#include "controls/MemoryRecordSet.h"
-#include "processes/FieldLimits.h"
-#include "store/ProcessRecordSet.h"
-#include "store/Rows.h"
-#include "store/Statement.h"
+#include "knowledge/FieldLimits.h"
+#include "knowledge/MemoryRecordSet.h"
+#include "refhost/store/ProcessRecordSet.h"
+#include "refhost/store/Rows.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

@@ -1,14 +1,14 @@
-#include "store/SqliteStepStore.h"
+#include "refhost/store/SqliteStepStore.h"
 
 #include <limits>
 #include <utility>
 
 #include "base/Error.h"
 #include "base/Guid.h"
-#include "controls/MemoryRecordSet.h"
-#include "processes/FieldLimits.h"
-#include "store/Rows.h"
-#include "store/Statement.h"
+#include "knowledge/FieldLimits.h"
+#include "knowledge/MemoryRecordSet.h"
+#include "refhost/store/Rows.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

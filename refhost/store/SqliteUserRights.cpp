@@ -1,9 +1,9 @@
-#include "store/SqliteUserRights.h"
+#include "refhost/store/SqliteUserRights.h"
 
 #include <utility>
 
 #include "base/Error.h"
-#include "store/Statement.h"
+#include "refhost/store/Statement.h"
 
 namespace norvex {
 

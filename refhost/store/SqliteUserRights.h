@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "processes/KnowledgeBaseService.h"
-#include "store/KnowledgeBase.h"
+#include "knowledge/KnowledgeBaseService.h"
+#include "refhost/store/KnowledgeBase.h"
 
 namespace norvex {
 

@@ -1,4 +1,4 @@
-#include "store/Statement.h"
+#include "refhost/store/Statement.h"
 
 #include <sqlite3.h>
 

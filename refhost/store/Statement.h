@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "base/Guid.h"
-#include "store/Connection.h"
+#include "refhost/store/Connection.h"
 
 namespace norvex {
 

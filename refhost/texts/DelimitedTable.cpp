@@ -1,4 +1,4 @@
-#include "texts/DelimitedTable.h"
+#include "refhost/texts/DelimitedTable.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "texts/Languages.h"
+#include "refhost/texts/Languages.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
-#include "texts/TranslationTable.h"
+#include "refhost/texts/TranslationTable.h"
 
 #include <algorithm>
 
-#include "texts/DelimitedTable.h"
-#include "texts/Languages.h"
+#include "refhost/texts/DelimitedTable.h"
+#include "refhost/texts/Languages.h"
 
 namespace norvex {
 

@@ -1,11 +1,11 @@
-#include "workbench/CaseDialog.h"
+#include "refhost/workbench/CaseDialog.h"
 
 #include <charconv>
 #include <exception>
 #include <map>
 
-#include "com/Automation.h"
-#include "workbench/Resources.h"
+#include "automation/Automation.h"
+#include "refhost/workbench/Resources.h"
 
 namespace norvex {
 

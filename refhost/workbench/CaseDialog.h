@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/Application.h"
-#include "processes/KnowledgeBaseService.h"
+#include "knowledge/KnowledgeBaseService.h"
 
 namespace norvex {
 

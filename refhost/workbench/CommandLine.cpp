@@ -1,4 +1,4 @@
-#include "workbench/CommandLine.h"
+#include "refhost/workbench/CommandLine.h"
 
 #include <charconv>
 

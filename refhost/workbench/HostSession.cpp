@@ -1,4 +1,4 @@
-#include "workbench/HostSession.h"
+#include "refhost/workbench/HostSession.h"
 
 #include "base/Error.h"
 #include "base/Text.h"

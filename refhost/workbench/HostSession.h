@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "com/adapters/DispatchObject.h"
-#include "processes/KnowledgeBaseService.h"
+#include "automation/DispatchObject.h"
+#include "knowledge/KnowledgeBaseService.h"
 
 namespace norvex {
 

@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "automation/Automation.h"
 #include "base/Error.h"
-#include "com/Automation.h"
-#include "workbench/CommandLine.h"
-#include "workbench/WorkbenchWindow.h"
+#include "refhost/workbench/CommandLine.h"
+#include "refhost/workbench/WorkbenchWindow.h"
 
 namespace {
 

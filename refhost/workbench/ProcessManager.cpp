@@ -1,7 +1,7 @@
-#include "workbench/ProcessManager.h"
+#include "refhost/workbench/ProcessManager.h"
 
 #include "com/adapters/HostRecords.h"
-#include "workbench/HostSession.h"
+#include "refhost/workbench/HostSession.h"
 
 namespace norvex {
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "com/adapters/DispatchObject.h"
+#include "automation/DispatchObject.h"
 #include "host/Application.h"
 
 namespace norvex {

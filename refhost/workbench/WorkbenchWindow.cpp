@@ -1,4 +1,4 @@
-#include "workbench/WorkbenchWindow.h"
+#include "refhost/workbench/WorkbenchWindow.h"
 
 #include <commctrl.h>
 #include <commdlg.h>
@@ -7,9 +7,9 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "texts/Languages.h"
-#include "workbench/CaseDialog.h"
-#include "workbench/Resources.h"
+#include "refhost/texts/Languages.h"
+#include "refhost/workbench/CaseDialog.h"
+#include "refhost/workbench/Resources.h"
 
 namespace norvex {
 

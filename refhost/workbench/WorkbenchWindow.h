@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "workbench/CommandLine.h"
-#include "workbench/HostSession.h"
-#include "workbench/ProcessManager.h"
+#include "refhost/workbench/CommandLine.h"
+#include "refhost/workbench/HostSession.h"
+#include "refhost/workbench/ProcessManager.h"
 
 namespace norvex {
 

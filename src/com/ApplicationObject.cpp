@@ -1,8 +1,8 @@
 #include "com/ApplicationObject.h"
 
-#include "com/Coercion.h"
-#include "com/Guard.h"
-#include "com/TypeLibrary.h"
+#include "automation/Coercion.h"
+#include "automation/Guard.h"
+#include "automation/TypeLibrary.h"
 
 namespace pellmark {
 

@@ -10,10 +10,10 @@
 #include <string>
 
 #include "Pellmark.h"
+#include "automation/Automation.h"
+#include "automation/Module.h"
 #include "com/ApplicationCalls.h"
-#include "com/Automation.h"
 #include "com/MethodCall.h"
-#include "com/Module.h"
 
 namespace pellmark {
 

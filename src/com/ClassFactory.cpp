@@ -1,7 +1,7 @@
 #include "com/ClassFactory.h"
 
+#include "automation/Guard.h"
 #include "com/ApplicationObject.h"
-#include "com/Guard.h"
 
 namespace pellmark {
 

@@ -7,8 +7,8 @@
 #include <atomic>
 #include <memory>
 
+#include "automation/Module.h"
 #include "com/ApplicationCalls.h"
-#include "com/Module.h"
 
 namespace pellmark {
 

@@ -1,11 +1,11 @@
 #include "com/ComponentRoot.h"
 
+#include "automation/Automation.h"
+#include "automation/DispatchObject.h"
+#include "automation/Module.h"
 #include "base/Error.h"
-#include "com/Automation.h"
-#include "com/Module.h"
-#include "com/adapters/DispatchObject.h"
 #include "com/adapters/HostApplicationAdapter.h"
-#include "win32/DebuggerOutput.h"
+#include "win32/ports/DebuggerOutput.h"
 
 namespace pellmark {
 
@@ -44,9 +44,10 @@ std::shared_ptr<HostApplication> hostFrom(IDispatch* object) {
 ComponentRoot::ComponentRoot()
     : files_(codePage_),
       trace_(&writeToDebugger, registry_, codePage_, files_, clock_, executableName()),
+      operations_(trace_),
       help_(trace_),
-      desktop_(module::instance(), trace_),
-      application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, hostLibrary_, trace_,
+      desktop_(module::instance(), operations_),
+      application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, hostLibrary_, operations_,
                             componentFolder(), executableName()}) {}
 
 void ComponentRoot::showProcesses(IDispatch* host, const std::string& processGuid) {

@@ -7,13 +7,13 @@
 #include "com/adapters/AutomationHostLibrary.h"
 #include "host/Application.h"
 #include "settings/TraceLog.h"
-#include "win32/HtmlHelpViewer.h"
-#include "win32/Win32Clock.h"
-#include "win32/Win32CodePage.h"
-#include "win32/Win32Desktop.h"
-#include "win32/Win32FileSystem.h"
-#include "win32/Win32Idle.h"
-#include "win32/Win32Registry.h"
+#include "win32/forms/Win32Desktop.h"
+#include "win32/ports/HtmlHelpViewer.h"
+#include "win32/ports/Win32Clock.h"
+#include "win32/ports/Win32CodePage.h"
+#include "win32/ports/Win32FileSystem.h"
+#include "win32/ports/Win32Idle.h"
+#include "win32/ports/Win32Registry.h"
 
 namespace pellmark {
 
@@ -46,6 +46,7 @@ class ComponentRoot final : public ApplicationCalls {
     Win32Clock clock_;
     Win32Idle idle_;
     TraceLog trace_;
+    Operations operations_;
     HtmlHelpViewer help_;
     Win32Desktop desktop_;
     AutomationHostLibrary hostLibrary_;

@@ -7,11 +7,11 @@
 #include <new>
 
 #include "Pellmark.h"
-#include "com/Automation.h"
+#include "automation/Automation.h"
+#include "automation/Guard.h"
+#include "automation/Module.h"
 #include "com/ClassFactory.h"
 #include "com/ComponentRoot.h"
-#include "com/Guard.h"
-#include "com/Module.h"
 #include "com/Registration.h"
 
 namespace {

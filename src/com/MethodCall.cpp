@@ -3,8 +3,8 @@
 #include <optional>
 #include <vector>
 
-#include "com/Coercion.h"
-#include "com/Guard.h"
+#include "automation/Coercion.h"
+#include "automation/Guard.h"
 
 namespace pellmark {
 

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "com/Automation.h"
+#include "automation/Automation.h"
 #include "com/Members.h"
 #include "host/Application.h"
 

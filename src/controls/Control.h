@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/Event.h"
-#include "controls/Geometry.h"
+#include "base/Geometry.h"
 
 namespace pellmark {
 

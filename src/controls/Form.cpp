@@ -1,6 +1,8 @@
 #include "controls/Form.h"
 
-#include "desktop/Desktop.h"
+#include <utility>
+
+#include "base/Operations.h"
 
 namespace pellmark {
 
@@ -23,14 +25,19 @@ void Form::unload() {
     Form_QueryUnload();
     shown_ = false;
     embeddedIn_ = 0;
-    if (modal_) {
+    if (std::exchange(modal_, false)) {
         // The modal loop is still running on the peer's stack: it goes when showModal returns.
-        modal_ = false;
         retiring_ = std::move(peer_);
         retiring_->endModal();
     } else {
         peer_.reset();
     }
+}
+
+void Form::windowGone() {
+    desktop_.operations().whenIdle([self = std::weak_ptr(self_)] {
+        if (const auto form = self.lock()) (*form)->unload();
+    });
 }
 
 void Form::embed(WindowHandle parent) {
@@ -41,15 +48,33 @@ void Form::embed(WindowHandle parent) {
     peer_->embed(parent);
 }
 
+/// The state of a modal show. Whatever way it ends, and a loop ends by itself when the host is quitting, the
+/// form is not left shown; the form itself may be gone by then.
+class Form::ModalShow {
+  public:
+    explicit ModalShow(Form& form) : form_(form.self_), modal_(form.desktop_.operations()) {
+        form.shown_ = true;
+        form.modal_ = true;
+    }
+    ModalShow(const ModalShow&) = delete;
+    ModalShow& operator=(const ModalShow&) = delete;
+    ~ModalShow() {
+        const auto form = form_.lock();
+        if (!form) return;
+        trap((*form)->desktop_.operations(), "Form::showModal", [&] { (*form)->unload(); });
+        (*form)->retiring_.reset();
+    }
+
+  private:
+    std::weak_ptr<Form*> form_;
+    Operations::Modal modal_;
+};
+
 void Form::showModal(WindowHandle owner) {
     load();
     if (!isLoaded()) return;
-    shown_ = true;
-    modal_ = true;
-    FormPeer& running = *peer_;
-    running.runModal(owner);
-    retiring_.reset();
-    unload();  // a loop that ended by itself (the host is quitting) must not leave the form shown
+    const ModalShow show(*this);
+    peer_->runModal(owner);
 }
 
 void Form::popUp(Menu& menu, Control& over, Point at) {

@@ -4,31 +4,10 @@
 #include <string>
 
 #include "controls/Controls.h"
+#include "ports/Desktop.h"
+#include "ports/FormPeer.h"
 
 namespace pellmark {
-
-class Desktop;
-class Menu;
-
-/// The window behind a form, made by the Desktop. Destroying it destroys the window.
-class FormPeer {
-  public:
-    virtual ~FormPeer() = default;
-
-    /// The window's handle, 0 where there is no real window.
-    virtual WindowHandle handle() const = 0;
-    /// Makes the window a borderless child of the host's window, fills that window's client area with it
-    /// and shows it. The host moves it from then on.
-    virtual void embed(WindowHandle parent) = 0;
-    /// Shows the window above its disabled owner and returns when endModal has been called. The owner is
-    /// enabled again and gets the focus back, whatever way the dialog ended.
-    virtual void runModal(WindowHandle owner) = 0;
-    virtual void endModal() = 0;
-    virtual void hide() = 0;
-    /// Pops a menu up and returns when it has been closed; the chosen item's handler has run by then. A
-    /// negative place means where the keyboard is in the control: at a grid's current row.
-    virtual void popUp(Menu& menu, Control& over, Point at) = 0;
-};
 
 enum class BorderStyle { FixedDialog, Sizable };
 
@@ -64,6 +43,9 @@ class Form : public Container {
     /// A person closed the window by its close box or Escape: the cancel button's click where there is one,
     /// otherwise unload.
     void close();
+    /// The peer's window went without being asked, with the host's window for one: the form is unloaded as
+    /// soon as nothing of the component runs any more.
+    void windowGone();
 
     /// How a person left the window that is not embedded. Its bounds() are then the whole window in its
     /// normal state, on the screen; nothing while it was never shown that way, which centres it on its
@@ -98,8 +80,11 @@ class Form : public Container {
 
   private:
     Desktop& desktop_;
+    class ModalShow;
+
     std::unique_ptr<FormPeer> peer_;
     std::unique_ptr<FormPeer> retiring_;
+    std::shared_ptr<Form*> self_ = std::make_shared<Form*>(this);  ///< for what may find the form gone
     bool abandoned_ = false;
     bool shown_ = false;
     bool modal_ = false;

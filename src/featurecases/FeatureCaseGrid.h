@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/Event.h"
-#include "controls/Grid.h"
+#include "controls/grid/Grid.h"
 
 namespace pellmark {
 

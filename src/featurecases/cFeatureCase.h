@@ -8,8 +8,8 @@
 #include "base/Event.h"
 #include "controls/Controls.h"
 #include "featurecases/FeatureCaseGrid.h"
-#include "processes/KnowledgeBaseService.h"
-#include "processes/Records.h"
+#include "knowledge/KnowledgeBaseService.h"
+#include "knowledge/Records.h"
 
 namespace pellmark {
 

@@ -30,11 +30,11 @@ bool Application::run(const char* operation, const std::shared_ptr<HostApplicati
     if (!host) return started;
     if (running_) {
         // The host's window is disabled, but a script of it may still come here while a dialog is open.
-        platform_.trace.record(operation, "refused: an earlier call is still showing its dialog");
+        platform_.operations.trace().record(operation, "refused: an earlier call is still showing its dialog");
         return started;
     }
     running_ = true;
-    trap(platform_.trace, operation, [&] {
+    trap(platform_.operations, operation, [&] {
         if (!component_) throw Error(errors::kInvalidArgument, "Pellmark", "Dispose was called before");
         started = startUp(host, title);
         if (started) call();
@@ -184,7 +184,7 @@ void Application::interruptEmbeddedView(Show&& show) {
     const FRView view = form.view();
     const CaseDescription shown = currentDescription();
     form.unload();
-    trap(platform_.trace, "Application::interruptEmbeddedView", [&] { show(); });
+    trap(platform_.operations, "Application::interruptEmbeddedView", [&] { show(); });
     form.SetView(view);
     captionForViewing();
     form.embed(parent);
@@ -209,7 +209,7 @@ CaseDescription Application::currentDescription() {
 }
 
 void Application::Dispose() {
-    trap(platform_.trace, "Application::Dispose", [this] { component_.reset(); });
+    trap(platform_.operations, "Application::Dispose", [this] { component_.reset(); });
 }
 
 }  // namespace pellmark

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "host/HostInterfaces.h"
 #include "host/Platform.h"
+#include "ports/HostInterfaces.h"
 
 namespace pellmark {
 

@@ -10,9 +10,9 @@ namespace pellmark {
 Component::Component(Application& application, const Platform& platform)
     : application_(application),
       platform_(platform),
-      files_(platform.files, platform.codePage, platform.idle, platform.trace),
+      files_(platform.files, platform.codePage, platform.idle, platform.operations.trace()),
       settings_(platform.registry, platform.codePage, platform.files, platform.executableName,
-                platform.trace),
+                platform.operations.trace()),
       gridOps_(platform.files, files_),
       help_(std::make_unique<HTMLHelp>(platform.help, std::string())) {
     // A host library that is not there must not keep the Application from being created: its calls say so.

@@ -5,8 +5,8 @@
 
 #include "host/Application.h"
 #include "host/HTMLHelp.h"
-#include "host/HostInterfaces.h"
 #include "host/Platform.h"
+#include "ports/HostInterfaces.h"
 #include "settings/cQDLExtSettings.h"
 #include "util/cFileIO.h"
 #include "util/cVSGridOps.h"
@@ -28,7 +28,8 @@ class Component {
 
     Application& application() const { return application_; }
     const Platform& platform() const { return platform_; }
-    Trace& trace() const { return platform_.trace; }
+    Trace& trace() const { return platform_.operations.trace(); }
+    const Operations& operations() const { return platform_.operations; }
     Desktop& desktop() const { return platform_.desktop; }
 
     // --- what each public call sets anew -----------------------------------------------------------------

@@ -5,7 +5,7 @@
 #include "featurecases/cFeatureCase.h"
 #include "host/Component.h"
 #include "host/MainLayout.h"
-#include "processes/Records.h"
+#include "knowledge/Records.h"
 #include "processes/cProcess.h"
 
 namespace pellmark {

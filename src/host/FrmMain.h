@@ -6,7 +6,7 @@
 
 #include "controls/Controls.h"
 #include "controls/Form.h"
-#include "controls/Grid.h"
+#include "controls/grid/Grid.h"
 #include "host/Application.h"
 #include "host/FrmMenu.h"
 

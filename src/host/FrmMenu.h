@@ -1,8 +1,8 @@
 #pragma once
 
 #include "controls/Form.h"
-#include "controls/Grid.h"
 #include "controls/Menu.h"
+#include "controls/grid/Grid.h"
 
 namespace pellmark {
 

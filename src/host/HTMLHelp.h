@@ -3,7 +3,7 @@
 #include <string>
 
 #include "base/Variant.h"
-#include "desktop/HelpViewer.h"
+#include "ports/HelpViewer.h"
 
 namespace pellmark {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/Geometry.h"
+#include "base/Geometry.h"
 
 /// Where the parts of the main form stand, as pure functions of the room there is. All lengths in twips.
 namespace pellmark::layout {

@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "base/Trace.h"
-#include "desktop/CodePage.h"
-#include "desktop/Desktop.h"
-#include "desktop/FileSystem.h"
-#include "desktop/HelpViewer.h"
-#include "desktop/Registry.h"
-#include "host/HostInterfaces.h"
+#include "base/Operations.h"
+#include "ports/CodePage.h"
+#include "ports/Desktop.h"
+#include "ports/FileSystem.h"
+#include "ports/HelpViewer.h"
+#include "ports/HostInterfaces.h"
+#include "ports/Registry.h"
 
 namespace pellmark {
 
@@ -22,7 +22,7 @@ struct Platform {
     Idle& idle;
     HelpViewer& help;
     HostLibrary& hostLibrary;
-    Trace& trace;
+    Operations operations;  ///< with the component's trace
     /// The folder of the component's own DLL, without a trailing "\".
     std::string componentFolder;
     /// The host executable's name without folder and extension: the first half of an error's source.

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "knowledge/Records.h"
 #include "processes/MemberLists.h"
 #include "processes/ProcessDialog.h"
-#include "processes/Records.h"
 
 namespace pellmark {
 

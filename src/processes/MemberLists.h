@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "controls/Controls.h"
-#include "controls/ListView.h"
+#include "controls/list/ListView.h"
 
 namespace pellmark {
 

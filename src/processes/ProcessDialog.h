@@ -5,7 +5,7 @@
 
 #include "controls/Controls.h"
 #include "controls/Form.h"
-#include "controls/ListView.h"
+#include "controls/list/ListView.h"
 #include "host/Component.h"
 
 namespace pellmark {

@@ -7,11 +7,11 @@
 #include "base/Text.h"
 #include "featurecases/cFeatureCase.h"
 #include "host/Component.h"
+#include "knowledge/ProcessListRecordset.h"
 #include "processes/BracketHeading.h"
 #include "processes/FrmAddEditProcess.h"
 #include "processes/FrmAddExistingProcess.h"
 #include "processes/FrmEditProcessMaterials.h"
-#include "processes/ProcessListRecordset.h"
 
 namespace pellmark {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "controls/Grid.h"
-#include "processes/Records.h"
+#include "controls/grid/Grid.h"
+#include "knowledge/Records.h"
 
 namespace pellmark {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "base/Trace.h"
-#include "desktop/Clock.h"
-#include "desktop/FileSystem.h"
+#include "ports/Clock.h"
+#include "ports/FileSystem.h"
 #include "settings/cQDLExtSettings.h"
 
 namespace pellmark {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "base/Convert.h"
-#include "desktop/FileTests.h"
+#include "ports/FileTests.h"
 
 namespace pellmark {
 

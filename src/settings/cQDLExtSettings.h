@@ -5,7 +5,7 @@
 
 #include "base/Trace.h"
 #include "base/Variant.h"
-#include "desktop/FileSystem.h"
+#include "ports/FileSystem.h"
 #include "settings/cRegistry.h"
 
 namespace pellmark {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "base/Variant.h"
-#include "desktop/CodePage.h"
-#include "desktop/Registry.h"
+#include "ports/CodePage.h"
+#include "ports/Registry.h"
 
 namespace pellmark {
 

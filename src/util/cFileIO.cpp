@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "base/Text.h"
-#include "desktop/FileNames.h"
-#include "desktop/FileTests.h"
+#include "ports/FileNames.h"
+#include "ports/FileTests.h"
 
 namespace pellmark {
 

@@ -6,8 +6,8 @@
 
 #include "base/Trace.h"
 #include "base/Variant.h"
-#include "desktop/CodePage.h"
-#include "desktop/FileSystem.h"
+#include "ports/CodePage.h"
+#include "ports/FileSystem.h"
 
 namespace pellmark {
 

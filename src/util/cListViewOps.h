@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/ListView.h"
+#include "controls/list/ListView.h"
 
 namespace pellmark {
 

@@ -1,7 +1,7 @@
 #include "util/cVSGridOps.h"
 
 #include "base/Error.h"
-#include "processes/Records.h"
+#include "knowledge/Records.h"
 
 namespace pellmark {
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "controls/Grid.h"
-#include "desktop/FileSystem.h"
+#include "controls/grid/Grid.h"
+#include "ports/FileSystem.h"
 #include "util/cFileIO.h"
 
 namespace pellmark {

@@ -4,9 +4,9 @@
 
 #include <thread>
 
-#include "ErrorText.h"
-#include "RecordingCalls.h"
-#include "TestObject.h"
+#include "com/ErrorText.h"
+#include "com/RecordingCalls.h"
+#include "com/TestObject.h"
 #include "base/Error.h"
 
 namespace pellmark {

@@ -1,4 +1,4 @@
-#include "ChildProgram.h"
+#include "com/ChildProgram.h"
 
 #include <windows.h>
 

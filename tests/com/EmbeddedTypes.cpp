@@ -1,4 +1,4 @@
-#include "EmbeddedTypes.h"
+#include "com/EmbeddedTypes.h"
 
 #include <stdexcept>
 

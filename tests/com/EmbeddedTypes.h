@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "Pellmark.h"
-#include "com/Automation.h"
+#include "automation/Automation.h"
 
 namespace pellmark {
 

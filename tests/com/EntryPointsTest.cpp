@@ -2,7 +2,7 @@
 
 #include <ocidl.h>
 
-#include "LoadedServer.h"
+#include "com/LoadedServer.h"
 
 namespace pellmark {
 namespace {

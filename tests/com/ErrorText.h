@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "com/Automation.h"
+#include "automation/Automation.h"
 
 namespace pellmark {
 

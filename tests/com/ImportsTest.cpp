@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "LoadedServer.h"
+#include "com/LoadedServer.h"
 
 namespace pellmark {
 namespace {

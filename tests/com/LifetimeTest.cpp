@@ -4,8 +4,8 @@
 #include <optional>
 #include <utility>
 
-#include "LoadedServer.h"
-#include "TestObject.h"
+#include "com/LoadedServer.h"
+#include "com/TestObject.h"
 #include "support/win32/ResourceCounts.h"
 
 namespace pellmark {

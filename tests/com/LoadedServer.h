@@ -4,9 +4,9 @@
 
 #include <stdexcept>
 
-#include "EmbeddedTypes.h"
+#include "com/EmbeddedTypes.h"
 #include "Pellmark.h"
-#include "com/Automation.h"
+#include "automation/Automation.h"
 
 namespace pellmark {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "EmbeddedTypes.h"
+#include "com/EmbeddedTypes.h"
 
 namespace pellmark {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "ChildProgram.h"
-#include "EmbeddedTypes.h"
+#include "com/ChildProgram.h"
+#include "com/EmbeddedTypes.h"
 
 namespace pellmark {
 namespace {

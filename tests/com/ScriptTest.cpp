@@ -2,8 +2,8 @@
 
 #include <iterator>
 
-#include "ChildProgram.h"
-#include "LoadedServer.h"
+#include "com/ChildProgram.h"
+#include "com/LoadedServer.h"
 
 namespace pellmark {
 namespace {

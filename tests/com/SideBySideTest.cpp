@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "LoadedServer.h"
+#include "com/LoadedServer.h"
 
 namespace pellmark {
 namespace {

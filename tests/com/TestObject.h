@@ -7,7 +7,7 @@
 #include <map>
 #include <string>
 
-#include "com/Automation.h"
+#include "automation/Automation.h"
 
 namespace pellmark {
 

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "base/Error.h"
-#include "desktop/FileTests.h"
+#include "ports/FileTests.h"
 #include "support/MemoryFileSystem.h"
 #include "support/NoIdle.h"
 #include "support/PortableCodePage.h"

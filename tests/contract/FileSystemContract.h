@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "desktop/FileSystem.h"
+#include "ports/FileSystem.h"
 
 namespace pellmark::test {
 

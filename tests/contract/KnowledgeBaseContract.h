@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "processes/KnowledgeBaseService.h"
+#include "knowledge/KnowledgeBaseService.h"
 
 /// One suite for every knowledge base. A test program compiles the sources of the suite (this one's and those
 /// of the stores) together with one of its own that defines contractFactories(); the suite then runs once for

@@ -11,7 +11,7 @@
 #include "base/Error.h"
 #include "base/Guid.h"
 #include "contract/KnowledgeBaseContract.h"
-#include "processes/Records.h"
+#include "knowledge/Records.h"
 
 namespace pellmark::test {
 

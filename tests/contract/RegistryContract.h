@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "desktop/CodePage.h"
-#include "desktop/Registry.h"
+#include "ports/CodePage.h"
+#include "ports/Registry.h"
 #include "settings/cQDLExtSettings.h"
 #include "settings/cRegistry.h"
 #include "support/MemoryFileSystem.h"

@@ -1,6 +1,6 @@
 #include "contract/SqliteContractSubject.h"
 
-#include "store/Statement.h"
+#include "refhost/store/Statement.h"
 
 namespace pellmark::test {
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "contract/KnowledgeBaseContract.h"
-#include "store/ModelWriter.h"
-#include "store/SqliteKnowledgeBaseService.h"
+#include "refhost/store/ModelWriter.h"
+#include "refhost/store/SqliteKnowledgeBaseService.h"
 #include "support/TemporaryFolder.h"
 
 namespace pellmark::test {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/ListView.h"
+#include "controls/list/ListView.h"
 #include "featurecases/cFeatureCase.h"
 #include "host/FrmMain.h"
 #include "processes/cProcess.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "desktop/Clock.h"
+#include "ports/Clock.h"
 
 namespace pellmark::test {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "controls/MemoryRecordSet.h"
+#include "knowledge/MemoryRecordSet.h"
 
 namespace pellmark::test {
 

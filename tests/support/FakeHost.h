@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/HostInterfaces.h"
+#include "ports/HostInterfaces.h"
 #include "support/FakeKnowledgeBase.h"
 
 namespace pellmark::test {

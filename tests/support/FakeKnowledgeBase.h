@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "processes/KnowledgeBaseService.h"
+#include "knowledge/KnowledgeBaseService.h"
 #include "support/FakeFeatureCaseStore.h"
 #include "support/FakeProcessStore.h"
 #include "support/FakeStepStore.h"

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "controls/MemoryRecordSet.h"
-#include "processes/FieldLimits.h"
+#include "knowledge/FieldLimits.h"
+#include "knowledge/MemoryRecordSet.h"
 
 namespace pellmark::test {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "processes/KnowledgeBaseService.h"
+#include "knowledge/KnowledgeBaseService.h"
 #include "support/FakeTables.h"
 
 namespace pellmark::test {

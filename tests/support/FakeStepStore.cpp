@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "controls/MemoryRecordSet.h"
-#include "processes/FieldLimits.h"
+#include "knowledge/FieldLimits.h"
+#include "knowledge/MemoryRecordSet.h"
 
 namespace pellmark::test {
 

@@ -9,7 +9,7 @@
 
 #include "base/Error.h"
 #include "base/Guid.h"
-#include "processes/Records.h"
+#include "knowledge/Records.h"
 
 namespace pellmark::test {
 

@@ -5,7 +5,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "desktop/FileNames.h"
+#include "ports/FileNames.h"
 
 namespace pellmark::test {
 

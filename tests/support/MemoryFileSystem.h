@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/FileSystem.h"
+#include "ports/FileSystem.h"
 
 namespace pellmark::test {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/Registry.h"
+#include "ports/Registry.h"
 
 namespace pellmark::test {
 

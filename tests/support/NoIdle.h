@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/FileSystem.h"
+#include "ports/FileSystem.h"
 
 namespace pellmark::test {
 

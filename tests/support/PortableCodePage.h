@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/CodePage.h"
+#include "ports/CodePage.h"
 
 namespace pellmark::test {
 

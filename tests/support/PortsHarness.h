@@ -44,7 +44,7 @@ struct PortsHarness {
         registry.setText(Registry::kCurrentUser, kSettings, option, value);
     }
     Platform platform() {
-        return {desktop, registry, codePage, files, idle, help, library, trace, "C:\\Pellmark", "Norvex"};
+        return {desktop, registry, codePage, files, idle, help, library, operations, "C:\\Pellmark", "Norvex"};
     }
 
     FakeKnowledgeBase base;
@@ -53,9 +53,10 @@ struct PortsHarness {
     MemoryFileSystem files;
     NoIdle idle;
     RecordingTrace trace;
+    Operations operations{trace};
     RecordingHelp help;
     FakeHostLibrary library{base};
-    ScriptedDesktop desktop;
+    ScriptedDesktop desktop{operations};
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();
 };
 

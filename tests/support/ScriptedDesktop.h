@@ -8,7 +8,7 @@
 
 #include "controls/Form.h"
 #include "controls/Menu.h"
-#include "desktop/Desktop.h"
+#include "ports/Desktop.h"
 
 namespace pellmark::test {
 
@@ -17,6 +17,7 @@ namespace pellmark::test {
 /// so does one that never came.
 class ScriptedDesktop : public Desktop {
   public:
+    explicit ScriptedDesktop(const Operations& operations) : Desktop(operations) {}
     ~ScriptedDesktop() override;
 
     /// The next box must show this text.

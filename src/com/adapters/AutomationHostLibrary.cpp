@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
+#include "automation/DispatchObject.h"
 #include "base/Error.h"
-#include "com/adapters/DispatchObject.h"
 #include "com/adapters/KnowledgeBaseAdapter.h"
 #include "com/adapters/TextServiceAdapters.h"
 

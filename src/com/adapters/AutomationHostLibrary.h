@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/HostInterfaces.h"
+#include "ports/HostInterfaces.h"
 
 namespace pellmark {
 

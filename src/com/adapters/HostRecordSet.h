@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "com/adapters/DispatchObject.h"
-#include "controls/RecordSet.h"
+#include "automation/DispatchObject.h"
+#include "knowledge/RecordSet.h"
 
 namespace pellmark {
 

@@ -3,7 +3,7 @@
 #include <charconv>
 
 #include "com/adapters/HostRecordSet.h"
-#include "host/PackedText.h"
+#include "knowledge/PackedText.h"
 
 namespace pellmark {
 

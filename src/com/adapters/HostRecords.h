@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "com/adapters/DispatchObject.h"
+#include "automation/DispatchObject.h"
 
 namespace pellmark {
 

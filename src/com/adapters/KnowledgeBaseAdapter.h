@@ -4,7 +4,7 @@
 #include "com/adapters/ProcessStepStoreAdapter.h"
 #include "com/adapters/ProcessStoreAdapter.h"
 #include "com/adapters/StoreAdapter.h"
-#include "processes/KnowledgeBaseService.h"
+#include "knowledge/KnowledgeBaseService.h"
 
 namespace pellmark {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "host/PackedText.h"
+#include "knowledge/PackedText.h"
 
 namespace pellmark {
 

@@ -2,7 +2,7 @@
 
 #include "base/Error.h"
 #include "com/adapters/HostRecords.h"
-#include "host/PackedText.h"
+#include "knowledge/PackedText.h"
 
 namespace pellmark {
 

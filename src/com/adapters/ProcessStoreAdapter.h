@@ -1,7 +1,7 @@
 #pragma once
 
 #include "com/adapters/StoreAdapter.h"
-#include "processes/KnowledgeBaseService.h"
+#include "knowledge/KnowledgeBaseService.h"
 
 namespace pellmark {
 

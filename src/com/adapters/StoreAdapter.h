@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "com/adapters/DispatchObject.h"
+#include "automation/DispatchObject.h"
 #include "com/adapters/HostRecordSet.h"
 
 namespace pellmark {

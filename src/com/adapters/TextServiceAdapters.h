@@ -1,7 +1,7 @@
 #pragma once
 
-#include "com/adapters/DispatchObject.h"
-#include "host/HostInterfaces.h"
+#include "automation/DispatchObject.h"
+#include "ports/HostInterfaces.h"
 
 namespace pellmark {
 

@@ -1,9 +1,9 @@
 // The contract of every knowledge base, over the whole boundary: the component's adapters, Norvex.dll's
 // automation objects, and the SQLite store behind them.
 #include "com/adapters/KnowledgeBaseAdapter.h"
-#include "com/adapters/NorvexLibrary.h"
 #include "contract/KnowledgeBaseContract.h"
 #include "contract/SqliteContractSubject.h"
+#include "refhost/automation/NorvexLibrary.h"
 
 namespace pellmark::test {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "com/Automation.h"
+#include "automation/Automation.h"
 
 namespace pellmark::test {
 

@@ -7,7 +7,7 @@
 #include "com/adapters/ExpectError.h"
 #include "com/adapters/PagedRecordSet.h"
 #include "com/adapters/ScriptedObject.h"
-#include "host/PackedText.h"
+#include "knowledge/PackedText.h"
 
 namespace pellmark {
 namespace {

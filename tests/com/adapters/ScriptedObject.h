@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "com/Automation.h"
+#include "automation/Automation.h"
 
 namespace pellmark::test {
 

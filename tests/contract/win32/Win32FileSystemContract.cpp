@@ -4,8 +4,8 @@
 #include "contract/FileSystemContract.h"
 #include "win32/Handles.h"
 #include "win32/WideText.h"
-#include "win32/Win32CodePage.h"
-#include "win32/Win32FileSystem.h"
+#include "win32/ports/Win32CodePage.h"
+#include "win32/ports/Win32FileSystem.h"
 
 namespace pellmark::test {
 

@@ -1,8 +1,8 @@
 #include <windows.h>
 
 #include "contract/RegistryContract.h"
-#include "win32/Win32CodePage.h"
-#include "win32/Win32Registry.h"
+#include "win32/ports/Win32CodePage.h"
+#include "win32/ports/Win32Registry.h"
 
 namespace pellmark::test {
 

@@ -6,8 +6,8 @@
 #include "support/RecordingTrace.h"
 #include "support/win32/Person.h"
 #include "support/win32/SampleForm.h"
-#include "win32/ControlPeer.h"
-#include "win32/Win32Desktop.h"
+#include "win32/controls/ControlPeer.h"
+#include "win32/forms/Win32Desktop.h"
 
 namespace pellmark::test {
 
@@ -29,7 +29,8 @@ class PeerHarness {
     bool hasFocus(Control& control) const { return ::GetFocus() == of(control); }
 
     RecordingTrace trace;
-    Win32Desktop desktop{::GetModuleHandleW(nullptr), trace};
+    Operations operations{trace};
+    Win32Desktop desktop{::GetModuleHandleW(nullptr), operations};
     std::unique_ptr<SampleForm> form;
 
   private:

@@ -5,9 +5,9 @@
 
 #include "controls/Controls.h"
 #include "controls/Form.h"
-#include "controls/Grid.h"
-#include "controls/ListView.h"
-#include "controls/MemoryRecordSet.h"
+#include "controls/grid/Grid.h"
+#include "controls/list/ListView.h"
+#include "knowledge/MemoryRecordSet.h"
 
 namespace pellmark::test {
 

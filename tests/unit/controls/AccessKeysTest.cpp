@@ -25,7 +25,8 @@ class KeyForm : public Form {
 };
 
 struct AccessKeysTest : testing::Test {
-    ScriptedDesktop desktop;
+    RecordingTrace trace;
+    ScriptedDesktop desktop{Operations(trace)};
     KeyForm form{desktop};
 };
 

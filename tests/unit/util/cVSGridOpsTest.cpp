@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "controls/MemoryRecordSet.h"
+#include "knowledge/MemoryRecordSet.h"
 #include "support/PortsHarness.h"
 
 namespace pellmark::test {

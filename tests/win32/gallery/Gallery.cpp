@@ -3,8 +3,8 @@
 #include <string>
 
 #include "support/win32/SampleForm.h"
-#include "win32/Win32Desktop.h"
 #include "win32/WindowsApi.h"
+#include "win32/forms/Win32Desktop.h"
 
 /// Shows the sample form for looking at it: gallery DPI [page] [rows] [modal]. It stays until it is closed.
 namespace {
@@ -22,7 +22,7 @@ class PrintedTrace : public pellmark::Trace {
 int main(int argc, char** argv) {
     const auto argument = [&](int i, int otherwise) { return argc > i ? std::atoi(argv[i]) : otherwise; };
     PrintedTrace trace;
-    pellmark::Win32Desktop desktop(::GetModuleHandleW(nullptr), trace);
+    pellmark::Win32Desktop desktop(::GetModuleHandleW(nullptr), pellmark::Operations(trace));
     desktop.overrideDpi(argument(1, 96));
     pellmark::test::SampleForm form(desktop);
     form.fill(argument(3, 100));

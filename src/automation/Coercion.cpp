@@ -1,0 +1,178 @@
+#include "automation/Coercion.h"
+
+#include <cmath>
+
+#include "automation/Guard.h"
+
+namespace pellmark {
+
+namespace {
+
+// More than any caller means; a script object's length is not taken on trust beyond it.
+constexpr std::int32_t kGreatestScriptArray = 1'000'000;
+
+[[noreturn]] void mismatch(const std::string& expected) {
+    throw CallError(DISP_E_TYPEMISMATCH, expected);
+}
+
+/// A copy without references. A reference to nowhere, which only a faulty caller makes, is a mismatch.
+VariantArg valueOf(const VARIANT& argument, const char* expected) {
+    const VARIANT& value = innermost(argument);
+    if ((value.vt & VT_BYREF) != 0 && value.byref == nullptr) mismatch(expected);
+    return VariantArg::dereferenced(value);
+}
+
+VariantArg changed(const VARIANT& argument, VARTYPE type, const char* expected) {
+    VariantArg value = valueOf(argument, expected);
+    // an object's default value is not what the caller meant
+    if (value.type() == VT_DISPATCH || value.type() == VT_UNKNOWN) mismatch(expected);
+    const bool isReal = value.type() == VT_R8 || value.type() == VT_R4;
+    if (isReal && !std::isfinite(value.type() == VT_R8 ? value.get().dblVal : double{value.get().fltVal})) {
+        throw CallError(DISP_E_OVERFLOW, expected);
+    }
+    VariantArg result;
+    const HRESULT code =
+        ::VariantChangeTypeEx(result.receive(), &value.get(), LOCALE_INVARIANT, VARIANT_NOVALUEPROP, type);
+    if (code == E_OUTOFMEMORY) throw std::bad_alloc();
+    if (code == DISP_E_OVERFLOW) throw CallError(DISP_E_OVERFLOW, expected);
+    if (FAILED(code)) mismatch(expected);
+    return result;
+}
+
+SAFEARRAY* arrayOf(const VARIANT& value) {
+    if ((value.vt & VT_BYREF) == 0) return value.parray;
+    return value.pparray == nullptr ? nullptr : *value.pparray;
+}
+
+/// Keeps an array's memory in place while it is read.
+class ArrayAccess {
+  public:
+    explicit ArrayAccess(SAFEARRAY* array) : array_(array) {
+        if (FAILED(::SafeArrayAccessData(array_, &data_))) mismatch("must be an array that can be read");
+    }
+    ArrayAccess(const ArrayAccess&) = delete;
+    ArrayAccess& operator=(const ArrayAccess&) = delete;
+    ~ArrayAccess() { ::SafeArrayUnaccessData(array_); }
+
+    template <class Element>
+    const Element* elements() const {
+        return static_cast<const Element*>(data_);
+    }
+
+  private:
+    SAFEARRAY* array_;
+    void* data_ = nullptr;
+};
+
+VariantArg getMember(IDispatch* object, std::wstring name) {
+    LPOLESTR names = name.data();
+    DISPID id = DISPID_UNKNOWN;
+    VariantArg value;
+    DISPPARAMS none{};
+    if (FAILED(object->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id)) ||
+        FAILED(object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, value.receive(),
+                              nullptr, nullptr))) {
+        mismatch("must be an array of texts");
+    }
+    return value;
+}
+
+std::vector<std::string> scriptArray(IDispatch* object) {
+    if (object == nullptr) mismatch("must be an array of texts");
+    const std::int32_t count = toInt32(getMember(object, L"length").get());
+    if (count < 0 || count > kGreatestScriptArray) throw CallError(DISP_E_OVERFLOW, "has too many elements");
+    std::vector<std::string> texts;
+    for (std::int32_t i = 0; i < count; ++i) {
+        texts.push_back(toText(getMember(object, std::to_wstring(i)).get()));
+    }
+    return texts;
+}
+
+}  // namespace
+
+const VARIANT& innermost(const VARIANT& value) {
+    // deeper chains than a few are a caller's mistake, or a ring
+    constexpr int kDeepest = 8;
+    const VARIANT* inner = &value;
+    for (int depth = 0; inner->vt == (VT_BYREF | VT_VARIANT); ++depth) {
+        if (depth == kDeepest || inner->pvarVal == nullptr) mismatch("is a reference that leads nowhere");
+        inner = inner->pvarVal;
+    }
+    return *inner;
+}
+
+bool isMissing(const VARIANT& value) {
+    const VARIANT& inner = innermost(value);
+    return inner.vt == VT_ERROR && inner.scode == DISP_E_PARAMNOTFOUND;
+}
+
+ComPtr<IDispatch> toObject(const VARIANT& value) {
+    constexpr const char* kExpected = "must be an object";
+    const VariantArg object = valueOf(value, kExpected);
+    switch (object.type()) {
+        case VT_EMPTY:
+        case VT_NULL:
+            return nullptr;
+        case VT_DISPATCH:
+            return ComPtr<IDispatch>(object.get().pdispVal);
+        case VT_UNKNOWN: {
+            const ComPtr<IUnknown> unknown(object.get().punkVal);
+            if (!unknown) return nullptr;
+            ComPtr<IDispatch> dispatch = unknown.query<IDispatch>();
+            if (!dispatch) mismatch("must be an automation object");
+            return dispatch;
+        }
+        default:
+            mismatch(kExpected);
+    }
+}
+
+std::int16_t toInt16(const VARIANT& value) {
+    return changed(value, VT_I2, "must be a number from -32768 to 32767").get().iVal;
+}
+
+std::int32_t toInt32(const VARIANT& value) {
+    return changed(value, VT_I4, "must be a 32-bit number").get().lVal;
+}
+
+std::string toText(const VARIANT& value) {
+    return Bstr::toUtf8(changed(value, VT_BSTR, "must be a text").get().bstrVal);
+}
+
+std::vector<std::string> toTexts(SAFEARRAY* array) {
+    if (array == nullptr) return {};
+    if (::SafeArrayGetDim(array) != 1) mismatch("must be an array of one dimension");
+    LONG first = 0;
+    LONG last = -1;
+    VARTYPE type = VT_EMPTY;
+    if (FAILED(::SafeArrayGetLBound(array, 1, &first)) || FAILED(::SafeArrayGetUBound(array, 1, &last)) ||
+        FAILED(::SafeArrayGetVartype(array, &type)) || (type != VT_BSTR && type != VT_VARIANT)) {
+        mismatch("must be an array of texts");
+    }
+    std::vector<std::string> texts;
+    const ArrayAccess access(array);
+    const auto count = static_cast<std::size_t>(std::int64_t{last} - first + 1);
+    for (std::size_t i = 0; i < count; ++i) {
+        texts.push_back(type == VT_BSTR ? Bstr::toUtf8(access.elements<BSTR>()[i])
+                                        : toText(access.elements<VARIANT>()[i]));
+    }
+    return texts;
+}
+
+std::vector<std::string> toTexts(const VARIANT& value) {
+    const VARIANT& inner = innermost(value);
+    if ((inner.vt & VT_ARRAY) != 0) return toTexts(arrayOf(inner));
+    const VariantArg single = valueOf(inner, "must be an array of texts");
+    switch (single.type()) {
+        case VT_EMPTY:
+            return {};
+        case VT_BSTR:
+            return {Bstr::toUtf8(single.get().bstrVal)};
+        case VT_DISPATCH:
+            return scriptArray(single.get().pdispVal);
+        default:
+            mismatch("must be an array of texts");
+    }
+}
+
+}  // namespace pellmark

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "base/Geometry.h"
+
+namespace pellmark {
+
+/// How one cell looks; what is not set follows the grid.
+struct CellStyle {
+    std::optional<Color> fore;
+    std::optional<Color> back;
+    bool italic = false;
+    int picture = -1;
+
+    bool operator==(const CellStyle&) const = default;
+    bool hasPicture() const { return picture >= 0; }
+};
+
+/// The styles of a grid's cells by slot and column. The few different styles of a grid stand in a palette;
+/// a column that has a styled cell holds two bytes per row up to the last one, other columns nothing.
+class CellStyles {
+  public:
+    CellStyles();
+    const CellStyle& at(std::size_t slot, int col) const;
+    void set(std::size_t slot, int col, const CellStyle& style);
+    /// One style for every cell of the column, forgetting what single cells had.
+    void setColumn(int col, const CellStyle& style);
+    void clear();
+
+  private:
+    using Index = std::uint16_t;
+    struct Column {
+        Index base = 0;  ///< of slots that `cells` does not reach
+        std::vector<Index> cells;
+    };
+    Index indexOf(const CellStyle& style);
+
+    std::vector<CellStyle> palette_;
+    Index last_ = 0;  ///< found last: runs of the same style are the rule
+    std::unordered_map<int, Column> columns_;
+};
+
+}  // namespace pellmark

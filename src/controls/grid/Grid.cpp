@@ -1,0 +1,428 @@
+#include "controls/grid/Grid.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "controls/grid/Delimited.h"
+
+namespace pellmark {
+
+using What = GridChange::What;
+
+Grid::Grid(Container& parent, std::string name) : Control(Kind::Grid, &parent, std::move(name)) {}
+
+Grid::~Grid() = default;
+
+// --- shape
+// ---------------------------------------------------------------------------------------------------
+
+int Grid::rows() const {
+    return fixedRows_ + static_cast<int>(rowOrder_.count());
+}
+
+void Grid::setRows(int rows) {
+    RedrawOff off(*this);
+    while (this->rows() < rows)
+        addRow();
+    while (this->rows() > std::max(rows, fixedRows_))
+        removeRow(this->rows() - 1);
+}
+
+void Grid::setCols(int cols) {
+    columns_.resize(cols);
+    fixedCols_ = std::min(fixedCols_, columns_.count());
+    bindColumns();
+    notify({What::Columns});
+}
+
+void Grid::setFixedCols(int cols) {
+    fixedCols_ = std::clamp(cols, 0, columns_.count());
+    notify({What::Columns});
+}
+
+void Grid::setHeadings(const std::string& headings) {
+    const std::vector<std::string> texts = split(headings, '|');
+    columns_.resize(static_cast<int>(texts.size()));
+    for (int col = 0; col < cols(); ++col)
+        columns_.at(col).heading = texts[static_cast<std::size_t>(col)];
+    bindColumns();
+    notify({What::Columns});
+}
+
+// --- columns
+// -------------------------------------------------------------------------------------------------
+
+void Grid::setColKey(int col, const std::string& key) {
+    columns_.at(col).key = key;
+    bindColumns();
+}
+
+void Grid::setColWidth(int col, Twips width) {
+    if (columns_.at(col).width == width) return;
+    columns_.at(col).width = std::max(width, 0);
+    notify({What::Columns});
+}
+
+void Grid::setColHidden(int col, bool hidden) {
+    if (columns_.at(col).hidden == hidden) return;
+    columns_.at(col).hidden = hidden;
+    notify({What::Columns});
+}
+
+void Grid::setColPosition(int col, int position) {
+    if (columns_.positionOf(col) == position) return;
+    columns_.move(col, position);
+    notify({What::Columns});
+}
+
+void Grid::setColComboList(int col, const std::string& list) {
+    columns_.at(col).list = DisplayList(list);
+    notify({What::Cells});
+}
+
+void Grid::setColEditable(int col, bool editable) {
+    columns_.at(col).editable = editable;
+}
+
+void Grid::setRowComboList(int row, int col, const std::string& list) {
+    if (!isDataRow(row) || !columns_.contains(col)) return;
+    const std::uint64_t key = WrittenCells::keyOf(slotOf(row), col);
+    if (list.empty()) {
+        rowLists_.erase(key);
+    } else {
+        rowLists_[key] = DisplayList(list);
+    }
+    notify({What::Cells, row});
+}
+
+const DisplayList& Grid::comboList(int row, int col) const {
+    if (!rowLists_.empty() && isDataRow(row)) {
+        const auto own = rowLists_.find(WrittenCells::keyOf(slotOf(row), col));
+        if (own != rowLists_.end()) return own->second;
+    }
+    return columns_.at(col).list;
+}
+
+void Grid::userResizedColumn(int col, Twips width) {
+    setColWidth(col, width);
+    colResized.raise(col);
+}
+
+void Grid::userMovedColumn(int col, int position) {
+    setColPosition(col, position);
+    colMoved.raise(col);
+}
+
+// --- data
+// ----------------------------------------------------------------------------------------------------
+
+void Grid::bind(std::shared_ptr<RecordSet> records) {
+    cancelEdit();
+    const std::size_t count = records ? records->count() : 0;
+    records_ = std::move(records);
+    rowOrder_.reset(count);
+    written_.clear();
+    keys_.clear();
+    styles_.clear();
+    selection_.clear();
+    rowLists_.clear();
+    bindColumns();
+    col_ = 0;
+    const bool hadCurrent = std::exchange(current_, std::nullopt).has_value();
+    notify({What::All});
+    if (hadCurrent) rowChanged.raise();
+}
+
+void Grid::bindColumns() {
+    fieldOfCol_.assign(static_cast<std::size_t>(cols()), std::nullopt);
+    if (!records_) return;
+    for (int col = 0; col < cols(); ++col) {
+        fieldOfCol_[static_cast<std::size_t>(col)] = records_->fieldIndex(columns_.at(col).key);
+    }
+}
+
+std::string Grid::storedText(std::size_t slot, int col) const {
+    if (const std::string* written = written_.find(slot, col)) return *written;
+    const auto& field = fieldOfCol_[static_cast<std::size_t>(col)];
+    return field && records_ && slot < records_->count() ? records_->text(slot, *field) : std::string();
+}
+
+std::string Grid::text(int row, int col) const {
+    if (!columns_.contains(col) || row < 0 || row >= rows()) return {};
+    if (row < fixedRows_) return row == 0 ? columns_.at(col).heading : std::string();
+    return storedText(slotOf(row), col);
+}
+
+std::string Grid::displayText(int row, int col) const {
+    std::string stored = text(row, col);
+    if (!isDataRow(row) || !columns_.contains(col)) return stored;
+    const DisplayList& list = comboList(row, col);
+    return list.empty() ? stored : list.shownFor(stored);
+}
+
+void Grid::setText(int row, int col, std::string value) {
+    if (!columns_.contains(col) || row < 0 || row >= rows()) return;
+    if (row < fixedRows_) {
+        columns_.at(col).heading = std::move(value);
+        notify({What::Columns});
+        return;
+    }
+    written_.set(slotOf(row), col, std::move(value));
+    notify({What::Cells, row});
+}
+
+std::string Grid::rowData(int row) const {
+    return isDataRow(row) ? keys_.at(slotOf(row)) : std::string();
+}
+
+void Grid::setRowData(int row, const std::string& data) {
+    if (isDataRow(row)) keys_.set(slotOf(row), data);
+}
+
+void Grid::setRowDataFromColumn(int col) {
+    if (!columns_.contains(col)) return;
+    const auto& field = fieldOfCol_[static_cast<std::size_t>(col)];
+    std::size_t covered = 0;
+    keys_.clear();
+    if (records_ && field && field == records_->fieldIndex("_Id")) {
+        if (auto block = records_->keys()) {
+            covered = block->size();
+            keys_.assign(std::move(*block));
+        }
+    }
+    for (std::size_t slot = covered; slot < rowOrder_.slots(); ++slot) {
+        if (rowOrder_.isLeft(slot)) keys_.set(slot, storedText(slot, col));
+    }
+}
+
+int Grid::findRow(std::string_view rowData) const {
+    if (rowData.empty()) return -1;
+    const auto slot = keys_.find(rowData, [this](std::size_t each) { return rowOrder_.isLeft(each); });
+    return slot ? rowOf(*slot) : -1;
+}
+
+int Grid::findRow(const Guid& rowData) const {
+    const auto slot = keys_.find(rowData, [this](std::size_t each) { return rowOrder_.isLeft(each); });
+    return slot ? rowOf(*slot) : -1;
+}
+
+int Grid::findText(std::string_view value, int col) const {
+    if (!columns_.contains(col)) return -1;
+    for (int row = fixedRows_; row < rows(); ++row) {
+        if (equalNoCase(storedText(slotOf(row), col), value)) return row;
+    }
+    return -1;
+}
+
+int Grid::addRow() {
+    rowOrder_.append();
+    notify({What::Rows});
+    return rows() - 1;
+}
+
+void Grid::removeRow(int row) {
+    if (!isDataRow(row)) return;
+    const std::size_t slot = slotOf(row);
+    if (editing_ && editing_->row >= row) cancelEdit();
+    selection_.remove(slot);
+    rowOrder_.remove(slot);
+    const bool wasCurrent = current_ == slot;
+    if (wasCurrent) {
+        const int next = std::min(row, rows() - 1);
+        current_ = isDataRow(next) ? std::optional(slotOf(next)) : std::nullopt;
+    }
+    notify({What::Rows});
+    if (wasCurrent) rowChanged.raise();
+}
+
+// --- appearance
+// ----------------------------------------------------------------------------------------------
+
+CellStyle Grid::style(int row, int col) const {
+    return isDataRow(row) ? styles_.at(slotOf(row), col) : CellStyle{};
+}
+
+void Grid::setStyle(int row, int col, const std::function<void(CellStyle&)>& change) {
+    if (!isDataRow(row) || !columns_.contains(col)) return;
+    const std::size_t slot = slotOf(row);
+    CellStyle style = styles_.at(slot, col);
+    change(style);
+    styles_.set(slot, col, style);
+    notify({What::Cells, row});
+}
+
+void Grid::setForeColor(int row, int col, Color color) {
+    setStyle(row, col, [color](CellStyle& style) { style.fore = color; });
+}
+
+void Grid::setBackColor(int row, int col, Color color) {
+    setStyle(row, col, [color](CellStyle& style) { style.back = color; });
+}
+
+void Grid::setItalic(int row, int col, bool italic) {
+    setStyle(row, col, [italic](CellStyle& style) { style.italic = italic; });
+}
+
+void Grid::setPicture(int row, int col, int picture) {
+    setStyle(row, col, [picture](CellStyle& style) { style.picture = picture; });
+}
+
+void Grid::setColumnForeColor(int col, Color color) {
+    if (!columns_.contains(col)) return;
+    CellStyle style;
+    style.fore = color;
+    styles_.setColumn(col, style);
+    notify({What::Cells});
+}
+
+void Grid::setActiveLook(bool active) {
+    if (activeLook_ == active) return;
+    activeLook_ = active;
+    notify({What::Cells});
+}
+
+// --- current cell and selection
+// ------------------------------------------------------------------------------
+
+int Grid::row() const {
+    return current_ ? rowOf(*current_) : -1;
+}
+
+void Grid::makeCurrent(std::optional<std::size_t> slot, int col) {
+    const bool otherRow = slot != current_;
+    current_ = slot;
+    col_ = columns_.contains(col) ? col : 0;
+    notify({What::Current});
+    if (otherRow) rowChanged.raise();
+}
+
+void Grid::select(int row, int col) {
+    selection_.clear();
+    const std::optional<std::size_t> slot = isDataRow(row) ? std::optional(slotOf(row)) : std::nullopt;
+    if (slot) selection_.add(*slot);
+    notify({What::Selection});
+    makeCurrent(slot, col);
+}
+
+void Grid::setCurrent(int row, int col) {
+    makeCurrent(isDataRow(row) ? std::optional(slotOf(row)) : std::nullopt, col);
+}
+
+void Grid::showCell(int row, int) {
+    if (isDataRow(row)) notify({What::Scroll, row});
+}
+
+int Grid::selectedRows() const {
+    return static_cast<int>(selection_.count());
+}
+
+int Grid::selectedRow(int i) const {
+    return i >= 0 && i < selectedRows() ? rowOf(selection_.at(static_cast<std::size_t>(i))) : -1;
+}
+
+bool Grid::isSelected(int row) const {
+    return isDataRow(row) && selection_.contains(slotOf(row));
+}
+
+void Grid::setSelected(int row, bool selected) {
+    if (!isDataRow(row) || selected == isSelected(row)) return;
+    if (selected) {
+        selection_.add(slotOf(row));
+    } else {
+        selection_.remove(slotOf(row));
+    }
+    notify({What::Selection, row});
+}
+
+void Grid::selectBlock(int row1, int col1, int row2, int) {
+    selection_.clear();
+    const int first = std::max(std::min(row1, row2), fixedRows_);
+    const int last = std::min(std::max(row1, row2), rows() - 1);
+    for (int row = first; row <= last; ++row)
+        selection_.add(slotOf(row));
+    notify({What::Selection});
+    if (first <= last) setCurrent(std::clamp(row1, first, last), col1);
+}
+
+void Grid::clearSelection() {
+    selection_.clear();
+    notify({What::Selection});
+}
+
+// --- in-place editing
+// ----------------------------------------------------------------------------------------
+
+bool Grid::beginEdit(int row, int col) {
+    if (editing_ || !isDataRow(row) || !columns_.contains(col) || !columns_.at(col).editable) return false;
+    CellEdit edit{row, col, text(row, col), false};
+    beforeEdit.raise(edit);
+    if (edit.cancel) return false;
+    editing_ = edit;
+    return true;
+}
+
+bool Grid::commitEdit(const std::string& value) {
+    if (!editing_) return false;
+    const int row = editing_->row;
+    const int col = editing_->col;
+    if (value != editing_->text) {
+        CellEdit edit{row, col, value, false};
+        validateEdit.raise(edit);
+        if (edit.cancel) return false;
+        editing_.reset();
+        setText(row, col, edit.text);
+        afterEdit.raise(row, col);
+        return true;
+    }
+    editing_.reset();
+    return true;
+}
+
+void Grid::cancelEdit() {
+    editing_.reset();
+}
+
+// --- redrawing
+// -----------------------------------------------------------------------------------------------
+
+void Grid::notify(GridChange change) {
+    if (redrawOff_ == 0) {
+        gridChanged.raise(change);
+    } else {
+        pending_ = pending_ ? GridChange{What::All} : change;
+        if (change.what == What::Scroll) pendingScroll_ = change.row;
+    }
+}
+
+void Grid::redrawOn() {
+    if (--redrawOff_ > 0) return;
+    const auto change = std::exchange(pending_, std::nullopt);
+    const auto scroll = std::exchange(pendingScroll_, std::nullopt);
+    if (change) gridChanged.raise(*change);
+    if (scroll && isDataRow(*scroll)) gridChanged.raise({What::Scroll, *scroll});
+}
+
+// --- export
+// --------------------------------------------------------------------------------------------------
+
+void Grid::saveDelimited(char separator, bool withFixed,
+                         const std::function<void(std::string_view)>& write) const {
+    constexpr std::size_t kPiece = 65536;
+    std::string out;
+    for (int row = withFixed ? 0 : fixedRows_; row < rows(); ++row) {
+        for (int col = withFixed ? 0 : fixedCols_; col < cols(); ++col) {
+            if (col > (withFixed ? 0 : fixedCols_)) out += separator;
+            appendDelimitedCell(out, displayText(row, col), separator);
+        }
+        out += "\r\n";
+        if (out.size() >= kPiece) {
+            write(out);
+            out.clear();
+        }
+    }
+    if (!out.empty()) write(out);
+}
+
+}  // namespace pellmark

@@ -1,0 +1,254 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "controls/Control.h"
+#include "controls/grid/CellStyles.h"
+#include "controls/grid/DisplayList.h"
+#include "controls/grid/GridColumns.h"
+#include "controls/grid/GridRows.h"
+#include "controls/grid/RowKeys.h"
+#include "controls/grid/RowSelection.h"
+#include "knowledge/RecordSet.h"
+
+namespace pellmark {
+
+/// What a grid offers to a drag out of it; the peer hands it to the system after the event.
+struct DragData {
+    std::string text;
+    std::vector<std::string> files;
+    bool copyOnly = false;
+
+    void clear() { *this = {}; }
+};
+
+/// A key press, which a handler may take for itself.
+struct KeyPress {
+    int keyCode = 0;
+    bool shift = false;
+    bool control = false;
+    bool handled = false;
+    static constexpr int kDelete = 46;
+};
+
+enum class MouseButton { Left = 1, Right = 2, Middle = 4 };
+
+/// Where and with what the mouse went down. Row and column are -1 outside all cells.
+struct MousePress {
+    MouseButton button = MouseButton::Left;
+    int row = -1;
+    int col = -1;
+    Point at;  ///< in twips, relative to the grid
+};
+
+/// Starting or applying an in-place edit; a handler vetoes by setting cancel.
+struct CellEdit {
+    int row = 0;
+    int col = 0;
+    std::string text;  ///< the stored value before the edit, or the one about to be applied
+    bool cancel = false;
+};
+
+/// What about the grid the peer must show anew.
+struct GridChange {
+    enum class What { Cells, Rows, Columns, Selection, Current, Scroll, All };
+    What what = What::All;
+    int row = -1;  ///< for Cells and Scroll: the row, -1 for all
+};
+
+/// A virtual table. Rows and columns count from 0; the first fixedRows() rows are headings, the rest data
+/// rows. Cells come from a bound record set, read only for what is shown or asked for, under whatever was
+/// written over them. Nothing here costs per row of the record set except ids once they are asked for.
+///
+/// Every data row has a stable slot behind it, so that removing rows never moves what belongs to the others.
+class Grid : public Control {
+  public:
+    Grid(Container& parent, std::string name);
+    ~Grid() override;
+
+    // --- shape -------------------------------------------------------------------------------------------
+    int rows() const;
+    int fixedRows() const { return fixedRows_; }
+    int dataRows() const { return rows() - fixedRows_; }
+    bool hasData() const { return dataRows() > 0; }
+    /// Grows with empty data rows or cuts data rows off the end. Never below fixedRows.
+    void setRows(int rows);
+    int cols() const { return columns_.count(); }
+    void setCols(int cols);
+    int fixedCols() const { return fixedCols_; }
+    void setFixedCols(int cols);
+    /// "Id|Name|Unit": sets the number of columns and their headings.
+    void setHeadings(const std::string& headings);
+
+    // --- columns -----------------------------------------------------------------------------------------
+    const std::string& colKey(int col) const { return columns_.at(col).key; }
+    void setColKey(int col, const std::string& key);
+    /// The column with that key, case ignored; -1 when there is none.
+    int colIndex(std::string_view key) const { return columns_.indexOf(key); }
+    const std::string& heading(int col) const { return columns_.at(col).heading; }
+    Twips colWidth(int col) const { return columns_.at(col).width; }
+    void setColWidth(int col, Twips width);
+    bool colHidden(int col) const { return columns_.at(col).hidden; }
+    void setColHidden(int col, bool hidden);
+    /// Where the column stands on the screen, from 0.
+    int colPosition(int col) const { return columns_.positionOf(col); }
+    void setColPosition(int col, int position);
+    /// Columns in the order of the screen, hidden ones included.
+    const std::vector<int>& displayOrder() const { return columns_.order(); }
+    /// "#70;Inch|#71;Metric" pairs stored values with shown texts; "a|b" offers plain texts.
+    const DisplayList& colComboList(int col) const { return columns_.at(col).list; }
+    void setColComboList(int col, const std::string& list);
+    bool colEditable(int col) const { return columns_.at(col).editable; }
+    void setColEditable(int col, bool editable);
+    /// A list of choices for one row in place of its column's; empty text returns to the column's.
+    void setRowComboList(int row, int col, const std::string& list);
+    const DisplayList& comboList(int row, int col) const;
+
+    // --- data --------------------------------------------------------------------------------------------
+    /// Shows a record set: one data row per record, columns bound to the fields of the same key. Forgets
+    /// rows, written cells, row data, styles and selection; keeps columns. Null empties the grid.
+    void bind(std::shared_ptr<RecordSet> records);
+    const std::shared_ptr<RecordSet>& dataSource() const { return records_; }
+    /// The stored value as text ("71"); headings for fixed rows. Outside the table: "".
+    std::string text(int row, int col) const;
+    std::string text(int row, std::string_view key) const { return text(row, colIndex(key)); }
+    /// What the screen shows ("Metric").
+    std::string displayText(int row, int col) const;
+    /// Writes over one cell; the record set is never changed.
+    void setText(int row, int col, std::string value);
+    void setText(int row, std::string_view key, std::string value) {
+        setText(row, colIndex(key), std::move(value));
+    }
+    /// The hidden text that identifies a row's record; "" when none.
+    std::string rowData(int row) const;
+    void setRowData(int row, const std::string& data);
+    /// Copies a column into every data row's row data, in one block where the column holds GUIDs.
+    void setRowDataFromColumn(int col);
+    /// The first data row with that row data, case ignored; -1 when there is none.
+    int findRow(std::string_view rowData) const;
+    int findRow(const Guid& rowData) const;
+    /// The first data row whose cell has that stored text, case ignored; -1 when none. Walks the rows.
+    int findText(std::string_view value, int col) const;
+    int addRow();
+    void removeRow(int row);
+
+    // --- appearance --------------------------------------------------------------------------------------
+    CellStyle style(int row, int col) const;
+    void setForeColor(int row, int col, Color color);
+    void setBackColor(int row, int col, Color color);
+    void setItalic(int row, int col, bool italic);
+    /// A picture by its number in the peer's image list; -1 for none.
+    void setPicture(int row, int col, int picture);
+    /// The text colour of every data cell of a column, whatever was set before; costs nothing per row.
+    void setColumnForeColor(int col, Color color);
+    /// The grid whose selection is drawn in the system highlight colour; the other gets a paler one.
+    bool activeLook() const { return activeLook_; }
+    void setActiveLook(bool active);
+
+    // --- current cell and selection ----------------------------------------------------------------------
+    /// Current row, a data row, or -1 when there is none.
+    int row() const;
+    int col() const { return col_; }
+    /// Makes the cell current and its row the only selected one. A row outside the data means none.
+    void select(int row, int col);
+    /// Moves the current cell and leaves the selection.
+    void setCurrent(int row, int col);
+    void showCell(int row, int col);
+    int selectedRows() const;
+    /// The i-th selected row, in the order in which the rows were selected; -1 when out of range.
+    int selectedRow(int i) const;
+    bool isSelected(int row) const;
+    void setSelected(int row, bool selected);
+    /// Selects the rows of a block and nothing else; (row1, col1) becomes current.
+    void selectBlock(int row1, int col1, int row2, int col2);
+    void clearSelection();
+
+    // --- in-place editing: begin, veto, apply ------------------------------------------------------------
+    /// False when the cell cannot be edited or a handler refuses; changes nothing yet.
+    bool beginEdit(int row, int col);
+    bool isEditing() const { return editing_.has_value(); }
+    const std::optional<CellEdit>& editing() const { return editing_; }
+    /// Offers the new stored value to the handlers and applies it unless one refuses, in which case the edit
+    /// goes on and false comes back.
+    bool commitEdit(const std::string& value);
+    void cancelEdit();
+
+    // --- redrawing ---------------------------------------------------------------------------------------
+    /// While one of these lives the peer hears nothing; then it hears once.
+    class [[nodiscard]] RedrawOff {
+      public:
+        explicit RedrawOff(Grid& grid) : grid_(grid) { ++grid_.redrawOff_; }
+        ~RedrawOff() { grid_.redrawOn(); }
+        RedrawOff(const RedrawOff&) = delete;
+        RedrawOff& operator=(const RedrawOff&) = delete;
+
+      private:
+        Grid& grid_;
+    };
+    /// Asks the peer to paint now what it would paint soon: the first rows before the ids are read.
+    void paintNow() { paintRequested.raise(); }
+
+    // --- export ------------------------------------------------------------------------------------------
+    /// Every row and column, hidden ones included, headings first where asked, each cell's shown text,
+    /// joined by the separator, lines ended by CR LF. A cell that holds the separator, a quote or a line
+    /// break is quoted (RFC 4180); plain cells are not. The text goes to `write` in pieces of some 64 KiB.
+    void saveDelimited(char separator, bool withFixed,
+                       const std::function<void(std::string_view)>& write) const;
+
+    // --- events ------------------------------------------------------------------------------------------
+    Event<const GridChange&> gridChanged;  ///< for the peer
+    Event<> paintRequested;                ///< for the peer
+    Event<> rowChanged;                    ///< the current row became another one
+    Event<int> doubleClicked;              ///< the row under the mouse, -1 outside the rows, 0 on headings
+    Event<KeyPress&> keyPressed;
+    Event<const MousePress&> mousePressed;
+    Event<int> colResized;  ///< by a person
+    Event<int> colMoved;    ///< by a person
+    Event<DragData&> dragStarted;
+    Event<CellEdit&> beforeEdit;
+    Event<CellEdit&> validateEdit;
+    Event<int, int> afterEdit;
+    Event<> contextMenuRequested;  ///< by the keyboard: Menu key or Shift+F10
+
+    // --- what a person does, called by the peer ----------------------------------------------------------
+    void userResizedColumn(int col, Twips width);
+    void userMovedColumn(int col, int position);
+
+  private:
+    bool isDataRow(int row) const { return row >= fixedRows_ && row < rows(); }
+    std::size_t slotOf(int row) const { return rowOrder_.slotAt(static_cast<std::size_t>(row - fixedRows_)); }
+    int rowOf(std::size_t slot) const { return static_cast<int>(rowOrder_.rankOf(slot)) + fixedRows_; }
+    std::string storedText(std::size_t slot, int col) const;
+    void setStyle(int row, int col, const std::function<void(CellStyle&)>& change);
+    void makeCurrent(std::optional<std::size_t> slot, int col);
+    void notify(GridChange change);
+    void redrawOn();
+    void bindColumns();
+
+    GridColumns columns_;
+    int fixedRows_ = 1;
+    int fixedCols_ = 0;
+    std::shared_ptr<RecordSet> records_;
+    std::vector<std::optional<std::size_t>> fieldOfCol_;
+    RowOrder rowOrder_;
+    WrittenCells written_;
+    RowKeys keys_;
+    CellStyles styles_;
+    RowSelection selection_;
+    std::optional<std::size_t> current_;
+    int col_ = 0;
+    std::optional<CellEdit> editing_;
+    std::unordered_map<std::uint64_t, DisplayList> rowLists_;
+    bool activeLook_ = true;
+    int redrawOff_ = 0;
+    std::optional<GridChange> pending_;
+    std::optional<int> pendingScroll_;
+};
+
+}  // namespace pellmark

@@ -1,0 +1,15 @@
+#include "knowledge/RecordSet.h"
+
+#include "base/Text.h"
+
+namespace pellmark {
+
+std::optional<std::size_t> RecordSet::fieldIndex(std::string_view name) const {
+    const auto& names = fields();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (equalNoCase(names[i], name)) return i;
+    }
+    return std::nullopt;
+}
+
+}  // namespace pellmark

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "base/Geometry.h"
+
+namespace pellmark {
+
+class Control;
+class Menu;
+
+/// The window behind a form, made by the Desktop. Destroying it destroys the window.
+class FormPeer {
+  public:
+    virtual ~FormPeer() = default;
+
+    /// The window's handle, 0 where there is no real window.
+    virtual WindowHandle handle() const = 0;
+    /// Makes the window a borderless child of the host's window, fills that window's client area with it
+    /// and shows it. The host moves it from then on.
+    virtual void embed(WindowHandle parent) = 0;
+    /// Shows the window above its disabled owner and returns when endModal has been called. The owner is
+    /// enabled again and gets the focus back, whatever way the dialog ended.
+    virtual void runModal(WindowHandle owner) = 0;
+    virtual void endModal() = 0;
+    virtual void hide() = 0;
+    /// Pops a menu up and returns when it has been closed; the chosen item's handler has run by then. A
+    /// negative place means where the keyboard is in the control: at a grid's current row.
+    virtual void popUp(Menu& menu, Control& over, Point at) = 0;
+};
+
+}  // namespace pellmark

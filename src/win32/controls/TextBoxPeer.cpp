@@ -1,0 +1,56 @@
+#include "win32/controls/TextBoxPeer.h"
+
+#include <vector>
+
+#include "win32/WideText.h"
+
+namespace pellmark {
+
+TextBoxPeer::TextBoxPeer(FormWindow& form, TextBox& box, HWND parent) : ControlPeer(form, box) {
+    DWORD style = ES_LEFT;
+    style |= box.multiLine() ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL : ES_AUTOHSCROLL;
+    createWindow(parent, WC_EDITW, style, WS_EX_CLIENTEDGE);
+    // The system's limit of 30,000 characters would cut a long text without a word.
+    ::SendMessageW(window(), EM_SETLIMITTEXT, 0, 0);
+    show();
+    textChanged_ = box.textChanged.subscribe([this] { show(); });
+}
+
+void TextBoxPeer::detach() {
+    textChanged_.reset();
+    ControlPeer::detach();
+}
+
+void TextBoxPeer::show() {
+    showing_ = true;
+    ::SetWindowTextW(window(), toWide(box()->text()).c_str());
+    showing_ = false;
+}
+
+void TextBoxPeer::controlChanged(ControlChange change) {
+    if (change != ControlChange::Caption) ControlPeer::controlChanged(change);
+}
+
+void TextBoxPeer::command(WORD code) {
+    if (code != EN_CHANGE || showing_) return;
+    std::vector<wchar_t> text(static_cast<std::size_t>(::GetWindowTextLengthW(window())) + 1);
+    const int length = ::GetWindowTextW(window(), text.data(), static_cast<int>(text.size()));
+    const auto quiet = textChanged_.mute();
+    box()->setText(fromWide({text.data(), static_cast<std::size_t>(length)}));
+}
+
+std::optional<LRESULT> TextBoxPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_GETDLGCODE && box()->multiLine()) {
+        // Arriving by the Tab key must not select a whole page of text, and Tab leads on.
+        const LRESULT code = defaultMessage(window(), message, wParam, lParam);
+        return code & ~static_cast<LRESULT>(DLGC_HASSETSEL | DLGC_WANTTAB);
+    }
+    if (message == WM_KEYDOWN && wParam == 'A' && ::GetKeyState(VK_CONTROL) < 0 &&
+        ::GetKeyState(VK_MENU) >= 0) {
+        ::SendMessageW(window(), EM_SETSEL, 0, -1);
+        return 0;
+    }
+    return ControlPeer::message(message, wParam, lParam);
+}
+
+}  // namespace pellmark

@@ -1,0 +1,125 @@
+#include "win32/forms/FormKeyboard.h"
+
+#include <utility>
+
+#include "win32/controls/ButtonPeer.h"
+#include "win32/controls/TabStripPeer.h"
+#include "win32/forms/FormWindow.h"
+#include "win32/forms/TabOrder.h"
+
+namespace pellmark {
+
+Form* FormKeyboard::model() const {
+    return static_cast<Form*>(form_.control());
+}
+
+void FormKeyboard::focus(const ControlPeer& peer) {
+    if (::IsWindowVisible(form_.window())) {
+        ::SetFocus(peer.window());
+    } else {
+        wish_ = peer.window();
+    }
+}
+
+void FormKeyboard::shownEmbedded() {
+    if (wish_ != nullptr) ::SetFocus(std::exchange(wish_, nullptr));
+}
+
+void FormKeyboard::enter() {
+    if (model() == nullptr) return;
+    HWND wanted = std::exchange(wish_, nullptr);
+    const bool isLastThere = last_ != nullptr && ::IsChild(form_.window(), last_) && ::IsWindowVisible(last_);
+    if (wanted == nullptr && isLastThere && ::IsWindowEnabled(last_)) wanted = last_;
+    if (wanted == nullptr) {
+        if (const ControlPeer* peer = TabOrder(form_).first()) wanted = peer->window();
+    }
+    if (wanted != nullptr) ::SetFocus(wanted);
+}
+
+void FormKeyboard::showDefaultButton(HWND focused) {
+    if (model() == nullptr) return;
+    const auto buttonAt = [](HWND window) -> ButtonPeer* {
+        ControlPeer* peer = ControlPeer::of(window);
+        const bool isButton =
+            peer != nullptr && peer->control() != nullptr && peer->control()->kind() == Control::Kind::Button;
+        return isButton ? static_cast<ButtonPeer*>(peer) : nullptr;
+    };
+    HWND wanted = focused;
+    if (wanted == nullptr && model()->defaultButton() != nullptr) {
+        if (const ControlPeer* own = form_.find(*model()->defaultButton())) wanted = own->window();
+    }
+    if (wanted == defaultShown_) return;
+    if (ButtonPeer* before = buttonAt(defaultShown_)) before->showDefault(false);
+    if (ButtonPeer* now = buttonAt(wanted)) now->showDefault(true);
+    defaultShown_ = wanted;
+}
+
+void FormKeyboard::pressEnter(HWND focused) {
+    ControlPeer* peer = ControlPeer::of(focused);
+    if (peer != nullptr && peer->control() != nullptr && peer->control()->kind() == Control::Kind::Button) {
+        static_cast<Button*>(peer->control())->click();
+    } else if (model() != nullptr && model()->defaultButton() != nullptr) {
+        model()->defaultButton()->click();
+    }
+}
+
+void FormKeyboard::pressEscape() {
+    if (model() != nullptr && !form_.isEmbedded()) model()->close();
+}
+
+ControlPeer* FormKeyboard::focused() const {
+    const HWND focus = ::GetFocus();
+    return focus != nullptr && ::IsChild(form_.window(), focus) ? ControlPeer::around(focus) : nullptr;
+}
+
+void FormKeyboard::showCues() const {
+    ::SendMessageW(form_.window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),
+                   0);
+}
+
+void FormKeyboard::stepFocus(int by) {
+    if (model() == nullptr) return;
+    const ControlPeer* next = TabOrder(form_).next(focused(), by);
+    if (next == nullptr) return;
+    const HWND window = next->window();
+    const bool isLine = (::SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
+    ::SetFocus(window);
+    if (isLine) ::SendMessageW(window, EM_SETSEL, 0, -1);
+}
+
+void FormKeyboard::stepAmongSiblings(int by) {
+    const ControlPeer* from = model() != nullptr ? focused() : nullptr;
+    const ControlPeer* next = from != nullptr ? TabOrder(form_).nextSibling(*from, by) : nullptr;
+    if (next != nullptr) ::SetFocus(next->window());
+}
+
+bool FormKeyboard::pressAccessKey(wchar_t key) {
+    if (model() == nullptr) return false;
+    const TabOrder order(form_);
+    ControlPeer* peer = order.withAccessKey(key, focused());
+    if (peer == nullptr) return false;
+    if (!peer->accessed()) {
+        const ControlPeer* next = order.next(peer, 1);
+        if (next != nullptr) ::SetFocus(next->window());
+    }
+    return true;
+}
+
+TabStripPeer* FormKeyboard::stripAround(HWND focused) const {
+    for (HWND each = focused; each != nullptr && each != form_.window();
+         each = ::GetAncestor(each, GA_PARENT)) {
+        ControlPeer* peer = ControlPeer::of(each);
+        if (peer != nullptr && peer->control() != nullptr &&
+            peer->control()->kind() == Control::Kind::TabStrip) {
+            return static_cast<TabStripPeer*>(peer);
+        }
+    }
+    ControlPeer* strip = TabOrder(form_).first(Control::Kind::TabStrip);
+    return static_cast<TabStripPeer*>(strip);
+}
+
+void FormKeyboard::stepPage(int by) {
+    if (TabStripPeer* strip = stripAround(::GetFocus())) strip->step(by);
+}
+
+}  // namespace pellmark

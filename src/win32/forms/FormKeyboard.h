@@ -1,0 +1,52 @@
+#pragma once
+
+#include "controls/Form.h"
+#include "win32/controls/ControlPeer.h"
+
+namespace pellmark {
+
+class FormWindow;
+class TabStripPeer;
+
+/// Where the keyboard is in a form, and what the keys that move about in it do.
+class FormKeyboard {
+  public:
+    explicit FormKeyboard(FormWindow& form) : form_(form) {}
+
+    // --- focus -------------------------------------------------------------------------------------------
+    /// Gives the keyboard to the control, now or when the form is shown.
+    void focus(const ControlPeer& peer);
+    /// The form has been shown inside the host: the keyboard stays where it is unless a control asked.
+    void shownEmbedded();
+    /// Gives the keyboard to the control that asked for it, had it last or comes first.
+    void enter();
+    /// A control has got the keyboard.
+    void arrived(HWND control) { last_ = control; }
+    /// Draws the button that has the focus as the default one, or with null the form's own.
+    void showDefaultButton(HWND focused);
+
+    // --- keys --------------------------------------------------------------------------------------------
+    void pressEnter(HWND focused);
+    void pressEscape();
+    /// Moves the keyboard to the next control or the one before.
+    void stepFocus(int by);
+    void stepAmongSiblings(int by);
+    /// Shows the next page of the tab strip around the focus, or of the form's first.
+    void stepPage(int by);
+    /// False when no control of the form has that access key.
+    bool pressAccessKey(wchar_t key);
+    /// Shows what has the keyboard and which letters are access keys, once the person uses the keyboard.
+    void showCues() const;
+
+  private:
+    Form* model() const;
+    ControlPeer* focused() const;
+    TabStripPeer* stripAround(HWND focused) const;
+
+    FormWindow& form_;
+    HWND wish_ = nullptr;          ///< asked for the keyboard while the form was hidden
+    HWND last_ = nullptr;          ///< had the keyboard last
+    HWND defaultShown_ = nullptr;  ///< the button drawn as the one that Enter presses
+};
+
+}  // namespace pellmark

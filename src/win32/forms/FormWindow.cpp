@@ -1,0 +1,376 @@
+#include "win32/forms/FormWindow.h"
+
+#include <algorithm>
+
+#include "win32/WideText.h"
+#include "win32/forms/PopupMenu.h"
+
+namespace pellmark {
+
+namespace {
+
+constexpr UINT kDpiChangedAfterParent = 0x02E3;
+constexpr UINT kDpiChanged = 0x02E0;
+
+RECT workAreaAt(const RECT& rect) {
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    ::GetMonitorInfoW(::MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &info);
+    return info.rcWork;
+}
+
+/// Moves a window's rectangle so far into the screen that its caption can be reached.
+RECT broughtIntoView(RECT rect) {
+    const RECT work = workAreaAt(rect);
+    const LONG width = rect.right - rect.left;
+    const LONG height = rect.bottom - rect.top;
+    const LONG left = std::max(work.left, std::min(rect.left, work.right - width));
+    const LONG top = std::max(work.top, std::min(rect.top, work.bottom - height));
+    return {left, top, left + width, top + height};
+}
+
+}  // namespace
+
+FormWindow::FormWindow(std::shared_ptr<Surroundings> surroundings, Form& form)
+    : ContainerPeer(*this, form), surroundings_(std::move(surroundings)), keyboard_(*this), keys_(*this) {
+    const ActivationContext::Active themed(surroundings_->theme());
+    scale_ = Scale(surroundings_->dpiOf(::GetDesktopWindow()));
+    createWindow(nullptr, surroundings_->formClass(), captionedStyle(),
+                 WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME);
+    scale_ = Scale(surroundings_->dpiOf(window()));
+    font_ = surroundings_->messageFont(scale_.dpi());
+    createChildren();
+    keyboard_.showDefaultButton(nullptr);
+    settled_ = true;
+    place();
+}
+
+FormWindow::~FormWindow() {
+    retired_ = false;  // messages of the windows that go now must not delete a second time
+    ++depth_;
+    if (window() != nullptr) ::ShowWindow(window(), SW_HIDE);
+    destroyChildren();
+    if (toolTips_ != nullptr) ::DestroyWindow(toolTips_);
+}
+
+void FormWindow::retire(std::unique_ptr<FormWindow> window) {
+    window->detach();
+    if (const auto modal = window->modal_) {
+        modal->releaseOwner();
+        modal->end();
+    }
+    if (window->depth_ == 0) return;
+    if (window->window() != nullptr) ::ShowWindow(window->window(), SW_HIDE);
+    window->retired_ = true;
+    (void)window.release();  // the last Entry deletes it
+}
+
+DWORD FormWindow::captionedStyle() const {
+    DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+    if (model()->borderStyle() == BorderStyle::Sizable) style |= WS_THICKFRAME | WS_MAXIMIZEBOX;
+    return style;
+}
+
+// --- place and size
+// ------------------------------------------------------------------------------------------
+
+RECT FormWindow::outerRect(Size client) const {
+    RECT outer{0, 0, scale_.pixels(client.width), scale_.pixels(client.height)};
+    const auto style =
+        static_cast<DWORD>(window() ? ::GetWindowLongPtrW(window(), GWL_STYLE) : captionedStyle());
+    const auto exStyle = static_cast<DWORD>(window() ? ::GetWindowLongPtrW(window(), GWL_EXSTYLE) : 0);
+    ::AdjustWindowRectEx(&outer, style, FALSE, exStyle);
+    return {0, 0, outer.right - outer.left, outer.bottom - outer.top};
+}
+
+RECT FormWindow::placement() const {
+    RECT outer = outerRect(model()->clientSize());
+    const Rect& saved = model()->bounds();
+    if (model()->borderStyle() == BorderStyle::Sizable && saved.width > 0 && saved.height > 0) {
+        outer.right = scale_.pixels(saved.width);
+        outer.bottom = scale_.pixels(saved.height);
+    }
+    ::OffsetRect(&outer, scale_.pixels(saved.left), scale_.pixels(saved.top));
+    return outer;
+}
+
+void FormWindow::place() {
+    if (model() == nullptr || embedded_ || !settled_) return;
+    const RECT at = placement();
+    ::SetWindowPos(window(), nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::layOut(int width, int height) {
+    Form* form = model();
+    const Size designed = form->clientSize();
+    // A size that is the model's own up to rounding must not creep by a twip at every opening.
+    const Size client{width == scale_.pixels(designed.width) ? designed.width : scale_.twips(width),
+                      height == scale_.pixels(designed.height) ? designed.height : scale_.twips(height)};
+    collecting_ = true;
+    trap(surroundings_->trace(), "FormWindow::layOut", [&] { form->resized(client); });
+    collecting_ = false;
+    placeMoved();
+}
+
+void FormWindow::arrange() {
+    RECT client{};
+    ::GetClientRect(window(), &client);
+    layOut(static_cast<int>(client.right), static_cast<int>(client.bottom));
+}
+
+void FormWindow::moved(ControlPeer& peer) {
+    if (collecting_) {
+        moved_.push_back(&peer);
+    } else {
+        peer.place();
+    }
+    if (&peer != this) peer.arrange();
+}
+
+void FormWindow::placeMoved() {
+    std::vector<ControlPeer*> moved;
+    moved.swap(moved_);
+    const auto parentOf = [](const ControlPeer* peer) { return ::GetAncestor(peer->window(), GA_PARENT); };
+    std::stable_sort(moved.begin(), moved.end(), [&](const ControlPeer* left, const ControlPeer* right) {
+        return std::less<>()(parentOf(left), parentOf(right));
+    });
+    for (auto from = moved.begin(); from != moved.end();) {
+        const HWND parent = parentOf(*from);
+        const auto to = std::find_if(from, moved.end(),
+                                     [&](const ControlPeer* each) { return parentOf(each) != parent; });
+        HDWP together = ::BeginDeferWindowPos(static_cast<int>(to - from));
+        for (; from != to && together != nullptr; ++from) {
+            const RECT at = (*from)->placement();
+            together =
+                ::DeferWindowPos(together, (*from)->window(), nullptr, at.left, at.top, at.right - at.left,
+                                 at.bottom - at.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        }
+        if (together != nullptr) ::EndDeferWindowPos(together);
+        from = to;
+    }
+}
+
+void FormWindow::limitSize(MINMAXINFO& limits) const {
+    const Size minimum = model()->minimumSize();
+    if (embedded_ || minimum == Size{}) return;
+    const RECT outer = outerRect(minimum);
+    limits.ptMinTrackSize = {outer.right, outer.bottom};
+}
+
+void FormWindow::keepPlace() {
+    if (embedded_ || !::IsWindowVisible(window())) return;
+    const bool minimized = ::IsIconic(window()) != FALSE;
+    const bool maximized = ::IsZoomed(window()) != FALSE;
+    model()->setWindowState(minimized   ? WindowState::Minimized
+                            : maximized ? WindowState::Maximized
+                                        : WindowState::Normal);
+    if (minimized || maximized) return;
+    RECT at{};
+    ::GetWindowRect(window(), &at);
+    const bool wasSettled = std::exchange(settled_, false);
+    model()->setBounds({scale_.twips(static_cast<int>(at.left)), scale_.twips(static_cast<int>(at.top)),
+                        scale_.twips(static_cast<int>(at.right - at.left)),
+                        scale_.twips(static_cast<int>(at.bottom - at.top))});
+    settled_ = wasSettled;
+}
+
+void FormWindow::takeResolution(int dpi) {
+    if (dpi == scale_.dpi()) return;
+    scale_ = Scale(dpi);
+    FontHandle old = std::move(font_);
+    font_ = surroundings_->messageFont(dpi);
+    for (const auto& each : children())
+        each->rescale();
+    arrange();
+    ::InvalidateRect(window(), nullptr, TRUE);
+}
+
+void FormWindow::rescale() {
+    takeResolution(surroundings_->dpiOf(window()));
+}
+
+// --- showing
+// -------------------------------------------------------------------------------------------------
+
+void FormWindow::embed(HWND parent) {
+    embedded_ = true;
+    const LONG_PTR own = ::GetWindowLongPtrW(window(), GWL_STYLE) & (WS_DISABLED | WS_VISIBLE);
+    ::SetWindowLongPtrW(window(), GWL_STYLE, own | WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS);
+    ::SetWindowLongPtrW(window(), GWL_EXSTYLE, WS_EX_CONTROLPARENT);
+    ::SetParent(window(), parent);
+    takeResolution(surroundings_->dpiOf(window()));
+    RECT client{};
+    ::GetClientRect(parent, &client);
+    ::SetWindowPos(window(), HWND_TOP, 0, 0, client.right, client.bottom, SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    arrange();
+    ::ShowWindow(window(), SW_SHOWNORMAL);
+    keyboard_.shownEmbedded();
+}
+
+void FormWindow::makeTopLevel(HWND owner) {
+    if (embedded_) {
+        embedded_ = false;
+        ::ShowWindow(window(), SW_HIDE);
+        ::SetParent(window(), nullptr);
+        ::SetWindowLongPtrW(window(), GWL_STYLE, static_cast<LONG_PTR>(captionedStyle()));
+        ::SetWindowLongPtrW(window(), GWL_EXSTYLE, WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME);
+    }
+    ::SetWindowLongPtrW(window(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+}
+
+void FormWindow::takeIcon(HWND owner) const {
+    if (owner == nullptr || model()->borderStyle() != BorderStyle::Sizable) return;
+    for (const WPARAM size : {ICON_SMALL, ICON_BIG}) {
+        const LRESULT icon = ::SendMessageW(owner, WM_GETICON, size, 0);
+        if (icon != 0) ::SendMessageW(window(), WM_SETICON, size, icon);
+    }
+}
+
+void FormWindow::runModal(HWND owner) {
+    const auto modal = std::make_shared<ModalLoop>(owner);
+    modal_ = modal;
+    makeTopLevel(modal->owner());
+    RECT at = placement();
+    const Rect& saved = model()->bounds();
+    if (saved == Rect{}) {
+        RECT above = workAreaAt(at);
+        if (modal->owner() != nullptr && ::IsWindowVisible(modal->owner()))
+            ::GetWindowRect(modal->owner(), &above);
+        ::OffsetRect(&at, (above.left + above.right - at.left - at.right) / 2,
+                     (above.top + above.bottom - at.top - at.bottom) / 2);
+    }
+    at = broughtIntoView(at);
+    ::SetWindowPos(window(), HWND_TOP, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                   SWP_FRAMECHANGED);
+    arrange();
+    takeIcon(modal->owner());
+    const bool maximized =
+        model()->windowState() == WindowState::Maximized && model()->borderStyle() == BorderStyle::Sizable;
+    ::ShowWindow(window(), maximized ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
+    ::SetActiveWindow(window());
+    keyboard_.enter();
+    const HWND handle = window();
+    modal->run(handle);
+    // From here the form and this window may be gone.
+    modal->releaseOwner();
+    if (::IsWindow(handle)) ::ShowWindow(handle, SW_HIDE);
+    modal->restoreFocus();
+}
+
+void FormWindow::endModal() {
+    if (modal_) modal_->end();
+}
+
+void FormWindow::hide() {
+    endModal();
+    if (modal_) modal_->releaseOwner();
+    ::ShowWindow(window(), SW_HIDE);
+}
+
+void FormWindow::popUp(Menu& menu, Control& over, Point at) {
+    ControlPeer* peer = find(over);
+    if (peer == nullptr) return;
+    POINT where = at.left < 0 || at.top < 0 ? peer->keyboardMenuPoint() : scale_.pixels(at);
+    ::ClientToScreen(peer->window(), &where);
+    const Entry stay(*this);
+    PopupMenu shown(menu);
+    std::optional<int> chosen;
+    {
+        const DialogKeys::Off keysOff(keys_);
+        chosen = shown.track(window(), where);
+    }
+    if (chosen) PopupMenu::run(menu, *chosen);
+}
+
+// --- messages
+// ------------------------------------------------------------------------------------------------
+
+void FormWindow::setToolTip(HWND of, const std::string& text) {
+    if (toolTips_ == nullptr) {
+        toolTips_ = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                                      WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, window(), nullptr,
+                                      surroundings_->instance(), nullptr);
+    }
+    std::wstring wide = toWide(text);
+    TOOLINFOW tool{};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = window();
+    tool.uId = reinterpret_cast<UINT_PTR>(of);
+    tool.lpszText = wide.data();
+    ::SendMessageW(toolTips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    if (!text.empty()) ::SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void FormWindow::detach() {
+    ContainerPeer::detach();
+    moved_.clear();
+}
+
+void FormWindow::controlChanged(ControlChange change) {
+    switch (change) {
+        case ControlChange::Bounds:
+            if (settled_ && !embedded_) place();
+            break;
+        case ControlChange::Visible:
+            break;  // a form is shown by embed and showModal
+        default:
+            ContainerPeer::controlChanged(change);
+    }
+}
+
+std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == DialogKeys::message()) {
+        keys_.perform();
+        return 0;
+    }
+    switch (message) {
+        case WM_SIZE:
+            if (settled_ && wParam != SIZE_MINIMIZED) {
+                layOut(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)));
+                keepPlace();
+            }
+            return 0;
+        case WM_MOVE:
+            keepPlace();
+            return 0;
+        case WM_GETMINMAXINFO:
+            limitSize(*reinterpret_cast<MINMAXINFO*>(lParam));
+            return 0;
+        case WM_CLOSE:
+            model()->close();
+            return 0;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) != WA_INACTIVE) keyboard_.enter();
+            return 0;
+        case WM_SETFOCUS:
+            keyboard_.enter();
+            return 0;
+        case kDpiChanged: {
+            const auto& wanted = *reinterpret_cast<const RECT*>(lParam);
+            ::SetWindowPos(window(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
+                           wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
+            takeResolution(surroundings_->dpiOf(window()));
+            return 0;
+        }
+        case kDpiChangedAfterParent:
+            rescale();
+            return 0;
+        case WM_SETTINGCHANGE:
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            for (const auto& each : children())
+                ::SendMessageW(each->window(), message, wParam, lParam);
+            break;
+        case WM_DESTROY:
+            // The host has destroyed the window around this one without a word: the form is unloaded with it.
+            if (Form* form = model()) form->unload();
+            return 0;
+        default:
+            break;
+    }
+    return ContainerPeer::message(message, wParam, lParam);
+}
+
+}  // namespace pellmark

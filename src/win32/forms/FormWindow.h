@@ -1,0 +1,96 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "controls/Form.h"
+#include "win32/controls/ContainerPeer.h"
+#include "win32/forms/DialogKeys.h"
+#include "win32/forms/FormKeyboard.h"
+#include "win32/forms/ModalLoop.h"
+#include "win32/forms/Surroundings.h"
+
+namespace pellmark {
+
+/// The window of a form: a captioned window while it is shown modally, a borderless child while it is
+/// embedded. It lives until the last of its window procedures has returned, see retire().
+class FormWindow : public ContainerPeer {
+  public:
+    FormWindow(std::shared_ptr<Surroundings> surroundings, Form& form);
+    ~FormWindow() override;
+
+    /// Lets go of the form and destroys the windows as soon as none of their procedures runs any more.
+    static void retire(std::unique_ptr<FormWindow> window);
+
+    /// Held by every window procedure of the form while it runs.
+    class Entry {
+      public:
+        explicit Entry(FormWindow& window) : window_(window) { ++window_.depth_; }
+        ~Entry() {
+            if (--window_.depth_ == 0 && window_.retired_) delete &window_;
+        }
+        Entry(const Entry&) = delete;
+        Entry& operator=(const Entry&) = delete;
+
+      private:
+        FormWindow& window_;
+    };
+
+    Surroundings& surroundings() const { return *surroundings_; }
+    const Scale& currentScale() const { return scale_; }
+    HFONT font() const { return font_.get(); }
+    bool isEmbedded() const { return embedded_; }
+
+    void embed(HWND parent);
+    void runModal(HWND owner);
+    void endModal();
+    void hide();
+    void popUp(Menu& menu, Control& over, Point at);
+
+    // --- for the peers within ----------------------------------------------------------------------------
+    /// The model has moved: the window follows, at once or with all others of one layout.
+    void moved(ControlPeer& peer);
+    void setToolTip(HWND window, const std::string& text);
+    FormKeyboard& keyboard() { return keyboard_; }
+    DialogKeys& keys() { return keys_; }
+
+    void detach() override;
+    void place() override;
+    RECT placement() const override;
+    void arrange() override;
+    void rescale() override;
+
+  protected:
+    std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void controlChanged(ControlChange change) override;
+
+  private:
+    Form* model() const { return static_cast<Form*>(control()); }
+    DWORD captionedStyle() const;
+    void makeTopLevel(HWND owner);
+    /// A window of the host's bears the host's icon.
+    void takeIcon(HWND owner) const;
+    void layOut(int width, int height);
+    void placeMoved();
+    void takeResolution(int dpi);
+    void keepPlace();
+    void limitSize(MINMAXINFO& limits) const;
+    RECT outerRect(Size client) const;
+
+    std::shared_ptr<Surroundings> surroundings_;
+    Scale scale_;
+    FontHandle font_;
+    FormKeyboard keyboard_;
+    DialogKeys keys_;
+    HWND toolTips_ = nullptr;
+    std::shared_ptr<ModalLoop> modal_;
+    std::vector<ControlPeer*> moved_;
+    bool collecting_ = false;
+    bool embedded_ = false;
+    bool settled_ = false;  ///< false while the windows are being created
+    int depth_ = 0;
+    bool retired_ = false;
+};
+
+}  // namespace pellmark

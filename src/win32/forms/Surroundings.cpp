@@ -1,0 +1,84 @@
+#include "win32/forms/Surroundings.h"
+
+#include <string>
+
+namespace pellmark {
+
+namespace {
+
+constexpr const wchar_t* kContainerClass = L"Pellmark.Container";
+constexpr const wchar_t* kFormClass = L"Pellmark.Form";
+
+/// A function of user32 that older systems lack.
+template <class Function>
+Function userFunction(const char* name) {
+    return reinterpret_cast<Function>(::GetProcAddress(::GetModuleHandleW(L"user32.dll"), name));
+}
+
+int systemDpi() {
+    const HDC screen = ::GetDC(nullptr);
+    const int dpi = ::GetDeviceCaps(screen, LOGPIXELSY);
+    ::ReleaseDC(nullptr, screen);
+    return dpi;
+}
+
+}  // namespace
+
+Surroundings::Surroundings(HINSTANCE component, const Operations& operations)
+    : instance_(component), operations_(operations), theme_(component, operations.trace()) {
+    const ActivationContext::Active themed(theme_);
+    INITCOMMONCONTROLSEX wanted{
+        sizeof wanted, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
+    ::InitCommonControlsEx(&wanted);
+}
+
+Surroundings::~Surroundings() {
+    // Fails, as it should, while another component of the process still shows windows of these classes.
+    ::UnregisterClassW(kFormClass, instance_);
+    ::UnregisterClassW(kContainerClass, instance_);
+}
+
+int Surroundings::dpiOf(HWND window) const {
+    if (dpiOverride_) return *dpiOverride_;
+    static const auto dpiForWindow = userFunction<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
+    const int dpi = dpiForWindow != nullptr ? static_cast<int>(dpiForWindow(window)) : 0;
+    return dpi > 0 ? dpi : systemDpi();
+}
+
+FontHandle Surroundings::messageFont(int dpi) const {
+    using ForDpi = BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT);
+    static const auto parametersForDpi = userFunction<ForDpi>("SystemParametersInfoForDpi");
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    if (parametersForDpi == nullptr ||
+        !parametersForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi))) {
+        if (!::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) return {};
+        metrics.lfMessageFont.lfHeight = ::MulDiv(metrics.lfMessageFont.lfHeight, dpi, systemDpi());
+    }
+    return FontHandle(::CreateFontIndirectW(&metrics.lfMessageFont));
+}
+
+const wchar_t* Surroundings::containerClass() const {
+    return registered(kContainerClass);
+}
+
+const wchar_t* Surroundings::formClass() const {
+    return registered(kFormClass);
+}
+
+const wchar_t* Surroundings::registered(const wchar_t* name) const {
+    WNDCLASSEXW wanted{};
+    wanted.cbSize = sizeof wanted;
+    if (::GetClassInfoExW(instance_, name, &wanted)) return name;
+    wanted = {};
+    wanted.cbSize = sizeof wanted;
+    wanted.style = CS_DBLCLKS;
+    wanted.lpfnWndProc = &::DefWindowProcW;  // peers stand before it, as before any other window
+    wanted.hInstance = instance_;
+    wanted.hCursor = ::LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
+    wanted.lpszClassName = name;
+    ::RegisterClassExW(&wanted);
+    return name;
+}
+
+}  // namespace pellmark

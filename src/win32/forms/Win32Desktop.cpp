@@ -1,0 +1,65 @@
+#include "win32/forms/Win32Desktop.h"
+
+#include "controls/Form.h"
+#include "win32/WideText.h"
+#include "win32/forms/FormWindow.h"
+
+namespace pellmark {
+
+namespace {
+
+constexpr const wchar_t* kDefaultTitle = L"Norvex - Process Manager";
+
+UINT iconOf(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::None:
+            return 0;
+        case MessageIcon::Information:
+            return MB_ICONINFORMATION;
+        case MessageIcon::Question:
+            return MB_ICONQUESTION;
+        case MessageIcon::Critical:
+            return MB_ICONERROR;
+    }
+    return 0;
+}
+
+/// What a form holds: the window itself may have to outlive it.
+class FormWindowPeer : public FormPeer {
+  public:
+    explicit FormWindowPeer(std::unique_ptr<FormWindow> window) : window_(std::move(window)) {}
+    ~FormWindowPeer() override { FormWindow::retire(std::move(window_)); }
+
+    WindowHandle handle() const override { return reinterpret_cast<WindowHandle>(window_->window()); }
+    void embed(WindowHandle parent) override { window_->embed(reinterpret_cast<HWND>(parent)); }
+    void runModal(WindowHandle owner) override { window_->runModal(reinterpret_cast<HWND>(owner)); }
+    void endModal() override { window_->endModal(); }
+    void hide() override { window_->hide(); }
+    void popUp(Menu& menu, Control& over, Point at) override { window_->popUp(menu, over, at); }
+
+  private:
+    std::unique_ptr<FormWindow> window_;
+};
+
+}  // namespace
+
+Win32Desktop::Win32Desktop(HINSTANCE component, const Operations& operations)
+    : Desktop(operations), surroundings_(std::make_shared<Surroundings>(component, operations)) {}
+
+MessageAnswer Win32Desktop::showMessage(const MessageBox& message) {
+    const UINT buttons = message.buttons == MessageButtons::OkCancel ? MB_OKCANCEL : MB_OK;
+    const std::wstring title = message.title.empty() ? kDefaultTitle : toWide(message.title);
+    const HWND focus = ::GetFocus();
+    const ActivationContext::Active themed(surroundings_->theme());
+    // The active window of this thread is the dialog on top, or the host's window around an embedded form.
+    const int answer = ::MessageBoxW(::GetActiveWindow(), toWide(message.text).c_str(), title.c_str(),
+                                     buttons | iconOf(message.icon));
+    if (::IsWindow(focus)) ::SetFocus(focus);
+    return answer == IDOK ? MessageAnswer::Ok : MessageAnswer::Cancel;
+}
+
+std::unique_ptr<FormPeer> Win32Desktop::createPeer(Form& form) {
+    return std::make_unique<FormWindowPeer>(std::make_unique<FormWindow>(surroundings_, form));
+}
+
+}  // namespace pellmark

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+
+#include "controls/grid/Grid.h"
+#include "win32/table/GridTable.h"
+#include "win32/table/TablePeer.h"
+
+namespace pellmark {
+
+class GridEditor;
+
+/// A grid's window.
+class GridPeer : public TablePeer {
+  public:
+    GridPeer(FormWindow& form, Grid& grid, HWND parent);
+    ~GridPeer() override;
+
+    void detach() override;
+    void rescale() override;
+    std::optional<LRESULT> notified(NMHDR& header) override;
+
+  protected:
+    void cellDoubleClicked(Cell cell) override;
+    void headingDoubleClicked(int column) override;
+    void headingPressed(int column, MouseButton button, POINT at) override;
+    std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> innerMessage(HWND inner, UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    Grid* grid() const { return static_cast<Grid*>(control()); }
+    GridTable& gridTable() const { return static_cast<GridTable&>(table()); }
+    void modelChanged(const GridChange& change);
+    bool keyDown(int keyCode);
+    void pressed(MouseButton button, POINT at);
+    void takeCell(Cell cell, bool onlySelected);
+    bool isEditable(Cell cell) const;
+    void edit(Cell cell);
+    void editByKeyboard();
+    void dragOut();
+
+    Subscription gridChanged_;
+    Subscription paintRequested_;
+    std::unique_ptr<GridEditor> editor_;
+};
+
+}  // namespace pellmark

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <vector>
+
+#include "controls/grid/Grid.h"
+#include "win32/table/ShownTable.h"
+
+namespace pellmark {
+
+/// A grid's data rows and its columns that are not hidden. Row 0 here is the first row below the headings.
+class GridTable : public ShownTable {
+  public:
+    explicit GridTable(Grid& grid) : grid_(&grid) { takeColumns(); }
+
+    /// Forgets the grid.
+    void detach() { grid_ = nullptr; }
+    /// Looks anew which columns are shown in what order.
+    void takeColumns();
+    /// The grid's column behind a shown one; -1 when there is none.
+    int colOf(int column) const;
+    /// The shown column of a grid's column, -1 while that is hidden.
+    int columnOf(int col) const;
+    int gridRow(int row) const { return row < 0 || grid_ == nullptr ? -1 : row + grid_->fixedRows(); }
+
+    int columns() const override { return static_cast<int>(columns_.size()); }
+    std::string heading(int column) const override;
+    Twips width(int column) const override;
+    void userResized(int column, Twips width) override;
+    void userMoved(int from, int to) override;
+    int rows() const override { return grid_ ? grid_->dataRows() : 0; }
+    std::string text(int row, int column) const override;
+    CellStyle style(int row, int column) const override;
+    bool activeLook() const override { return grid_ == nullptr || grid_->activeLook(); }
+    int current() const override;
+    void setCurrent(int row) override;
+    int selectedCount() const override { return grid_ ? grid_->selectedRows() : 0; }
+    void eachSelected(const std::function<void(int row)>& visit) const override;
+    bool isSelected(int row) const override { return grid_ && grid_->isSelected(gridRow(row)); }
+    void setSelected(int row, bool selected) override;
+    void clearSelection() override;
+    void selectAll() override;
+
+  private:
+    Grid* grid_;
+    std::vector<int> columns_;
+};
+
+}  // namespace pellmark

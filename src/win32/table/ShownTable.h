@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "base/Geometry.h"
+#include "controls/grid/CellStyles.h"
+
+namespace pellmark {
+
+/// A grid or a report list as its window shows it: data rows from 0, shown columns from 0 in the order of
+/// the screen. Calls may come after the model has gone; they then answer nothing and do nothing.
+class ShownTable {
+  public:
+    virtual ~ShownTable() = default;
+
+    virtual int columns() const = 0;
+    virtual std::string heading(int column) const = 0;
+    virtual Twips width(int column) const = 0;
+    virtual void userResized(int column, Twips width) = 0;
+    virtual void userMoved(int from, int to) = 0;
+
+    virtual int rows() const = 0;
+    virtual std::string text(int row, int column) const = 0;
+    virtual CellStyle style(int row, int column) const = 0;
+    /// False where the selection is drawn in the paler colour.
+    virtual bool activeLook() const = 0;
+
+    virtual int current() const = 0;
+    virtual void setCurrent(int row) = 0;
+    virtual int selectedCount() const = 0;
+    virtual void eachSelected(const std::function<void(int row)>& visit) const = 0;
+    virtual bool isSelected(int row) const = 0;
+    virtual void setSelected(int row, bool selected) = 0;
+    virtual void clearSelection() = 0;
+    virtual void selectAll() = 0;
+};
+
+}  // namespace pellmark

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <vector>
+
+#include "win32/Scale.h"
+#include "win32/WindowsApi.h"
+#include "win32/table/ShownTable.h"
+
+namespace pellmark {
+
+/// The headings of a list window: shows the model's columns and finds out what a person has done to them.
+class TableHeader {
+  public:
+    TableHeader(HWND list, ShownTable& table);
+
+    HWND window() const { return header_; }
+    /// Makes the window's columns anew after the model's.
+    void rebuild(const Scale& scale);
+    /// Compares the window's widths and order with what was shown last and tells the model of differences.
+    void takeChanges(const Scale& scale);
+    /// Makes a column as wide as what is on the screen needs.
+    void fit(int column, const Scale& scale, HFONT font);
+
+    /// The column under a point of the header, -1 beside them; dividers belong to no column.
+    int columnAt(POINT at) const;
+    /// The column that the divider under the point resizes, -1 when there is none.
+    int dividerAt(POINT at) const;
+    /// The heading's rectangle in the list's client area.
+    RECT columnRect(int column) const;
+
+  private:
+    int hit(POINT at, UINT parts) const;
+    std::vector<int> shownOrder() const;
+    int shownWidth(int column) const;
+
+    HWND list_;
+    HWND header_;
+    ShownTable& table_;
+    std::vector<int> widths_;
+};
+
+}  // namespace pellmark

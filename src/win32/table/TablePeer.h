@@ -1,0 +1,74 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "controls/grid/Grid.h"
+#include "win32/Handles.h"
+#include "win32/controls/ControlPeer.h"
+#include "win32/table/ShownTable.h"
+#include "win32/table/TableHeader.h"
+#include "win32/table/TablePainter.h"
+#include "win32/table/TableSelection.h"
+
+namespace pellmark {
+
+/// The system's list view in report form over rows that stay in the model: the window asks for what it
+/// shows. Both the grid and the report list are such tables.
+class TablePeer : public ControlPeer {
+  public:
+    void rescale() override;
+    std::optional<LRESULT> notified(NMHDR& header) override;
+    POINT keyboardMenuPoint() const override;
+
+  protected:
+    struct Cell {
+        int row = -1;
+        int column = -1;
+        bool operator==(const Cell&) const = default;
+    };
+
+    TablePeer(FormWindow& form, Control& control, std::unique_ptr<ShownTable> table);
+    void create(HWND parent, bool movableColumns);
+
+    ShownTable& table() const { return *table_; }
+    TableSelection& selection() { return *selection_; }
+    TableHeader& header() { return *header_; }
+
+    void showAll();
+    void showColumns();
+    void showRows();
+    void showRow(int row);
+    void scrollTo(int row);
+    /// The data cell under a point of the window; -1 beside all of them.
+    Cell cellAt(POINT at) const;
+    RECT cellRect(Cell cell) const;
+
+    // --- what a person does --------------------------------------------------------------------------------
+    virtual void cellDoubleClicked(Cell /*cell*/) {}
+    virtual void headingDoubleClicked(int /*column*/) {}
+    virtual void headingClicked(int /*column*/) {}
+    /// `at` is in pixels of the list window.
+    virtual void headingPressed(int /*column*/, MouseButton /*button*/, POINT /*at*/) {}
+
+    std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> innerMessage(HWND inner, UINT message, WPARAM wParam, LPARAM lParam) override;
+    void controlChanged(ControlChange change) override;
+
+  private:
+    void fillItem(LVITEMW& item) const;
+    int findItem(const NMLVFINDITEMW& wanted) const;
+    void tipFor(POINT at);
+    void fitRows();
+    void paint();
+
+    std::unique_ptr<ShownTable> table_;
+    std::optional<TableSelection> selection_;
+    std::optional<TableHeader> header_;
+    std::optional<TablePainter> painter_;
+    Cell tipCell_;
+    Handle<HIMAGELIST, &::ImageList_Destroy> rowHeight_;
+};
+
+}  // namespace pellmark

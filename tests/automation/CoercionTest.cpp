@@ -1,0 +1,215 @@
+#include "automation/Coercion.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "com/TestObject.h"
+#include "automation/Guard.h"
+
+namespace pellmark {
+namespace {
+
+/// The code of the CallError that a body throws; S_OK when it throws none.
+template <class Body>
+HRESULT codeOf(Body&& body) {
+    try {
+        body();
+        return S_OK;
+    } catch (const CallError& error) {
+        return error.code();
+    }
+}
+
+VARIANT referenceTo(VARIANT& value) {
+    VARIANT reference;
+    VariantInit(&reference);
+    reference.vt = VT_BYREF | VT_VARIANT;
+    reference.pvarVal = &value;
+    return reference;
+}
+
+VariantArg arrayOfVariants(std::initializer_list<VariantArg> values) {
+    VariantArg holder;
+    holder.get().vt = VT_ARRAY | VT_VARIANT;
+    holder.get().parray = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(values.size()));
+    LONG index = 0;
+    for (const VariantArg& value : values) {
+        SafeArrayPutElement(holder.get().parray, &index, const_cast<VARIANT*>(&value.get()));
+        ++index;
+    }
+    return holder;
+}
+
+VariantArg arrayOfTexts(std::initializer_list<const char*> texts, LONG first = 0) {
+    VariantArg holder;
+    SAFEARRAYBOUND bound{static_cast<ULONG>(texts.size()), first};
+    holder.get().vt = VT_ARRAY | VT_BSTR;
+    holder.get().parray = SafeArrayCreate(VT_BSTR, 1, &bound);
+    LONG index = first;
+    for (const char* text : texts) {
+        SafeArrayPutElement(holder.get().parray, &index, Bstr(text).get());
+        ++index;
+    }
+    return holder;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(CoercionTest, ANumberOfAnyTypeIsTaken) {
+    EXPECT_EQ(toInt16(VariantArg(std::int16_t{70}).get()), 70);
+    EXPECT_EQ(toInt16(VariantArg(std::int32_t{-1}).get()), -1);
+    EXPECT_EQ(toInt16(VariantArg(std::int64_t{71}).get()), 71);
+    EXPECT_EQ(toInt16(VariantArg(70.0).get()), 70);
+    EXPECT_EQ(toInt16(VariantArg("70").get()), 70);
+    EXPECT_EQ(toInt16(VariantArg(true).get()), -1);
+}
+
+TEST(CoercionTest, ANumberBehindAVariableIsTaken) {
+    VariantArg variable(std::int32_t{71});
+    VARIANT reference = referenceTo(variable.get());
+    EXPECT_EQ(toInt16(reference), 71);
+    EXPECT_EQ(toInt16(referenceTo(reference)), 71);
+}
+
+TEST(CoercionTest, TheLimitsOfANumberAreKept) {
+    EXPECT_EQ(toInt16(VariantArg(std::int32_t{32767}).get()), 32767);
+    EXPECT_EQ(toInt16(VariantArg(std::int32_t{-32768}).get()), -32768);
+    EXPECT_EQ(codeOf([] { toInt16(VariantArg(std::int32_t{32768}).get()); }), DISP_E_OVERFLOW);
+    EXPECT_EQ(codeOf([] { toInt16(VariantArg(-32769.0).get()); }), DISP_E_OVERFLOW);
+    EXPECT_EQ(codeOf([] { toInt16(VariantArg(1e300).get()); }), DISP_E_OVERFLOW);
+    EXPECT_EQ(codeOf([] { toInt16(VariantArg(std::numeric_limits<double>::quiet_NaN()).get()); }),
+              DISP_E_OVERFLOW);
+}
+
+TEST(CoercionTest, WhatIsNoNumberIsAMismatch) {
+    EXPECT_EQ(codeOf([] { toInt16(VariantArg("inch").get()); }), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(codeOf([] { toInt16(VariantArg(ComPtr<IDispatch>()).get()); }), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(codeOf([] { toInt16(arrayOfTexts({"1"}).get()); }), DISP_E_TYPEMISMATCH);
+}
+
+TEST(CoercionTest, AReferenceToNowhereIsAMismatch) {
+    VARIANT reference;
+    VariantInit(&reference);
+    for (const VARTYPE type : {VT_VARIANT, VT_I2, VT_BSTR, VT_DISPATCH}) {
+        reference.vt = static_cast<VARTYPE>(VT_BYREF | type);
+        reference.byref = nullptr;
+        EXPECT_EQ(codeOf([&] { toInt16(reference); }), DISP_E_TYPEMISMATCH);
+        EXPECT_EQ(codeOf([&] { toObject(reference); }), DISP_E_TYPEMISMATCH);
+        EXPECT_EQ(codeOf([&] { toTexts(reference); }), DISP_E_TYPEMISMATCH);
+    }
+}
+
+TEST(CoercionTest, AReferenceToItselfIsAMismatch) {
+    VARIANT ring;
+    VariantInit(&ring);
+    ring.vt = VT_BYREF | VT_VARIANT;
+    ring.pvarVal = &ring;
+    EXPECT_EQ(codeOf([&] { toText(ring); }), DISP_E_TYPEMISMATCH);
+}
+
+TEST(CoercionTest, AnObjectIsTakenFromEitherInterfaceAndFromAVariable) {
+    const ComPtr<TestObject> object = TestObject::make();
+    VariantArg variable{ComPtr<IDispatch>(object.get())};
+    EXPECT_EQ(toObject(variable.get()).get(), object.get());
+    EXPECT_EQ(toObject(referenceTo(variable.get())).get(), object.get());
+    variable.get().vt = VT_UNKNOWN;
+    EXPECT_EQ(toObject(variable.get()).get(), object.get());
+}
+
+TEST(CoercionTest, NothingEmptyAndNullAreNoObject) {
+    VariantArg null;
+    null.get().vt = VT_NULL;
+    EXPECT_FALSE(toObject(VariantArg().get()));
+    EXPECT_FALSE(toObject(null.get()));
+    EXPECT_FALSE(toObject(VariantArg(ComPtr<IDispatch>()).get()));
+}
+
+TEST(CoercionTest, AValueInAnObjectsPlaceIsAMismatch) {
+    EXPECT_EQ(codeOf([] { toObject(VariantArg(std::int32_t{5}).get()); }), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(codeOf([] { toObject(VariantArg("host").get()); }), DISP_E_TYPEMISMATCH);
+}
+
+TEST(CoercionTest, ReadingAnObjectLeavesItsReferencesAsTheyWere) {
+    const ComPtr<TestObject> object = TestObject::make();
+    VariantArg variable{ComPtr<IDispatch>(object.get())};
+    const ULONG before = object->references();
+    toObject(referenceTo(variable.get()));
+    codeOf([&] { toText(variable.get()); });
+    codeOf([&] { toInt16(variable.get()); });
+    EXPECT_EQ(object->references(), before);
+}
+
+TEST(CoercionTest, TextsAreTakenFromArraysOfVariantsAndOfTexts) {
+    EXPECT_EQ(toTexts(arrayOfVariants({"a", "\xC3\xA9"}).get()), (Texts{"a", "\xC3\xA9"}));
+    EXPECT_EQ(toTexts(arrayOfTexts({"a", "b"}).get()), (Texts{"a", "b"}));
+    EXPECT_EQ(toTexts(arrayOfTexts({"a", "b"}, 1).get()), (Texts{"a", "b"}));
+    EXPECT_EQ(toTexts(arrayOfVariants({}).get()), Texts{});
+}
+
+TEST(CoercionTest, TextsAreTakenFromArraysByReference) {
+    VariantArg variable = arrayOfVariants({"a", "b"});
+    EXPECT_EQ(toTexts(referenceTo(variable.get())), (Texts{"a", "b"}));
+    VARIANT reference;
+    VariantInit(&reference);
+    reference.vt = VT_BYREF | VT_ARRAY | VT_VARIANT;
+    reference.pparray = &variable.get().parray;
+    EXPECT_EQ(toTexts(reference), (Texts{"a", "b"}));
+}
+
+TEST(CoercionTest, ElementsMayBeVariablesThemselves) {
+    VariantArg variable("inner");
+    VariantArg array = arrayOfVariants({VariantArg()});
+    VARIANT* element = nullptr;
+    SafeArrayAccessData(array.get().parray, reinterpret_cast<void**>(&element));
+    *element = referenceTo(variable.get());
+    SafeArrayUnaccessData(array.get().parray);
+    EXPECT_EQ(toTexts(array.get()), (Texts{"inner"}));
+}
+
+TEST(CoercionTest, ASingleTextIsAnArrayOfOneAndEmptyAnArrayOfNone) {
+    EXPECT_EQ(toTexts(VariantArg("one").get()), (Texts{"one"}));
+    EXPECT_EQ(toTexts(VariantArg("").get()), (Texts{""}));
+    EXPECT_EQ(toTexts(VariantArg().get()), Texts{});
+}
+
+TEST(CoercionTest, AnObjectWithALengthAndNumberedMembersIsAnArray) {
+    const ComPtr<TestObject> object = TestObject::make();
+    object->set(L"length", std::int32_t{2});
+    object->set(L"0", "first");
+    object->set(L"1", "second");
+    EXPECT_EQ(toTexts(VariantArg(ComPtr<IDispatch>(object.get())).get()), (Texts{"first", "second"}));
+    object->set(L"length", -1.0);
+    EXPECT_EQ(codeOf([&] { toTexts(VariantArg(ComPtr<IDispatch>(object.get())).get()); }), DISP_E_OVERFLOW);
+}
+
+TEST(CoercionTest, WhatIsNoArrayOfTextsIsAMismatch) {
+    EXPECT_EQ(codeOf([] { toTexts(VariantArg(std::int32_t{1}).get()); }), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(codeOf([] { toTexts(VariantArg(ComPtr<IDispatch>()).get()); }), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(codeOf([] { toTexts(arrayOfVariants({ComPtr<IDispatch>()}).get()); }), DISP_E_TYPEMISMATCH);
+    VariantArg numbers;
+    numbers.get().vt = VT_ARRAY | VT_I4;
+    numbers.get().parray = SafeArrayCreateVector(VT_I4, 0, 1);
+    EXPECT_EQ(codeOf([&] { toTexts(numbers.get()); }), DISP_E_TYPEMISMATCH);
+}
+
+TEST(CoercionTest, AnArrayOfTwoDimensionsIsAMismatch) {
+    SAFEARRAYBOUND bounds[2] = {{1, 0}, {1, 0}};
+    VariantArg square;
+    square.get().vt = VT_ARRAY | VT_VARIANT;
+    square.get().parray = SafeArrayCreate(VT_VARIANT, 2, bounds);
+    EXPECT_EQ(codeOf([&] { toTexts(square.get()); }), DISP_E_TYPEMISMATCH);
+}
+
+TEST(CoercionTest, OnlyTheCodeOfAnOmittedArgumentMeansOmitted) {
+    VariantArg failure = VariantArg::missing();
+    EXPECT_TRUE(isMissing(failure.get()));
+    EXPECT_TRUE(isMissing(referenceTo(failure.get())));
+    failure.get().scode = E_FAIL;
+    EXPECT_FALSE(isMissing(failure.get()));
+    EXPECT_FALSE(isMissing(VariantArg().get()));
+}
+
+}  // namespace
+}  // namespace pellmark

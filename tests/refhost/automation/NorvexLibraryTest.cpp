@@ -1,0 +1,195 @@
+#include "refhost/automation/NorvexLibrary.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "com/adapters/AutomationHostLibrary.h"
+#include "com/adapters/CountingObject.h"
+#include "com/adapters/ExpectError.h"
+#include "com/adapters/KnowledgeBaseAdapter.h"
+#include "support/TemporaryFolder.h"
+
+namespace pellmark {
+namespace {
+
+using test::CountingObject;
+using test::expectError;
+using test::NorvexLibrary;
+
+class NorvexLibraryTest : public testing::Test {
+  protected:
+    DispatchObject create(const char* progId) {
+        return {library_.create(wideFromUtf8(progId).c_str()), progId};
+    }
+
+    static constexpr const char* kProgIds[] = {"Norvex.Application", "Norvex.KnowledgeBaseService",
+                                               "Norvex.TranslationService", "Norvex.LanguageConverter"};
+
+    NorvexLibrary library_;
+};
+
+/// Every member of an object's description must be answered by the object under the same number.
+void expectMembersAsDescribed(DispatchObject& object) {
+    ComPtr<ITypeInfo> info;
+    ASSERT_EQ(object.pointer()->GetTypeInfo(0, 0, info.receive()), S_OK);
+    TYPEATTR* attributes = nullptr;
+    ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
+    constexpr int kFirstOwnMember = 7;  // a dispatch interface describes the seven of IDispatch first
+    int members = 0;
+    for (UINT at = 0; at < attributes->cFuncs; ++at) {
+        FUNCDESC* function = nullptr;
+        ASSERT_EQ(info->GetFuncDesc(at, &function), S_OK);
+        Bstr name;
+        info->GetDocumentation(function->memid, name.receive(), nullptr, nullptr, nullptr);
+        if (at >= kFirstOwnMember || (function->wFuncFlags & FUNCFLAG_FRESTRICTED) == 0) {
+            LPOLESTR names[] = {name.get()};
+            DISPID id = DISPID_UNKNOWN;
+            EXPECT_EQ(object.pointer()->GetIDsOfNames(IID_NULL, names, 1, 0, &id), S_OK) << name.utf8();
+            EXPECT_EQ(id, function->memid) << name.utf8();
+            ++members;
+        }
+        info->ReleaseFuncDesc(function);
+    }
+    info->ReleaseTypeAttr(attributes);
+    EXPECT_GT(members, 0) << object.name();
+}
+
+TEST_F(NorvexLibraryTest, EveryMemberOfTheTypeLibraryIsAnsweredUnderItsNumber) {
+    test::TemporaryFolder folder;
+    NorvexLibrary::useKnowledgeBase(folder.file("described.db"));
+    for (const char* progId : kProgIds) {
+        auto object = create(progId);
+        expectMembersAsDescribed(object);
+    }
+    auto service = create("Norvex.KnowledgeBaseService");
+    for (const char* part :
+         {"UserRights", "ProcessStore", "FeatureCaseStore", "MaterialStore", "ProcessStepStore"}) {
+        auto object = service.call(part).object();
+        expectMembersAsDescribed(object);
+    }
+    auto records = service.call("MaterialStore").object().call("Materials").object();
+    expectMembersAsDescribed(records);
+}
+
+TEST_F(NorvexLibraryTest, AWrongNumberOfArgumentsIsRefused) {
+    auto converter = create("Norvex.LanguageConverter");
+    expectError(errors::kHostInterface, "LocaleOf takes another number", [&] { converter.call("LocaleOf"); });
+}
+
+TEST_F(NorvexLibraryTest, AnArgumentOfAWrongKindIsRefused) {
+    auto converter = create("Norvex.LanguageConverter");
+    expectError(errors::kHostInterface, "LocaleOf does not take",
+                [&] { converter.call("LocaleOf", {"English"}); });
+}
+
+TEST_F(NorvexLibraryTest, TheServicesAreCreatedByTheirProgIds) {
+    AutomationHostLibrary host;
+    EXPECT_EQ(host.createLanguageConverter()->localeOf(2), 1031);
+    EXPECT_EQ(host.createTranslationService()->GetString("no such text"), "no such text");
+    EXPECT_NE(host.createKnowledgeBaseService(), nullptr);
+}
+
+TEST_F(NorvexLibraryTest, AnUnknownLanguageHasTheLocaleOfEnglish) {
+    auto converter = create("Norvex.LanguageConverter");
+    EXPECT_EQ(converter.call("LocaleOf", {std::int16_t{99}}).int32(), 1033);
+}
+
+TEST_F(NorvexLibraryTest, TheComponentsTextsAreTranslated) {
+    auto texts = create("Norvex.TranslationService");
+    texts.put("ResourceFile", utf8FromWide(NorvexLibrary::folder()) + "\\Pellmark.csv");
+    texts.put("OutputLanguage", std::int16_t{2});
+    EXPECT_EQ(texts.call("GetString", {"Exit"}).text(), "Beenden");
+    texts.put("OutputLanguage", std::int16_t{6});
+    EXPECT_EQ(texts.call("GetString", {"Name"}).text(), "\xE5\x90\x8D\xE5\x89\x8D");
+    texts.put("OutputLanguage", std::int16_t{1});
+    EXPECT_EQ(texts.call("GetString", {"Exit"}).text(), "Exit");
+}
+
+TEST_F(NorvexLibraryTest, AMissingTableLeavesTheTextsEnglish) {
+    auto texts = create("Norvex.TranslationService");
+    texts.put("ResourceFile", "Z:\\no such folder\\Pellmark.csv");
+    texts.put("OutputLanguage", std::int16_t{2});
+    EXPECT_EQ(texts.call("GetString", {"Exit"}).text(), "Exit");
+}
+
+TEST_F(NorvexLibraryTest, AKnowledgeBaseThatCannotBeOpenedIsNotConnectedAndSaysWhy) {
+    test::TemporaryFolder folder;
+    NorvexLibrary::useKnowledgeBase(folder.file("*bad?name.db"));
+    auto service = create("Norvex.KnowledgeBaseService");
+    EXPECT_FALSE(service.call("IsConnected").boolean());
+    expectError(errors::kKnowledgeBase, "bad?name.db", [&] { service.call("Connect"); });
+}
+
+TEST_F(NorvexLibraryTest, RightsAreThoseOfTheCurrentUser) {
+    test::TemporaryFolder folder;
+    NorvexLibrary::useKnowledgeBase(folder.file("rights.db"));
+    auto host = create("Norvex.Application");
+    KnowledgeBaseAdapter adapter(create("Norvex.KnowledgeBaseService"));
+    host.put("CurrentUser", "Operator");
+    EXPECT_FALSE(adapter.userRights().may(PermissionAdd));
+    host.put("CurrentUser", "administrator");
+    EXPECT_TRUE(adapter.userRights().may(PermissionAdd));
+}
+
+TEST_F(NorvexLibraryTest, TextsOfEveryKindSurviveTheWayToTheStoreAndBack) {
+    test::TemporaryFolder folder;
+    NorvexLibrary::useKnowledgeBase(folder.file("texts.db"));
+    KnowledgeBaseAdapter adapter(create("Norvex.KnowledgeBaseService"));
+    const ProcessRecord nasty{"", "12:\"quoted\", 'it' | ; \t \xF0\x9F\x94\xA9 \xE5\x90\x8D\xE5\x89\x8D", 71,
+                              std::string(996, 'd') + "\r\n:x", "a < 1 And b > \"2\""};
+    const std::string id = adapter.processStore().addProcess(nasty);
+    const ProcessRecord stored{id, nasty.Name, nasty.Unit, nasty.Description, nasty.Rule};
+    EXPECT_EQ(adapter.processStore().process(id), stored);
+    EXPECT_EQ(adapter.processStore().processRecords({id}).at(0), stored);
+    const auto records = adapter.processStore().processes(id);
+    EXPECT_EQ(records->text(0, records->fieldIndex("_Description").value()), nasty.Description);
+}
+
+TEST_F(NorvexLibraryTest, TwoServicesSeeEachOthersChanges) {
+    test::TemporaryFolder folder;
+    NorvexLibrary::useKnowledgeBase(folder.file("shared.db"));
+    KnowledgeBaseAdapter first(create("Norvex.KnowledgeBaseService"));
+    KnowledgeBaseAdapter second(create("Norvex.KnowledgeBaseService"));
+    const std::string id = first.processStore().addProcess({"", "Shared", 70, "", ""});
+    EXPECT_EQ(second.processStore().process(id).Name, "Shared");
+}
+
+/// What crosses the boundary for a list on the screen.
+class BoundaryCostTest : public NorvexLibraryTest {
+  protected:
+    static constexpr std::size_t kRowsOnScreen = 40;
+
+    int callsToShow(int processes, std::size_t firstRow) {
+        test::TemporaryFolder folder;
+        NorvexLibrary::useKnowledgeBase(folder.file("cost.db"));
+        int calls = 0;
+        auto inner = create("Norvex.KnowledgeBaseService");
+        KnowledgeBaseAdapter adapter(
+            DispatchObject(CountingObject::wrap(inner.pointer(), calls), "Norvex.KnowledgeBaseService"));
+        for (int at = 0; at < processes; ++at)
+            adapter.processStore().addProcess({"", "P", 71, "", ""});
+        const int before = calls;
+        const auto records = adapter.processStore().processes("");
+        records->count();
+        records->keys();
+        for (std::size_t row = firstRow; row < firstRow + kRowsOnScreen; ++row) {
+            for (std::size_t field = 0; field < records->fields().size(); ++field)
+                records->text(row, field);
+        }
+        return calls - before;
+    }
+};
+
+TEST_F(BoundaryCostTest, AScreenCostsTheSameForFewAndForManyProcesses) {
+    const int few = callsToShow(50, 0);
+    EXPECT_EQ(callsToShow(600, 0), few);
+    EXPECT_LE(few, 12);
+}
+
+TEST_F(BoundaryCostTest, AScreenFarDownCostsNoMoreThanOnePageExtra) {
+    EXPECT_LE(callsToShow(600, 500), callsToShow(600, 0) + 1);
+}
+
+}  // namespace
+}  // namespace pellmark

@@ -1,0 +1,226 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "base/Error.h"
+#include "refhost/store/KnowledgeBase.h"
+#include "refhost/store/Schema.h"
+#include "refhost/store/SqliteKnowledgeBaseService.h"
+#include "refhost/store/Statement.h"
+#include "support/TemporaryFolder.h"
+
+namespace norvex {
+namespace {
+
+using pellmark::Error;
+using pellmark::test::readFile;
+using pellmark::test::TemporaryFolder;
+using pellmark::test::writeFile;
+using testing::HasSubstr;
+namespace errors = pellmark::errors;
+
+OpenOptions impatient(bool seed = false) {
+    return {std::chrono::milliseconds(50), seed};
+}
+
+struct KnowledgeBaseFileTest : testing::Test {
+    TemporaryFolder folder;
+    std::string path = folder.file("base.nkb");
+
+    /// The text with which opening fails; "" when it does not fail.
+    std::string refusal(const std::string& of) {
+        try {
+            KnowledgeBase::open(of, impatient());
+        } catch (const Error& error) {
+            EXPECT_EQ(error.number(), errors::kKnowledgeBase);
+            EXPECT_THAT(error.description(), HasSubstr("'" + of + "'"));
+            return error.description();
+        }
+        return {};
+    }
+    void expectRefusedAndUntouched(const std::string& words) {
+        const std::string before = readFile(path);
+        EXPECT_THAT(refusal(path), HasSubstr(words));
+        EXPECT_TRUE(readFile(path) == before) << "the file has changed";
+    }
+    void create() { KnowledgeBase::open(path, impatient()); }
+};
+
+TEST_F(KnowledgeBaseFileTest, AMissingFileIsCreatedAndFilled) {
+    SqliteKnowledgeBaseService service(path);
+    EXPECT_TRUE(std::filesystem::exists(path));
+    EXPECT_GE(service.processStore().processes("")->count(), 60U);
+}
+
+TEST_F(KnowledgeBaseFileTest, AnEmptyFileIsTakenForAMissingOne) {
+    writeFile(path, "");
+    SqliteKnowledgeBaseService service(path);
+    EXPECT_GE(service.processStore().processes("")->count(), 60U);
+}
+
+TEST_F(KnowledgeBaseFileTest, ThePathMayHoldAnyCharacters) {
+    const std::string odd = folder.file(
+        "\xC3\x9C"
+        "bung \xE8\xA8\x98's base.nkb");
+    KnowledgeBase::open(odd, impatient());
+    SqliteKnowledgeBaseService again(odd, impatient());
+    again.processStore().addProcess({"", "A", 71, "", ""});
+    EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(std::u8string(odd.begin(), odd.end()))));
+}
+
+TEST_F(KnowledgeBaseFileTest, WhatWasStoredIsThereAfterReopening) {
+    std::string id;
+    {
+        SqliteKnowledgeBaseService service(path, impatient());
+        id = service.processStore().addProcess({"", "Kept", 71, "", ""});
+    }
+    SqliteKnowledgeBaseService again(path, impatient());
+    EXPECT_EQ(again.processStore().process(id).Name, "Kept");
+    EXPECT_EQ(again.processStore().processes("")->count(), 1U);
+}
+
+TEST_F(KnowledgeBaseFileTest, ReopeningDoesNotFillItAgain) {
+    std::size_t count = 0;
+    { count = SqliteKnowledgeBaseService(path).processStore().processes("")->count(); }
+    EXPECT_EQ(SqliteKnowledgeBaseService(path).processStore().processes("")->count(), count);
+}
+
+TEST_F(KnowledgeBaseFileTest, TheFileUsesAWriteAheadLogAndForeignKeys) {
+    auto base = KnowledgeBase::open(path, impatient());
+    Statement mode(base->connection(), "PRAGMA journal_mode");
+    ASSERT_TRUE(mode.step());
+    EXPECT_EQ(mode.text(0), "wal");
+    Statement keys(base->connection(), "PRAGMA foreign_keys");
+    ASSERT_TRUE(keys.step());
+    EXPECT_EQ(keys.integer(0), 1);
+}
+
+TEST_F(KnowledgeBaseFileTest, AFileThatIsNoDatabaseIsRefused) {
+    writeFile(path, "Name,Unit\r\nDrill,71\r\n");
+    expectRefusedAndUntouched("damaged");
+    writeFile(path, std::string(5000, 'x'));
+    expectRefusedAndUntouched("damaged");
+}
+
+TEST_F(KnowledgeBaseFileTest, ATruncatedFileIsRefused) {
+    create();
+    const std::string whole = readFile(path);
+    for (const std::size_t left :
+         {std::size_t{50}, std::size_t{100}, std::size_t{4096}, whole.size() / 2, whole.size() - 1}) {
+        writeFile(path, whole.substr(0, left));
+        expectRefusedAndUntouched("damaged");
+    }
+}
+
+TEST_F(KnowledgeBaseFileTest, AFileWithADestroyedPageIsRefused) {
+    create();
+    std::string bytes = readFile(path);
+    ASSERT_GT(bytes.size(), 5U * 4096);
+    bytes.replace(2 * 4096, 4096, 4096, '\xFF');
+    writeFile(path, bytes);
+    expectRefusedAndUntouched("damaged");
+}
+
+TEST_F(KnowledgeBaseFileTest, AnotherProgramsDatabaseIsRefused) {
+    { Connection(path, true, std::chrono::milliseconds(50)).execute("CREATE TABLE recipe (name TEXT)"); }
+    expectRefusedAndUntouched("another program");
+}
+
+TEST_F(KnowledgeBaseFileTest, ANewerSchemaIsRefused) {
+    create();
+    { Connection(path, false, std::chrono::milliseconds(50)).execute("PRAGMA user_version = 99"); }
+    expectRefusedAndUntouched("newer program (version 99");
+}
+
+TEST_F(KnowledgeBaseFileTest, ARefusedFileIsNotChangedByTheLogThatAKilledProgramLeft) {
+    create();
+    {
+        Connection killed(path, false, std::chrono::milliseconds(50));
+        killed.keepLogOnClose(true);
+        killed.execute("PRAGMA user_version = 99");
+    }
+    ASSERT_TRUE(std::filesystem::exists(path + "-wal"));
+    expectRefusedAndUntouched("newer program");
+}
+
+TEST_F(KnowledgeBaseFileTest, AFolderInPlaceOfTheFileOrAMissingOneIsRefused) {
+    EXPECT_THAT(refusal(folder.path()), HasSubstr("cannot be opened"));
+    EXPECT_THAT(refusal(folder.file("nowhere/base.nkb")), HasSubstr("cannot be opened"));
+}
+
+TEST_F(KnowledgeBaseFileTest, AFileThatAnotherProgramHoldsLockedIsRefused) {
+    create();
+    Connection holder(path, false, std::chrono::milliseconds(50));
+    holder.execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; UPDATE tally SET value = value;");
+    EXPECT_THAT(refusal(path), HasSubstr("in use by another program"));
+    holder.execute("COMMIT; PRAGMA locking_mode = NORMAL; SELECT count(*) FROM tally;");
+    EXPECT_EQ(refusal(path), "");
+}
+
+TEST_F(KnowledgeBaseFileTest, AChangeThatWaitsTooLongForTheLockFailsAndWorksAfterwards) {
+    SqliteKnowledgeBaseService service(path, impatient());
+    Connection other(path, false, std::chrono::milliseconds(50));
+    other.execute("BEGIN IMMEDIATE");
+    try {
+        service.processStore().addProcess({"", "A", 71, "", ""});
+        FAIL() << "the lock was ignored";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), errors::kKnowledgeBase);
+        EXPECT_THAT(error.description(), HasSubstr("in use by another program"));
+        EXPECT_THAT(error.description(), HasSubstr(path));
+    }
+    EXPECT_EQ(service.processStore().processes("")->count(), 0U) << "reading needs no lock";
+    other.execute("COMMIT");
+    service.processStore().addProcess({"", "A", 71, "", ""});
+    EXPECT_EQ(service.processStore().processes("")->count(), 1U);
+}
+
+TEST_F(KnowledgeBaseFileTest, AChangeWaitsForALockThatIsLetGo) {
+    SqliteKnowledgeBaseService first(path, impatient());
+    SqliteKnowledgeBaseService second(path, impatient());
+    Transaction open(first.base()->connection(), Transaction::Kind::Write);
+    first.processStore().addProcess({"", "A", 71, "", ""});
+    EXPECT_EQ(second.processStore().processes("")->count(), 0U) << "what is not committed is not seen";
+    open.commit();
+    EXPECT_EQ(second.processStore().processes("")->count(), 1U);
+}
+
+TEST_F(KnowledgeBaseFileTest, AnAbandonedTransactionLeavesNothing) {
+    SqliteKnowledgeBaseService service(path, impatient());
+    {
+        Transaction abandoned(service.base()->connection(), Transaction::Kind::Write);
+        service.processStore().addProcess({"", "A", 71, "", ""});
+    }
+    EXPECT_EQ(service.processStore().processes("")->count(), 0U);
+}
+
+struct MigrationTest : KnowledgeBaseFileTest {};
+
+TEST_F(MigrationTest, VersionsAscendFromOne) {
+    int expected = 1;
+    for (const Migration& migration : migrations())
+        EXPECT_EQ(migration.version, expected++);
+    EXPECT_EQ(currentSchemaVersion(), expected - 1);
+}
+
+TEST_F(MigrationTest, OnlyTheMissingStepsRunAndTheFileKeepsItsData) {
+    {
+        SqliteKnowledgeBaseService service(path, impatient());
+        service.processStore().addProcess({"", "Kept", 71, "", ""});
+    }
+    Connection connection(path, false, std::chrono::milliseconds(50));
+    std::vector<Migration> list(migrations().begin(), migrations().end());
+    const int next = currentSchemaVersion() + 1;
+    list.push_back({next, "ALTER TABLE process ADD COLUMN note TEXT"});
+    migrate(connection, list);
+    EXPECT_EQ(schemaVersion(connection), next);
+    migrate(connection, list);
+    Statement read(connection, "SELECT name, note FROM process");
+    ASSERT_TRUE(read.step());
+    EXPECT_EQ(read.text(0), "Kept");
+    EXPECT_TRUE(read.isNull(1));
+}
+
+}  // namespace
+}  // namespace norvex

@@ -1,0 +1,267 @@
+#include "controls/list/ListView.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "base/Error.h"
+#include "controls/Controls.h"
+
+namespace pellmark {
+namespace {
+
+using testing::ElementsAre;
+
+std::int32_t errorOf(const std::function<void()>& body) {
+    try {
+        body();
+    } catch (const Error& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+struct ListViewTest : testing::Test {
+    void fill(const std::vector<std::string>& captions) {
+        for (const std::string& caption : captions)
+            list.add("key of " + caption, caption);
+    }
+    std::vector<std::string> shown() {
+        std::vector<std::string> texts;
+        for (int i = 0; i < list.count(); ++i)
+            texts.push_back(list.text(i, 0));
+        return texts;
+    }
+    std::vector<std::string> selected() {
+        std::vector<std::string> texts;
+        for (int i = 0; i < list.count(); ++i) {
+            if (list.isSelected(i)) texts.push_back(list.text(i, 0));
+        }
+        return texts;
+    }
+
+    Container root{Control::Kind::Form, nullptr, "form"};
+    ListView list{root, "LV1"};
+};
+
+TEST_F(ListViewTest, ShowsItsItemsInTheOrderOfTheirAdding) {
+    fill({"b", "a", "c"});
+    EXPECT_THAT(shown(), ElementsAre("b", "a", "c"));
+    EXPECT_EQ(list.item(1).key, "key of a");
+    EXPECT_EQ(list.indexOf("key of c"), 2);
+}
+
+TEST_F(ListViewTest, SubItemsStandInTheColumnsBesideTheCaption) {
+    list.add({"k", "caption", {"one", "two"}});
+    EXPECT_EQ(list.text(0, 0), "caption");
+    EXPECT_EQ(list.text(0, 2), "two");
+    EXPECT_EQ(list.text(0, 3), "");
+    EXPECT_EQ(list.text(0, -1), "");
+    EXPECT_EQ(list.text(1, 0), "");
+}
+
+TEST_F(ListViewTest, KeysAreUniqueWithoutCase) {
+    list.add("{AB}", "first");
+    EXPECT_EQ(errorOf([&] { list.add("{ab}", "second"); }), errors::kNotUnique);
+    EXPECT_THAT(shown(), ElementsAre("first"));
+    EXPECT_EQ(list.indexOf("{aB}"), 0);
+    EXPECT_EQ(list.indexOf("{cd}"), -1);
+}
+
+TEST_F(ListViewTest, ARemovedItemsKeyMayBeUsedAgain) {
+    fill({"a", "b", "c"});
+    EXPECT_TRUE(list.remove("KEY OF A"));
+    EXPECT_FALSE(list.remove("key of a"));
+    fill({"a"});
+    EXPECT_THAT(shown(), ElementsAre("b", "c", "a"));
+    EXPECT_EQ(list.indexOf("key of c"), 1);
+}
+
+TEST_F(ListViewTest, AskingForAnItemOutsideTheListIsAnError) {
+    EXPECT_EQ(errorOf([&] { list.item(0); }), errors::kInvalidArgument);
+    fill({"a"});
+    EXPECT_EQ(errorOf([&] { list.item(-1); }), errors::kInvalidArgument);
+}
+
+TEST_F(ListViewTest, ClearingForgetsItemsAndSelectionButKeepsColumnsAndSorting) {
+    list.setColumnHeaders({{"Members", 2000}});
+    list.setSorted(true);
+    fill({"b", "a"});
+    list.select(0);
+    list.clear();
+    EXPECT_EQ(list.count(), 0);
+    EXPECT_EQ(list.selectedCount(), 0);
+    EXPECT_EQ(list.current(), -1);
+    EXPECT_EQ(list.columnHeaders().at(0).text, "Members");
+    EXPECT_TRUE(list.sorted());
+}
+
+TEST_F(ListViewTest, SelectingMakesTheItemCurrentAndTheOnlySelectedOne) {
+    fill({"a", "b", "c"});
+    list.setSelected(0, true);
+    list.setSelected(1, true);
+    EXPECT_THAT(selected(), ElementsAre("a", "b"));
+    list.select(2);
+    EXPECT_THAT(selected(), ElementsAre("c"));
+    EXPECT_EQ(list.current(), 2);
+    list.select(7);
+    EXPECT_THAT(selected(), ElementsAre());
+    EXPECT_EQ(list.current(), -1);
+}
+
+TEST_F(ListViewTest, RemovingAnItemTakesItsSelectionAndFocusMarkAlongAndLeavesTheOthers) {
+    fill({"a", "b", "c"});
+    list.selectAll();
+    list.setCurrent(1);
+    list.remove("key of b");
+    EXPECT_THAT(selected(), ElementsAre("a", "c"));
+    EXPECT_EQ(list.selectedCount(), 2);
+    EXPECT_EQ(list.current(), -1);
+}
+
+TEST_F(ListViewTest, SelectionAndFocusMarkStayWithTheirItemsWhenTheOrderChanges) {
+    fill({"b", "c", "a"});
+    list.select(0);
+    list.setSorted(true);
+    EXPECT_THAT(selected(), ElementsAre("b"));
+    EXPECT_EQ(list.current(), 1);
+    list.remove("key of a");
+    EXPECT_EQ(list.current(), 0);
+}
+
+TEST_F(ListViewTest, SortsNaturallyAndWithoutCase) {
+    fill({"drill 10", "Drill 9", "bore", "DRILL 1"});
+    list.setSorted(true);
+    EXPECT_THAT(shown(), ElementsAre("bore", "DRILL 1", "Drill 9", "drill 10"));
+    list.setSortOrder(SortOrder::Descending);
+    EXPECT_THAT(shown(), ElementsAre("drill 10", "Drill 9", "DRILL 1", "bore"));
+}
+
+TEST_F(ListViewTest, SortsByTheColumnOfTheSortKey) {
+    list.add({"1", "a", {"2"}});
+    list.add({"2", "b", {"1"}});
+    list.setSorted(true);
+    list.setSortKey(1);
+    EXPECT_THAT(shown(), ElementsAre("b", "a"));
+}
+
+TEST_F(ListViewTest, EqualCaptionsKeepTheOrderOfTheirAdding) {
+    list.add("1", "same");
+    list.add("2", "SAME");
+    list.add("3", "same");
+    list.setSorted(true);
+    list.setSortOrder(SortOrder::Descending);
+    EXPECT_EQ(list.item(0).key, "1");
+    EXPECT_EQ(list.item(2).key, "3");
+}
+
+TEST_F(ListViewTest, AnItemAddedToASortedListStandsInItsPlace) {
+    list.setSorted(true);
+    fill({"c", "a"});
+    EXPECT_EQ(list.indexOf("key of c"), 1);
+    fill({"b"});
+    EXPECT_THAT(shown(), ElementsAre("a", "b", "c"));
+}
+
+TEST_F(ListViewTest, TurningSortingOffKeepsTheOrderShown) {
+    fill({"c", "a", "b"});
+    list.select(0);
+    list.setSorted(true);
+    list.setSorted(false);
+    fill({"0"});
+    EXPECT_THAT(shown(), ElementsAre("a", "b", "c", "0"));
+    EXPECT_THAT(selected(), ElementsAre("c"));
+    EXPECT_EQ(list.current(), 2);
+    EXPECT_EQ(list.indexOf("key of b"), 1);
+}
+
+TEST_F(ListViewTest, TypingFindsTheNextCaptionThatBeginsSoAndGoesRound) {
+    fill({"Drill", "Ream", "drift", "Tap"});
+    EXPECT_EQ(list.findPrefix("dr", 0), 0);
+    EXPECT_EQ(list.findPrefix("DR", 1), 2);
+    EXPECT_EQ(list.findPrefix("dr", 3), 0);
+    EXPECT_EQ(list.findPrefix("drills", 0), -1);
+}
+
+TEST_F(ListViewTest, ColumnsNarrowToNothingButNotBelow) {
+    list.setColumnHeaders({{"Members", 2000}});
+    list.setColumnWidth(0, -5);
+    list.setColumnWidth(1, 700);
+    EXPECT_EQ(list.columnHeaders().at(0).width, 0);
+    int resized = -1;
+    const auto subscription = list.columnResized.subscribe([&](int col) { resized = col; });
+    list.userResizedColumn(0, 900);
+    EXPECT_EQ(list.columnHeaders().at(0).width, 900);
+    EXPECT_EQ(resized, 0);
+}
+
+TEST_F(ListViewTest, ABatchTellsThePeerAndTheSelectionOnce) {
+    fill({"a", "b", "c"});
+    int changes = 0;
+    int selections = 0;
+    const auto onChange = list.listChanged.subscribe([&](const ListChange&) { ++changes; });
+    const auto onSelection = list.selectionChanged.subscribe([&] { ++selections; });
+    {
+        ListView::RedrawOff off(list);
+        for (int i = 0; i < 3; ++i)
+            list.setSelected(i, true);
+        list.remove("key of a");
+        EXPECT_EQ(changes, 0);
+    }
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(selections, 1);
+}
+
+TEST_F(ListViewTest, SelectingOneItemTellsWhichOne) {
+    fill({"a", "b"});
+    std::vector<int> items;
+    const auto onChange = list.listChanged.subscribe([&](const ListChange& change) {
+        if (change.what == ListChange::What::Selection) items.push_back(change.index);
+    });
+    list.setSelected(1, true);
+    list.setSelected(1, true);
+    EXPECT_THAT(items, ElementsAre(1));
+}
+
+TEST_F(ListViewTest, ScrollingIsToldAfterTheItemsOfABatch) {
+    std::vector<ListChange::What> told;
+    const auto onChange =
+        list.listChanged.subscribe([&](const ListChange& change) { told.push_back(change.what); });
+    {
+        ListView::RedrawOff off(list);
+        fill({"a", "b"});
+        list.showItem(1);
+    }
+    EXPECT_THAT(told, ElementsAre(ListChange::What::All, ListChange::What::Scroll));
+}
+
+/// A list that moved its items at every removal, or searched for a key, would need minutes here.
+TEST_F(ListViewTest, TenThousandItemsGoToAndFroAgainAndAgain) {
+    constexpr int kItems = 10000;
+    list.setSorted(true);
+    for (int round = 0; round < 10; ++round) {
+        for (int i = 0; i < kItems; ++i)
+            list.add(std::to_string(i), "Process " + std::to_string(i));
+        EXPECT_EQ(list.text(kItems - 1, 0), "Process 9999");
+        for (int i = 0; i < kItems; ++i)
+            ASSERT_TRUE(list.remove(std::to_string(i)));
+        EXPECT_EQ(list.count(), 0);
+    }
+}
+
+TEST_F(ListViewTest, ItemsKeepTheirPlacesWhileHolesAreClosed) {
+    for (int i = 0; i < 200; ++i)
+        list.add(std::to_string(i), std::to_string(i));
+    list.select(199);
+    for (int i = 0; i < 198; ++i)
+        list.remove(std::to_string(i));
+    list.add("new", "new");
+    EXPECT_THAT(shown(), ElementsAre("198", "199", "new"));
+    EXPECT_THAT(selected(), ElementsAre("199"));
+    EXPECT_EQ(list.current(), 1);
+    EXPECT_EQ(list.indexOf("new"), 2);
+}
+
+}  // namespace
+}  // namespace pellmark
