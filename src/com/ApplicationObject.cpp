@@ -253,12 +253,12 @@ MethodCall ApplicationObject::readCall(const EarlyBound& arguments) {
     call.host = ComPtr<IDispatch>(*arguments.host);
     if (arguments.owner != nullptr) call.owner = ComPtr<IDispatch>(*arguments.owner);
     CaseDescription& description = call.description;
-    if (arguments.valuesGuids != nullptr) description.valuesGuids = toTexts(*arguments.valuesGuids);
-    description.featureCaseUnit = arguments.featureCaseUnit;
+    if (arguments.valuesGuids != nullptr) description.valueIds = toTexts(*arguments.valuesGuids);
+    description.unit = arguments.featureCaseUnit;
     description.nvxFeatureType = arguments.nvxFeatureType;
-    description.partTypeGuid = textAt(arguments.partTypeGuid);
-    description.featureTypeGuid = textAt(arguments.featureTypeGuid);
-    description.processMaterialClassGuid = textAt(arguments.processMaterialClassGuid);
+    description.partTypeId = textAt(arguments.partTypeGuid);
+    description.featureTypeId = textAt(arguments.featureTypeGuid);
+    description.materialClassId = textAt(arguments.processMaterialClassGuid);
     description.processUnit = arguments.processUnit;
     description.processGuid = textAt(arguments.processGuid);
     description.processStepGuid = textAt(arguments.processStepGuid);

@@ -52,22 +52,22 @@ void assign(MethodCall& call, Parameter parameter, const VARIANT& value) {
             call.owner = toObject(value);
             break;
         case Parameter::ValuesGuids:
-            description.valuesGuids = toTexts(value);
+            description.valueIds = toTexts(value);
             break;
         case Parameter::FeatureCaseUnit:
-            description.featureCaseUnit = toInt16(value);
+            description.unit = toInt16(value);
             break;
         case Parameter::NvxFeatureType:
             description.nvxFeatureType = toInt16(value);
             break;
         case Parameter::PartTypeGuid:
-            description.partTypeGuid = toText(value);
+            description.partTypeId = toText(value);
             break;
         case Parameter::FeatureTypeGuid:
-            description.featureTypeGuid = toText(value);
+            description.featureTypeId = toText(value);
             break;
         case Parameter::ProcessMaterialClassGuid:
-            description.processMaterialClassGuid = toText(value);
+            description.materialClassId = toText(value);
             break;
         case Parameter::ProcessUnit:
             description.processUnit = toInt16(value);

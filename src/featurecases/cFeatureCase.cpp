@@ -6,8 +6,6 @@
 
 #include "base/Ids.h"
 #include "base/Text.h"
-#include "host/Component.h"
-#include "host/FrmMain.h"
 
 namespace pellmark {
 
@@ -17,8 +15,8 @@ constexpr std::int16_t kOpen = -1;
 
 /// Reads a record set of ids and names before anything is changed: its cells may fail like any query.
 std::vector<Choice> choicesOf(RecordSet& records) {
-    const std::size_t id = records.fieldIndex(field::kId).value_or(0);
-    const std::size_t name = records.fieldIndex(field::kName).value_or(0);
+    const std::size_t id = records.requireField(field::kId);
+    const std::size_t name = records.requireField(field::kName);
     std::vector<Choice> choices;
     for (std::size_t i = 0; i < records.count(); ++i)
         choices.push_back({records.text(i, id), records.text(i, name)});
@@ -66,21 +64,23 @@ bool selectId(ComboBox* combo, const std::string& id) {
 
 }  // namespace
 
-cFeatureCase::cFeatureCase(Component& component) : component_(component) {}
+cFeatureCase::cFeatureCase(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
+                           FeatureCaseCreation& creation)
+    : person_(person), knowledgeBase_(knowledgeBase), creation_(creation) {}
 
 cFeatureCase::~cFeatureCase() = default;
 
 FeatureCaseStore& cFeatureCase::store() const {
-    return component_.knowledgeBase().featureCaseStore();
+    return knowledgeBase_.featureCaseStore();
 }
 
-void cFeatureCase::Init(FrmMain& form) {
-    CmbNvxFeatureType = &form.CmbFTNvxFeatureType;
-    cmbPartType = &form.CmbFTPartType;
-    CmbPartMaterial = &form.CmbPartMaterial;
-    CmbUnit = &form.CmbFTUnit;
-    cmbPcUnit = &form.CmbProcessCaseUnit;
-    mFgcase = std::make_unique<FeatureCaseGrid>(form.VSFGProcessCase);
+void cFeatureCase::Init(const FeatureCaseControls& controls) {
+    CmbNvxFeatureType = &controls.CmbNvxFeatureType;
+    cmbPartType = &controls.cmbPartType;
+    CmbPartMaterial = &controls.CmbPartMaterial;
+    CmbUnit = &controls.CmbUnit;
+    cmbPcUnit = &controls.cmbPcUnit;
+    mFgcase = std::make_unique<FeatureCaseGrid>(controls.mFgcase);
 
     subscriptions_.clear();
     const auto onClick = [this](ComboBox& combo, const char* operation, bool rebuilds) {
@@ -93,23 +93,27 @@ void cFeatureCase::Init(FrmMain& form) {
     onClick(*CmbPartMaterial, "cFeatureCase::CmbPartMaterial_Click", false);
     onClick(*cmbPcUnit, "cFeatureCase::cmbPcUnit_Click", false);
     subscriptions_.push_back(mFgcase->typeChosen.subscribe([this] {
-        trap(component_.trace(), "cFeatureCase::FeatureTypeChosen", [this] { rebuildKeys({}); });
-        caseChanged.raise();
+        trap(person_.operations(), "cFeatureCase::FeatureTypeChosen", [this] {
+            rebuildKeys({});
+            caseChanged.raise();
+        });
     }));
-    subscriptions_.push_back(mFgcase->valueChosen.subscribe([this] { caseChanged.raise(); }));
+    subscriptions_.push_back(mFgcase->valueChosen.subscribe([this] {
+        trap(person_.operations(), "cFeatureCase::ValueChosen", [this] { caseChanged.raise(); });
+    }));
 
-    trap(component_.trace(), "cFeatureCase::Init",
-         [this] { mFgcase->layOut(component_.GetString("Key"), component_.GetString("Value")); });
+    trap(person_.operations(), "cFeatureCase::Init",
+         [this] { mFgcase->layOut(person_.texts.GetString("Key"), person_.texts.GetString("Value")); });
     fillFilters();
-    trap(component_.trace(), "cFeatureCase::Init", [this] { rebuildGrid(); });
+    trap(person_.operations(), "cFeatureCase::Init", [this] { rebuildGrid(); });
 }
 
 void cFeatureCase::fillFilters() {
-    const std::string any = component_.GetString("Any");
+    const std::string any = person_.texts.GetString("Any");
     // Each list stands by itself: one that cannot be read leaves its filter open and the others usable.
     const auto fill = [&](ComboBox& combo, const auto& query) {
         std::vector<ComboBox::Item> items{{any, kOpen, ""}};
-        trap(component_.trace(), "cFeatureCase::Init", [&] { query(items); });
+        trap(person_.operations(), "cFeatureCase::Init", [&] { query(items); });
         combo.setItems(std::move(items));
         combo.setIndex(0);
     };
@@ -134,8 +138,10 @@ void cFeatureCase::fillFilters() {
 }
 
 void cFeatureCase::filterClicked(const char* operation, bool rebuilds) {
-    if (rebuilds) trap(component_.trace(), operation, [this] { rebuildGrid(); });
-    caseChanged.raise();
+    trap(person_.operations(), operation, [&] {
+        if (rebuilds) trap(person_.operations(), operation, [this] { rebuildGrid(); });
+        caseChanged.raise();
+    });
 }
 
 void cFeatureCase::rebuildGrid() {
@@ -149,7 +155,7 @@ void cFeatureCase::rebuildGrid() {
 void cFeatureCase::rebuildKeys(const std::vector<std::string>& chosenValues) {
     const std::string type = mFgcase->featureType();
     std::vector<KeyChoices> keys;
-    trap(component_.trace(), "cFeatureCase::rebuildKeys", [&] {
+    trap(person_.operations(), "cFeatureCase::rebuildKeys", [&] {
         if (type != FeatureCaseGrid::kNoType) keys = keysOf(type);
     });
     mFgcase->showKeys(keys, chosenValues);
@@ -163,7 +169,7 @@ std::vector<KeyChoices> cFeatureCase::keysOf(const std::string& featureTypeId) c
         keys.push_back({std::move(key.name), {}});
     }
     const auto values = store().values(featureTypeId);
-    const std::size_t keyField = values->fieldIndex(field::kKeyId).value_or(0);
+    const std::size_t keyField = values->requireField(field::kKeyId);
     std::vector<Choice> choices = choicesOf(*values);
     for (std::size_t i = 0; i < choices.size(); ++i) {
         const auto key = placeOfKey.find(lowerAscii(values->text(i, keyField)));
@@ -175,25 +181,25 @@ std::vector<KeyChoices> cFeatureCase::keysOf(const std::string& featureTypeId) c
 // --- what the host hands in ------------------------------------------------------------------------------
 
 void cFeatureCase::SetFeatureCaseUnitGui(std::int16_t unitCode) {
-    trap(component_.trace(), "cFeatureCase::SetFeatureCaseUnitGui", [&] {
+    trap(person_.operations(), "cFeatureCase::SetFeatureCaseUnitGui", [&] {
         if (selectNumber(CmbUnit, unitCode)) rebuildGrid();
     });
 }
 
 void cFeatureCase::SetNvxFeatureTypeGui(std::int16_t nvxFeatureType) {
-    trap(component_.trace(), "cFeatureCase::SetNvxFeatureTypeGui", [&] {
+    trap(person_.operations(), "cFeatureCase::SetNvxFeatureTypeGui", [&] {
         if (selectNumber(CmbNvxFeatureType, nvxFeatureType)) rebuildGrid();
     });
 }
 
 void cFeatureCase::SetPartTypeGui(const std::string& partTypeId) {
-    trap(component_.trace(), "cFeatureCase::SetPartTypeGui", [&] {
+    trap(person_.operations(), "cFeatureCase::SetPartTypeGui", [&] {
         if (selectId(cmbPartType, partTypeId)) rebuildGrid();
     });
 }
 
 void cFeatureCase::SetFeatureTypeGui(const std::string& featureTypeId) {
-    trap(component_.trace(), "cFeatureCase::SetFeatureTypeGui", [&] {
+    trap(person_.operations(), "cFeatureCase::SetFeatureTypeGui", [&] {
         if (!mFgcase || featureTypeId.empty()) return;
         std::vector<Choice> types =
             choicesOf(*store().featureTypes(itemDataOf(CmbNvxFeatureType), idOf(cmbPartType), GetFTUnit()));
@@ -212,16 +218,16 @@ void cFeatureCase::SetFeatureTypeGui(const std::string& featureTypeId) {
 }
 
 void cFeatureCase::SetPartMaterialClassGui(const std::string& materialClassId) {
-    trap(component_.trace(), "cFeatureCase::SetPartMaterialClassGui",
+    trap(person_.operations(), "cFeatureCase::SetPartMaterialClassGui",
          [&] { selectId(CmbPartMaterial, materialClassId); });
 }
 
 void cFeatureCase::SetProcessUnitGui(std::int16_t unitCode) {
-    trap(component_.trace(), "cFeatureCase::SetProcessUnitGui", [&] { selectNumber(cmbPcUnit, unitCode); });
+    trap(person_.operations(), "cFeatureCase::SetProcessUnitGui", [&] { selectNumber(cmbPcUnit, unitCode); });
 }
 
 void cFeatureCase::SetValuesGui(const std::vector<std::string>& valueIds) {
-    trap(component_.trace(), "cFeatureCase::SetValuesGui", [&] {
+    trap(person_.operations(), "cFeatureCase::SetValuesGui", [&] {
         if (mFgcase) mFgcase->chooseValues(valueIds);
     });
     caseChanged.raise();
@@ -251,12 +257,12 @@ std::vector<std::string> cFeatureCase::GetCurrentValueIds() {
 
 std::string cFeatureCase::GetFirstFeatureTypeExactMatchId() {
     std::string id;
-    trap(component_.trace(), "cFeatureCase::GetFirstFeatureTypeExactMatchId",
-         [&] { id = firstExactMatch(); });
+    trap(person_.operations(), "cFeatureCase::GetFirstFeatureTypeExactMatchId",
+         [&] { id = existingFeatureCase(); });
     return id;
 }
 
-std::string cFeatureCase::firstExactMatch() {
+std::string cFeatureCase::existingFeatureCase() {
     const std::vector<FeatureCaseMatch> matches =
         store().matches(GetCurrentFeatureType(), GetCurrentValueIds());
     const auto first = std::find_if(matches.begin(), matches.end(),
@@ -277,22 +283,16 @@ FeatureCaseDescription cFeatureCase::description() {
 }
 
 std::string cFeatureCase::existingOrNewFeatureCase() {
-    // Not the quiet lookup: a store that cannot answer now must not be given the same case a second time.
-    std::string id = firstExactMatch();
-    if (!id.empty()) return id;
-    const FeatureCaseDescription now = description();
-    id = store().createFeatureCase(now);
-    for (const std::string& value : now.valueIds)
-        store().addValue(value, id);
-    return id;
+    const std::string id = existingFeatureCase();
+    return id.empty() ? creation_.create(description()) : id;
 }
 
 void cFeatureCase::Properties() {
-    trap(component_.trace(), "cFeatureCase::Properties", [this] {
+    trap(person_.operations(), "cFeatureCase::Properties", [this] {
         const bool none = GetCurrentFeatureType() == FeatureCaseGrid::kNoType;
         const std::string text =
-            none ? component_.GetString("No feature type is currently selected") : propertiesText();
-        component_.desktop().showMessage({text, component_.title(), MessageIcon::Information});
+            none ? person_.texts.GetString("No feature type is currently selected") : propertiesText();
+        person_.show({text, "", MessageIcon::Information});
     });
 }
 
@@ -307,7 +307,7 @@ std::string cFeatureCase::propertiesText() const {
     }
     text += "\r\n";
     const auto filter = [&](const char* english, const ComboBox& combo) {
-        line(component_.GetString(english), combo.selected() == nullptr ? "" : combo.selected()->text);
+        line(person_.texts.GetString(english), combo.selected() == nullptr ? "" : combo.selected()->text);
     };
     filter("Unit", *CmbUnit);
     filter("Norvex Feature Type", *CmbNvxFeatureType);

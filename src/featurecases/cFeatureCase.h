@@ -7,25 +7,34 @@
 
 #include "base/Event.h"
 #include "controls/Controls.h"
+#include "featurecases/FeatureCaseCreation.h"
 #include "featurecases/FeatureCaseGrid.h"
 #include "knowledge/KnowledgeBaseService.h"
-#include "knowledge/Records.h"
+#include "util/UserInterface.h"
 
 namespace pellmark {
 
-class Component;
-class FrmMain;
+/// The controls of the main form that the view works on. They must outlive it.
+struct FeatureCaseControls {
+    ComboBox& CmbNvxFeatureType;
+    ComboBox& cmbPartType;
+    ComboBox& CmbPartMaterial;
+    ComboBox& CmbUnit;
+    ComboBox& cmbPcUnit;
+    Grid& mFgcase;
+};
 
 /// The upper half of the Process Case view: the filters that describe a feature case and the grid of its
 /// keys and values. Whether one exists is how the process list and the dialogs know which view they serve.
 /// Every operation ends quietly when it fails; a failed query answers as if nothing were chosen.
 class cFeatureCase {
   public:
-    explicit cFeatureCase(Component& component);
+    cFeatureCase(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
+                 FeatureCaseCreation& creation);
     ~cFeatureCase();
 
-    /// Fills the form's filters and lays its feature-case grid out; the form must outlive this object.
-    void Init(FrmMain& form);
+    /// Fills the filters and lays the feature-case grid out.
+    void Init(const FeatureCaseControls& controls);
     /// "" when none is selected.
     std::string GetPartMaterialClassId();
     /// "" leaves the feature type as it is, "-1" chooses none. A type that the filters leave out is chosen
@@ -56,8 +65,13 @@ class cFeatureCase {
 
     /// Everything the knowledge base's queries take, in one piece.
     FeatureCaseDescription description();
-    /// The id of the feature case of the current values, which is created with those values when it does
-    /// not exist yet. Throws when the knowledge base refuses.
+    /// A feature case is current as soon as a feature type is chosen.
+    bool hasCase() { return GetCurrentFeatureType() != FeatureCaseGrid::kNoType; }
+    /// The id of the feature case of the current values; "" while there is none. Throws when the knowledge
+    /// base cannot say: a case that is there must not be made a second time.
+    std::string existingFeatureCase();
+    /// The same, but creates the case with those values when it does not exist yet. Throws when the knowledge
+    /// base refuses.
     std::string existingOrNewFeatureCase();
 
     /// Raised after the user chose another value, feature type or filter, and at the end of SetValuesGui.
@@ -70,11 +84,12 @@ class cFeatureCase {
     void rebuildGrid();
     void rebuildKeys(const std::vector<std::string>& chosenValues);
     std::vector<KeyChoices> keysOf(const std::string& featureTypeId) const;
-    std::string firstExactMatch();
     std::string propertiesText() const;
     void filterClicked(const char* operation, bool rebuilds);
 
-    Component& component_;
+    UserInterface person_;
+    KnowledgeBaseService& knowledgeBase_;
+    FeatureCaseCreation& creation_;
     ComboBox* CmbNvxFeatureType = nullptr;
     ComboBox* cmbPartType = nullptr;
     ComboBox* CmbPartMaterial = nullptr;

@@ -1,11 +1,6 @@
 #include "host/Application.h"
 
 #include "base/Error.h"
-#include "featurecases/cFeatureCase.h"
-#include "host/Component.h"
-#include "host/FrmMain.h"
-#include "processes/FrmAddEditProcess.h"
-#include "processes/cProcess.h"
 
 namespace pellmark {
 
@@ -17,51 +12,54 @@ constexpr const char* kEditorTitle = "Norvex - Process Tech Loftwise";
 }  // namespace
 
 Application::Application(const Platform& platform)
-    : platform_(platform), component_(std::make_unique<Component>(*this, platform)) {}
+    : platform_(platform), services_(std::make_unique<Services>(platform)) {}
 
 Application::~Application() {
-    Dispose();
+    end();
 }
 
 template <class Call>
 bool Application::run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title,
                       Call&& call) {
-    bool started = false;
-    if (!host) return started;
-    if (running_) {
-        // The host's window is disabled, but a script of it may still come here while a dialog is open.
-        platform_.operations.trace().record(operation, "refused: an earlier call is still showing its dialog");
-        return started;
+    if (!host) return false;
+    if (platform_.operations.running()) {
+        // The host's window is disabled under a dialog, but a script of it, or a member that the component
+        // calls, may still come here.
+        platform_.operations.trace().record(operation, "refused: the component has not ended what it does");
+        return false;
     }
-    running_ = true;
-    trap(platform_.operations, operation, [&] {
-        if (!component_) throw Error(errors::kInvalidArgument, "Pellmark", "Dispose was called before");
+    bool started = false;
+    trapCommand(platform_.operations, operation, [&] {
+        if (!services_) throw Error(errors::kInvalidArgument, "Pellmark", "Dispose was called before");
         started = startUp(host, title);
         if (started) call();
     });
-    running_ = false;
     return started;
 }
 
 bool Application::startUp(const std::shared_ptr<HostApplication>& host, const char* title) {
-    component_->configureTranslation(*host, title);
-    if (!component_->isConnected()) {
-        component_->desktop().showMessage(
-            {component_->GetString("Not connected to database"), "", MessageIcon::Critical});
+    services_->configureTexts(*host, title);
+    if (!services_->isConnected()) {
+        const UserInterface& person = services_->person;
+        person.show({person.texts.GetString("Not connected to database"), "", MessageIcon::Critical});
         return false;
     }
-    component_->setHost(host);
-    component_->setHelpFile(component_->helpFileOf(*host));
+    services_->take(host);
     return true;
+}
+
+FrmMain& Application::mainForm() {
+    if (!mainForm_) mainForm_ = std::make_unique<FrmMain>(services_->forViews());
+    return *mainForm_;
 }
 
 void Application::ShowWindowProcessesView(const std::shared_ptr<HostApplication>& host,
                                           const std::string& processGuid) {
     run("Application::ShowWindowProcessesView", host, kManagerTitle, [&] {
         // The refill would otherwise go to the first row, although the host named none.
-        const std::string select = processGuid.empty() ? currentDescription().processGuid : processGuid;
+        const std::string select = processGuid.empty() ? shown().processGuid : processGuid;
         showEmbedded(FRView::FRProcesses);
-        component_->processes()->RefreshList(select);
+        if (cProcess* list = mainForm().processes()) list->RefreshList(select);
     });
 }
 
@@ -69,8 +67,7 @@ void Application::ShowWindowProcessCaseView(const std::shared_ptr<HostApplicatio
                                             const CaseDescription& description) {
     run("Application::ShowWindowProcessCaseView", host, kManagerTitle, [&] {
         showEmbedded(FRView::FRProcesscase);
-        describeCase(description);
-        selectNamed(description);
+        if (CaseView* view = mainForm().caseView()) view->show(description);
     });
 }
 
@@ -100,7 +97,7 @@ std::string Application::OpenFeatureCase(const std::shared_ptr<HostApplication>&
                                          const CaseDescription& description) {
     const bool ran = run("Application::OpenFeatureCase", host, kManagerTitle, [&] {
         interruptEmbeddedView([&] {
-            component_->mainForm().FeatureCasePick = true;
+            mainForm().FeatureCasePick = true;
             captionForPicking();
             showModally(owner, description);
         });
@@ -113,103 +110,97 @@ void Application::EditProcess(const std::shared_ptr<HostApplication>& host, Wind
                               const CaseDescription& description) {
     run("Application::EditProcess", host, kEditorTitle, [&] {
         interruptEmbeddedView([&] {
-            FrmMain& form = component_->mainForm();
+            FrmMain& form = mainForm();
             form.unload();  // its lists are built anew for this call
             form.SetView(FRView::FRProcesscase);
-            describeCase(description);
-            selectNamed(description);
             form.load();
-            FrmAddEditProcess dialog(*component_, description.processGuid);
-            dialog.showModal(owner);
+            if (CaseView* view = form.caseView()) {
+                view->show(description);
+                view->processes.editForHost(description.processGuid, owner);
+            }
             form.unload();
         });
     });
 }
 
-void Application::describeCase(const CaseDescription& description) {
-    cFeatureCase* view = component_->featureCase();
-    if (view == nullptr) return;
-    view->SetFeatureCaseUnitGui(description.featureCaseUnit);
-    view->SetNvxFeatureTypeGui(description.nvxFeatureType);
-    view->SetPartTypeGui(description.partTypeGuid);
-    view->SetFeatureTypeGui(description.featureTypeGuid);
-    view->SetPartMaterialClassGui(description.processMaterialClassGuid);
-    view->SetProcessUnitGui(description.processUnit);
-    view->SetValuesGui(description.valuesGuids);
-}
-
-void Application::selectNamed(const CaseDescription& description) {
-    cProcess* processes = component_->processes();
-    if (processes != nullptr && !description.processGuid.empty())
-        processes->SetProcessGui(description.processGuid);
-}
-
 void Application::showEmbedded(FRView view) {
-    FrmMain& form = component_->mainForm();
-    const WindowHandle parent = component_->host().mainWindow();
+    FrmMain& form = mainForm();
+    const WindowHandle parent = services_->host.mainWindow();
     form.SetView(view);
     captionForViewing();  // before the first paint, so that no OK button flashes up
     if (!form.isShown() || form.embeddedIn() != parent) form.embed(parent);
 }
 
 void Application::captionForViewing() {
-    FrmMain& form = component_->mainForm();
+    FrmMain& form = mainForm();
     form.CmdOK.setVisible(false);
-    form.CmdCancel.setCaption(component_->GetString("Exit"));
+    form.CmdCancel.setCaption(services_->texts.GetString("Exit"));
 }
 
 void Application::captionForPicking() {
-    FrmMain& form = component_->mainForm();
+    FrmMain& form = mainForm();
     form.CmdOK.setVisible(true);
-    form.CmdCancel.setCaption(component_->GetString("Cancel"));
+    form.CmdCancel.setCaption(services_->texts.GetString("Cancel"));
 }
 
 void Application::showModally(WindowHandle owner, const CaseDescription& description) {
-    FrmMain& form = component_->mainForm();
+    FrmMain& form = mainForm();
     form.SetView(FRView::FRProcesscase);
-    describeCase(description);
-    selectNamed(description);
+    if (CaseView* view = form.caseView()) view->show(description);
     form.showModal(owner);
     form.FeatureCasePick = false;
+    if (const auto& picked = form.picked()) {
+        ReturnProcessGuid = picked->processId;
+        ReturnFeatureCaseGuid = picked->featureCaseId;
+    }
 }
 
 template <class Show>
 void Application::interruptEmbeddedView(Show&& show) {
-    FrmMain& form = component_->mainForm();
+    FrmMain& form = mainForm();
     const WindowHandle parent = form.embeddedIn();
     if (parent == 0) {
         show();
         return;
     }
     const FRView view = form.view();
-    const CaseDescription shown = currentDescription();
+    const CaseDescription before = shown();
     form.unload();
     trap(platform_.operations, "Application::interruptEmbeddedView", [&] { show(); });
+    services_->texts.setTitle(services_->texts.GetString(kManagerTitle));
     form.SetView(view);
     captionForViewing();
     form.embed(parent);
-    if (view == FRView::FRProcesscase) describeCase(shown);
-    component_->processes()->RefreshList(shown.processGuid);
+    if (CaseView* restored = form.caseView()) {
+        restored->show(before);
+    } else if (cProcess* list = form.processes()) {
+        list->RefreshList(before.processGuid);
+    }
 }
 
-CaseDescription Application::currentDescription() {
-    CaseDescription shown;
-    if (cProcess* processes = component_->processes()) shown.processGuid = processes->SelectedProcessID();
-    if (cFeatureCase* view = component_->featureCase()) {
-        const FeatureCaseDescription now = view->description();
-        shown.valuesGuids = now.valueIds;
-        shown.featureCaseUnit = now.unit;
-        shown.nvxFeatureType = now.nvxFeatureType;
-        shown.partTypeGuid = now.partTypeId;
-        shown.featureTypeGuid = now.featureTypeId;
-        shown.processMaterialClassGuid = now.materialClassId;
-        shown.processUnit = now.processUnit;
-    }
-    return shown;
+CaseDescription Application::shown() {
+    if (!mainForm_) return {};
+    if (CaseView* view = mainForm_->caseView()) return view->shown();
+    CaseDescription now;
+    if (const cProcess* list = mainForm_->processes()) now.processGuid = list->SelectedProcessID();
+    return now;
 }
 
 void Application::Dispose() {
-    trap(platform_.operations, "Application::Dispose", [this] { component_.reset(); });
+    platform_.operations.whenIdle([self = std::weak_ptr(self_)] {
+        if (const auto application = self.lock()) (*application)->end();
+    });
+}
+
+void Application::end() {
+    trap(platform_.operations, "Application::Dispose", [this] {
+        if (mainForm_) {
+            mainForm_->releaseView();
+            mainForm_->unload();
+        }
+        mainForm_.reset();
+        services_.reset();
+    });
 }
 
 }  // namespace pellmark

@@ -5,29 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "host/FrmMain.h"
 #include "host/Platform.h"
+#include "host/Services.h"
+#include "host/Views.h"
 #include "ports/HostInterfaces.h"
 
 namespace pellmark {
-
-class Component;
-
-/// The views of the main form; the values are those of the public enumeration.
-enum class FRView : std::int32_t { FRProcesses = 0, FRProcesscase = 1 };
-
-/// How the host describes a feature case, and what is to be selected in it. The defaults are those of the
-/// omitted optional parameters: -1 and "" leave a selection as it is.
-struct CaseDescription {
-    std::vector<std::string> valuesGuids;
-    std::int16_t featureCaseUnit = -1;
-    std::int16_t nvxFeatureType = -1;
-    std::string partTypeGuid;
-    std::string featureTypeGuid;
-    std::string processMaterialClassGuid;
-    std::int16_t processUnit = -1;
-    std::string processGuid;
-    std::string processStepGuid;
-};
 
 /// The component's one public class, in core's terms. Every method but Dispose does nothing when the host
 /// object is null, and shows "Not connected to database" when the knowledge base is not connected. No method
@@ -53,13 +37,13 @@ class Application {
                                 const CaseDescription& description);
     void EditProcess(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
                      const CaseDescription& description);
-    /// Releases everything; later calls do nothing. Not to be called while another call is running: whoever
-    /// owns this object waits until that one has returned.
+    /// Releases everything; later calls do nothing. While something of the component is on the stack it takes
+    /// effect when that has ended.
     void Dispose();
 
     FRView CurrentView = FRView::FRProcesses;  ///< kept for the host, not used here
 
-    /// Written by the main form when the user confirms a pick.
+    /// What the user picked last, see OpenProcess and OpenFeatureCase.
     std::string ReturnProcessGuid;
     std::string ReturnFeatureCaseGuid;
 
@@ -69,20 +53,22 @@ class Application {
     bool run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title,
              Call&& call);
     bool startUp(const std::shared_ptr<HostApplication>& host, const char* title);
-    void describeCase(const CaseDescription& description);
-    void selectNamed(const CaseDescription& description);
+    FrmMain& mainForm();
     void showEmbedded(FRView view);
     void captionForViewing();
     void captionForPicking();
+    /// Lets a modal call have the main form, and shows an embedded view again afterwards, where and as it
+    /// was.
     template <class Show>
     void interruptEmbeddedView(Show&& show);
-    /// What the embedded view shows now, so that it can be shown again after a modal call.
-    CaseDescription currentDescription();
+    CaseDescription shown();
     void showModally(WindowHandle owner, const CaseDescription& description);
+    void end();
 
     Platform platform_;
-    std::unique_ptr<Component> component_;
-    bool running_ = false;
+    std::unique_ptr<Services> services_;
+    std::unique_ptr<FrmMain> mainForm_;
+    std::shared_ptr<Application*> self_ = std::make_shared<Application*>(this);
 };
 
 }  // namespace pellmark

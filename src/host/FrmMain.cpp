@@ -2,11 +2,9 @@
 
 #include <algorithm>
 
-#include "featurecases/cFeatureCase.h"
-#include "host/Component.h"
 #include "host/MainLayout.h"
 #include "knowledge/Records.h"
-#include "processes/cProcess.h"
+#include "settings/NumberOptions.h"
 
 namespace pellmark {
 
@@ -17,14 +15,15 @@ constexpr Twips kTabMargin = 60;
 
 }  // namespace
 
-FrmMain::FrmMain(Component& component)
-    : Form(component.desktop(), "FrmMain"), component_(component), menus_(component) {
+FrmMain::FrmMain(const ViewServices& services)
+    : Form(services.person.desktop, "FrmMain"),
+      services_(services),
+      menus_(services.person, services.gridOps) {
     setBorderStyle(BorderStyle::Sizable);
     setClientSize({14400, 10200});
     setMinimumSize({9600, 7200});
     setDefaultButton(&CmdOK);
     setCancelButton(&CmdCancel);
-    FrameButtons.setBordered(false);
     placeFilters();
 
     const auto on = [this](Subscription subscription) { subscriptions_.push_back(std::move(subscription)); };
@@ -40,20 +39,19 @@ FrmMain::FrmMain(Component& component)
 FrmMain::~FrmMain() = default;
 
 void FrmMain::Form_Load() {
-    trap(component_.trace(), "FrmMain::Form_Load", [this] {
-        setCaption(component_.title());
-        TabProcesses.setCaption(component_.GetString("Processes"));
-        SizerProcessCase.setCaption(component_.GetString("Process Case"));
-        translateCaptions();
-    });
+    trap(services_.person.operations(), "FrmMain::Form_Load", [this] { translateCaptions(); });
 }
 
 void FrmMain::Form_QueryUnload() {}
 
 void FrmMain::translateCaptions() {
-    const auto translate = [this](Control& control, const char* english) {
-        control.setCaption(component_.GetString(english));
+    Texts& texts = services_.person.texts;
+    const auto translate = [&texts](Control& control, const char* english) {
+        control.setCaption(texts.GetString(english));
     };
+    setCaption(texts.title());
+    translate(TabProcesses, "Processes");
+    translate(SizerProcessCase, "Process Case");
     translate(FrameFilters, "Filters");
     translate(FrameFeatureTypeFilters, "Feature Case Filters");
     translate(LblUnit, "Unit");
@@ -70,9 +68,11 @@ void FrmMain::translateCaptions() {
 }
 
 void FrmMain::SetView(FRView view) {
-    trap(component_.trace(), "FrmMain::SetView", [&] {
-        component_.releaseControllers();
+    trap(services_.person.operations(), "FrmMain::SetView", [&] {
+        releaseView();
+        picked_.reset();
         view_ = view;
+        translateCaptions();  // the language is the host's, and may be another one since the form was loaded
         if (!userClick_) TabCtrl.setIndex(static_cast<int>(view));
         if (view == FRView::FRProcesses) {
             buildProcessesView();
@@ -82,58 +82,47 @@ void FrmMain::SetView(FRView view) {
     });
 }
 
+void FrmMain::releaseView() {
+    menus_.release();
+    caseView_.reset();
+    processesView_.reset();
+}
+
+cProcess* FrmMain::processes() {
+    if (caseView_) return &caseView_->processes;
+    return processesView_ ? &processesView_->processes : nullptr;
+}
+
 void FrmMain::buildProcessesView() {
-    menus_.setGrids(&VSFGAllProcesses, nullptr, nullptr);
-    auto processes = std::make_unique<cProcess>(component_);
-    processes->Init(VSFGAllProcesses);
-    component_.setProcesses(std::move(processes));
+    processesView_ = std::make_unique<ProcessesView>(services_, VSFGAllProcesses);
+    menus_.serve(processesView_->processes);
 }
 
 void FrmMain::buildProcessCaseView() {
-    menus_.setGrids(&VSFGProcessCaseResults, &VSFGProcessCase, &VSFGProcessStep);
-    component_.setFeatureCase(std::make_unique<cFeatureCase>(component_));
-    component_.featureCase()->Init(*this);
-    component_.setProcesses(std::make_unique<cProcess>(component_));
-    component_.processes()->Init(VSFGProcessCaseResults);
+    caseView_ =
+        std::make_unique<CaseView>(services_,
+                                   FeatureCaseControls{CmbFTNvxFeatureType, CmbFTPartType, CmbPartMaterial,
+                                                       CmbFTUnit, CmbProcessCaseUnit, VSFGProcessCase},
+                                   VSFGProcessCaseResults);
     layOutSteps();
-    caseChanged_ = component_.featureCase()->caseChanged.subscribe([this] { caseChanged(); });
+    menus_.serve(*caseView_, VSFGProcessCase, VSFGProcessStep);
     VSFGProcessCaseResults.setFocus();
 }
 
 void FrmMain::layOutSteps() {
-    struct Column {
-        const char* heading;
-        const char* key;
-        Twips width;
-        bool internal;
-    };
-    constexpr Column kColumns[] = {
+    constexpr ColumnSpec kColumns[] = {
+        {"", "FixedRow", 750},
         {"ID", field::kId, 1000, true},
         {"ProcessID", field::kProcessId, 1000, true},
         {"Priority", field::kPriority, 1000, true},
-        {"Name", field::kName, 4000, false},
-        {"Cutting Cycle", field::kCuttingCycleId, 2000, false},
+        {"Name", field::kName, 4000},
+        {"Cutting Cycle", field::kCuttingCycleId, 2000},
     };
-    std::string headings;  // the first column, before the first divider, is the fixed one
-    for (const Column& column : kColumns)
-        headings += '|' + component_.GetString(column.heading);
-    const bool debug = component_.settings().DebugMode() != 0;
     Grid::RedrawOff off(VSFGProcessStep);
-    VSFGProcessStep.setHeadings(headings);
+    layOutColumns(VSFGProcessStep, kColumns,
+                  [this](const std::string& english) { return services_.person.texts.GetString(english); });
     VSFGProcessStep.setFixedCols(1);
-    VSFGProcessStep.setColKey(0, "FixedRow");
-    VSFGProcessStep.setColWidth(0, 750);
-    for (int col = 1; col < VSFGProcessStep.cols(); ++col) {
-        const Column& column = kColumns[col - 1];
-        VSFGProcessStep.setColKey(col, column.key);
-        VSFGProcessStep.setColWidth(col, column.width);
-        VSFGProcessStep.setColHidden(col, column.internal && !debug);
-    }
-}
-
-void FrmMain::caseChanged() {
-    cProcess* processes = component_.processes();
-    if (processes != nullptr) processes->RefreshList(processes->SelectedProcessID());
+    hideInternalColumns(VSFGProcessStep, kColumns, services_.settings.orDefault(option::kDebugMode) == 0);
 }
 
 void FrmMain::SetViewByUserClick(FRView view) {
@@ -144,9 +133,13 @@ void FrmMain::SetViewByUserClick(FRView view) {
 
 void FrmMain::tabClicked(int index) {
     if (index != 0 && index != 1) return;
-    SetViewByUserClick(static_cast<FRView>(index));
-    // The host fills the view after it has switched to it; a person expects it filled at once.
-    if (cProcess* processes = component_.processes()) processes->RefreshList("");
+    const bool switched = trapCommand(services_.person.operations(), "FrmMain::TabCtrl_Click", [&] {
+        SetViewByUserClick(static_cast<FRView>(index));
+        // The host fills the view after it has switched to it; a person expects it filled at once.
+        if (cProcess* list = processes()) list->RefreshList("");
+    });
+    // A command is still at work on the view that is shown, so the tab goes back to it.
+    if (!switched) TabCtrl.setIndex(static_cast<int>(view_));
 }
 
 void FrmMain::gridEntered(Grid& active, Grid& other) {
@@ -155,23 +148,26 @@ void FrmMain::gridEntered(Grid& active, Grid& other) {
 }
 
 void FrmMain::CmdOk_Click() {
-    Application& application = component_.application();
-    trap(component_.trace(), "FrmMain::CmdOk_Click", [&] {
-        const std::string featureCase = FeatureCasePick ? pickedFeatureCase() : std::string();
-        FeatureCasePick = false;
-        application.ReturnFeatureCaseGuid = featureCase;
+    trapCommand(services_.person.operations(), "FrmMain::CmdOk_Click", [this] {
+        // What cannot be had is empty: an identifier of an earlier pick would be taken for this one's.
+        picked_.emplace();
+        const bool wantsCase = std::exchange(FeatureCasePick, false);
+        trapAndTell(services_.person, "FrmMain::CmdOk_Click", [&] {
+            if (wantsCase) picked_->featureCaseId = pickedFeatureCase();
+        });
+        trap(services_.person.operations(), "FrmMain::CmdOk_Click", [this] {
+            if (const cProcess* list = processes()) picked_->processId = list->SelectedProcessID();
+        });
+        unload();
     });
-    trap(component_.trace(), "FrmMain::CmdOk_Click", [&] {
-        application.ReturnProcessGuid =
-            component_.processes() ? component_.processes()->SelectedProcessID() : "";
-    });
-    unload();
 }
 
 std::string FrmMain::pickedFeatureCase() {
-    cFeatureCase* featureCase = component_.featureCase();
-    if (featureCase == nullptr || featureCase->GetCurrentFeatureType() == "-1") return {};
-    return featureCase->existingOrNewFeatureCase();
+    if (!caseView_ || !caseView_->featureCase.hasCase()) return {};
+    const std::string existing = caseView_->featureCase.existingFeatureCase();
+    if (!existing.empty()) return existing;
+    if (!services_.rights.CheckPermission(PermissionAdd)) return {};
+    return caseView_->featureCase.existingOrNewFeatureCase();
 }
 
 void FrmMain::CmdCancel_Click() {
@@ -179,8 +175,8 @@ void FrmMain::CmdCancel_Click() {
 }
 
 void FrmMain::CmdHelp_Click() {
-    trap(component_.trace(), "FrmMain::CmdHelp_Click",
-         [this] { component_.help().OpenHTMLHelp(handle(), Variant(HTMLHelp::kContext)); });
+    carryOut(services_.person, "FrmMain::CmdHelp_Click",
+             [this] { services_.person.help.openHelp(handle()); });
 }
 
 void FrmMain::placeFilters() {
@@ -199,14 +195,25 @@ void FrmMain::placeFilters() {
 }
 
 void FrmMain::arrange(Size client) {
+    Sizer.setBounds({0, 0, client.width, client.height});
+}
+
+void FrmMain::arrangeSizer(Size client) {
     const Twips tabsHeight = std::max(client.height - layout::kButtonStripHeight, 0);
     TabCtrl.setBounds({kTabMargin, kTabMargin, std::max(client.width - 2 * kTabMargin, 0),
                        std::max(tabsHeight - kTabMargin, 0)});
     FrameButtons.setBounds({0, tabsHeight, client.width, layout::kButtonStripHeight});
-    const auto strip = layout::arrangeButtons(client.width, kButton, kButton, kButton);
-    CmdHelp.setBounds(strip.help);
-    CmdCancel.setBounds(strip.cancel);
-    CmdOK.setBounds(strip.ok);
+}
+
+void FrmMain::arrangeStrip(Size strip) {
+    Frame1.setBounds({0, 0, strip.width, strip.height});
+}
+
+void FrmMain::arrangeButtons(Size strip) {
+    const auto places = layout::arrangeButtons(strip.width, kButton, kButton, kButton);
+    CmdHelp.setBounds(places.help);
+    CmdCancel.setBounds(places.cancel);
+    CmdOK.setBounds(places.ok);
 }
 
 void FrmMain::arrangeProcesses(Size page) {

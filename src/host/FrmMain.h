@@ -1,18 +1,28 @@
 #pragma once
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "controls/Controls.h"
 #include "controls/Form.h"
 #include "controls/grid/Grid.h"
-#include "host/Application.h"
 #include "host/FrmMenu.h"
+#include "host/ViewServices.h"
+#include "host/Views.h"
 
 namespace pellmark {
 
-class Component;
+/// The views of the main form; the values are those of the public enumeration.
+enum class FRView : std::int32_t { FRProcesses = 0, FRProcesscase = 1 };
+
+/// What a person chose with OK; "" where nothing was.
+struct Pick {
+    std::string processId;
+    std::string featureCaseId;
+};
 
 /// A tab page whose controls the form lays out by rules of its own.
 class ArrangedPage : public TabPage {
@@ -25,11 +35,24 @@ class ArrangedPage : public TabPage {
     std::function<void(Size)> arrange_;
 };
 
+/// The same for a frame, without a border of its own.
+class ArrangedFrame : public Frame {
+  public:
+    ArrangedFrame(Container& parent, std::string name, std::function<void(Size)> arrange)
+        : Frame(parent, std::move(name)), arrange_(std::move(arrange)) {
+        setBordered(false);
+    }
+    void arrange(Size client) override { arrange_(client); }
+
+  private:
+    std::function<void(Size)> arrange_;
+};
+
 /// The one window of the component that the host sees: a tab per view over the grids of that view. It owns
-/// no data; every view switch makes the controllers anew and binds them to the grids.
+/// the controllers of the view that is shown; every view switch makes them anew and binds them to the grids.
 class FrmMain : public Form {
   public:
-    explicit FrmMain(Component& component);
+    explicit FrmMain(const ViewServices& services);
     ~FrmMain() override;
 
     /// Builds a view and shows its tab.
@@ -38,6 +61,15 @@ class FrmMain : public Form {
     void SetViewByUserClick(FRView view);
     FRView view() const { return view_; }
 
+    /// The process list of the view; null while there is no view.
+    cProcess* processes();
+    /// Null unless the view is one of a feature case.
+    CaseView* caseView() { return caseView_.get(); }
+    /// Ends the view: the controllers go.
+    void releaseView();
+
+    /// What OK chose since the last view switch; nothing after a cancel.
+    const std::optional<Pick>& picked() const { return picked_; }
     /// Set by OpenFeatureCase just before the modal show; read and cleared by OK.
     bool FeatureCasePick = false;
 
@@ -50,7 +82,8 @@ class FrmMain : public Form {
     /// The pop-up menus of the grids.
     FrmMenu& menus() { return menus_; }
 
-    TabStrip TabCtrl{*this, "TabCtrl"};
+    ArrangedFrame Sizer{*this, "Sizer", [this](Size client) { arrangeSizer(client); }};
+    TabStrip TabCtrl{Sizer, "TabCtrl"};
     ArrangedPage TabProcesses{TabCtrl, "TabProcesses", [this](Size page) { arrangeProcesses(page); }};
     Grid VSFGAllProcesses{TabProcesses, "VSFGAllProcesses"};
 
@@ -76,10 +109,11 @@ class FrmMain : public Form {
     Frame FrameProcessStep{SizerProcessCase, "FrameProcessStep", "Process Steps"};
     Grid VSFGProcessStep{FrameProcessStep, "VSFGProcessStep"};
 
-    Frame FrameButtons{*this, "FrameButtons"};
-    Button CmdOK{FrameButtons, "CmdOK", "OK"};
-    Button CmdCancel{FrameButtons, "CmdCancel", "Cancel"};
-    Button CmdHelp{FrameButtons, "CmdHelp", "Help"};
+    ArrangedFrame FrameButtons{Sizer, "FrameButtons", [this](Size strip) { arrangeStrip(strip); }};
+    ArrangedFrame Frame1{FrameButtons, "Frame1", [this](Size strip) { arrangeButtons(strip); }};
+    Button CmdOK{Frame1, "CmdOK", "OK"};
+    Button CmdCancel{Frame1, "CmdCancel", "Cancel"};
+    Button CmdHelp{Frame1, "CmdHelp", "Help"};
 
   protected:
     void Form_Load() override;
@@ -89,20 +123,24 @@ class FrmMain : public Form {
     void buildProcessesView();
     void buildProcessCaseView();
     std::string pickedFeatureCase();
+    void arrangeSizer(Size client);
+    void arrangeStrip(Size strip);
+    void arrangeButtons(Size strip);
     void arrangeProcesses(Size page);
     void arrangeProcessCase(Size page);
     void placeFilters();
     void translateCaptions();
     void tabClicked(int index);
     void layOutSteps();
-    void caseChanged();
     void gridEntered(Grid& active, Grid& other);
 
-    Component& component_;
+    ViewServices services_;
     FRView view_ = FRView::FRProcesses;
     bool userClick_ = false;
     FrmMenu menus_;
-    Subscription caseChanged_;
+    std::optional<Pick> picked_;
+    std::unique_ptr<ProcessesView> processesView_;
+    std::unique_ptr<CaseView> caseView_;
     std::vector<Subscription> subscriptions_;
 };
 

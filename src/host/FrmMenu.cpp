@@ -1,12 +1,11 @@
 #include "host/FrmMenu.h"
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 
 #include "base/Error.h"
-#include "featurecases/cFeatureCase.h"
-#include "host/Component.h"
-#include "processes/cProcess.h"
+#include "host/Views.h"
 
 namespace pellmark {
 
@@ -30,12 +29,13 @@ void enable(Menu& menu, std::initializer_list<const char*> names, bool enabled) 
 
 }  // namespace
 
-FrmMenu::FrmMenu(Component& component) : Form(component.desktop(), "FrmMenu"), component_(component) {
+FrmMenu::FrmMenu(const UserInterface& person, cVSGridOps& gridOps)
+    : Form(person.desktop, "FrmMenu"), person_(person), gridOps_(gridOps) {
     setCaption("Menus");
     buildProcessMenu();
     buildStepMenu();
     mnufetaureCaseContext.add("mnuProperties", "Properties", [this] {
-        if (cFeatureCase* view = component_.featureCase()) view->Properties();
+        if (featureCase_ != nullptr) featureCase_->Properties();
     });
     buildOtherMenus();
 }
@@ -43,9 +43,10 @@ FrmMenu::FrmMenu(Component& component) : Form(component.desktop(), "FrmMenu"), c
 FrmMenu::~FrmMenu() = default;
 
 void FrmMenu::buildProcessMenu() {
-    const auto list = [this](void (cProcess::*command)()) {
+    using Command = void (cProcess::*)();
+    const auto list = [this](Command command) -> std::function<void()> {
         return [this, command] {
-            if (cProcess* processes = component_.processes()) (processes->*command)();
+            if (processes_ != nullptr) std::invoke(command, *processes_);
         };
     };
     mnuProcess.add("mnuProcessAddNew", "New...", list(&cProcess::AddNewWizard));
@@ -91,25 +92,44 @@ void FrmMenu::buildOtherMenus() {
     mnuFeatureType.add("mnuFeatureTypeSave", "Save...");
 }
 
-void FrmMenu::setGrids(Grid* processes, Grid* processCase, Grid* processStep) {
-    FGProcesses = processes;
-    FGProcessCase = processCase;
-    FGProcessStep = processStep;
+void FrmMenu::serve(cProcess& processes) {
+    release();
+    serveProcesses(processes);
+}
+
+void FrmMenu::serve(CaseView& view, Grid& processCase, Grid& processStep) {
+    release();
+    featureCase_ = &view.featureCase;
+    FGProcessCase = &processCase;
+    FGProcessStep = &processStep;
+    serveProcesses(view.processes);
+    listen(processCase, "FrmMenu::FGProcessCase_MouseDown", mnufetaureCaseContext, nullptr);
+    listen(processStep, "FrmMenu::FGProcessStep_MouseDown", mnuProcessStep, &FrmMenu::prepareStepMenu);
+}
+
+void FrmMenu::serveProcesses(cProcess& processes) {
+    processes_ = &processes;
+    FGProcesses = &processes.grid();
+    listen(*FGProcesses, "FrmMenu::FGProcesses_MouseDown", mnuProcess, &FrmMenu::prepareProcessMenu);
+    subscriptions_.push_back(FGProcesses->keyPressed.subscribe([this](KeyPress& key) {
+        if (!key.control || key.keyCode != 'M') return;
+        key.handled = true;
+        EditMaterials();
+    }));
+}
+
+void FrmMenu::release() {
     subscriptions_.clear();
-    if (processes != nullptr) {
-        listen(*processes, "FrmMenu::FGProcesses_MouseDown", mnuProcess, &FrmMenu::prepareProcessMenu);
-    }
-    if (processCase != nullptr) {
-        listen(*processCase, "FrmMenu::FGProcessCase_MouseDown", mnufetaureCaseContext, nullptr);
-    }
-    if (processStep != nullptr) {
-        listen(*processStep, "FrmMenu::FGProcessStep_MouseDown", mnuProcessStep, &FrmMenu::prepareStepMenu);
-    }
+    processes_ = nullptr;
+    featureCase_ = nullptr;
+    FGProcesses = nullptr;
+    FGProcessCase = nullptr;
+    FGProcessStep = nullptr;
 }
 
 void FrmMenu::listen(Grid& grid, const char* operation, Menu& menu, void (FrmMenu::*prepare)()) {
     const auto open = [this, &grid, operation, &menu, prepare](Point at) {
-        trap(component_.trace(), operation, [&] {
+        trap(person_.operations(), operation, [&] {
             if (prepare != nullptr) (this->*prepare)();
             popUpOver(grid, menu, at);
         });
@@ -128,7 +148,7 @@ void FrmMenu::prepareProcessMenu() {
             "mnuProcessSaveAs", "mnuProcessFormatColumns"},
            hasData);
     // A new process is attached to a feature case from the start, so there must be one to attach it to.
-    const bool ofCase = component_.featureCase() != nullptr;
+    const bool ofCase = featureCase_ != nullptr;
     for (const char* name :
          {"mnuProcessDeleteFromfeatureCase", "mnuProcessAddNew", "mnuProcessEditProcessses"}) {
         itemOf(mnuProcess, name).visible = ofCase;
@@ -136,10 +156,9 @@ void FrmMenu::prepareProcessMenu() {
 }
 
 void FrmMenu::prepareStepMenu() {
-    const std::string stepId = component_.gridOps().SelectedId(*FGProcessStep);
+    const std::string stepId = gridOps_.SelectedId(*FGProcessStep);
     const bool hasData = FGProcessStep->rows() >= 2;
-    const bool hasProcess =
-        component_.processes() != nullptr && !component_.processes()->SelectedProcessID().empty();
+    const bool hasProcess = processes_ != nullptr && !processes_->SelectedProcessID().empty();
     // A step is added to, and read from a file into, the selected process.
     enable(mnuProcessStep, {"mnuProcessStepAddNew", "mnuProcessStepOpen"}, hasProcess);
     enable(mnuProcessStep, {"mnuProcessStepEdit"}, hasData && !stepId.empty());
@@ -155,7 +174,8 @@ void FrmMenu::popUpOver(Grid& grid, Menu& menu, Point at) {
     // The language is the host's and may change between two calls, so what is opened is translated each time.
     Menu shown(menu.name(), menu.caption());
     for (const MenuItem& item : menu.items()) {
-        MenuItem& copy = shown.add(item.name, item.isSeparator() ? "-" : component_.GetString(item.caption));
+        MenuItem& copy =
+            shown.add(item.name, item.isSeparator() ? "-" : person_.texts.GetString(item.caption));
         copy.command = item.command;
         copy.visible = item.visible;
         // An item whose command does not exist yet must not look as if it did something.
@@ -165,7 +185,7 @@ void FrmMenu::popUpOver(Grid& grid, Menu& menu, Point at) {
 }
 
 void FrmMenu::EditMaterials() {
-    if (cProcess* processes = component_.processes()) processes->EditMaterialsWizard();
+    if (processes_ != nullptr) processes_->EditMaterialsWizard();
 }
 
 }  // namespace pellmark

@@ -3,24 +3,28 @@
 #include "controls/Form.h"
 #include "controls/Menu.h"
 #include "controls/grid/Grid.h"
+#include "util/UserInterface.h"
+#include "util/cVSGridOps.h"
 
 namespace pellmark {
 
-class Component;
+class CaseView;
+class cFeatureCase;
+class cProcess;
 
 /// The pop-up menus of the grids. The form is never shown: it keeps the menus, opens the one of the grid that
 /// was clicked, and hands each command to the list that owns the grid. Commands report their own failures.
 class FrmMenu : public Form {
   public:
-    explicit FrmMenu(Component& component);
+    FrmMenu(const UserInterface& person, cVSGridOps& gridOps);
     ~FrmMenu() override;
 
-    /// The grids of the current view by their roles, null for a role that the view lacks. They must outlive
-    /// the form or be replaced before they go.
-    void setGrids(Grid* processes, Grid* processCase, Grid* processStep);
-
-    /// Opens the editor of the current process's materials.
-    void EditMaterials();
+    /// Opens the menus of the list of all processes over its grid. The list must outlive this or be released.
+    void serve(cProcess& processes);
+    /// The same for the three grids of a feature case.
+    void serve(CaseView& view, Grid& processCase, Grid& processStep);
+    /// Before the lists go: no grid opens a menu from here.
+    void release();
 
     Menu mnuProcess{"mnuProcess", "ProcessContext"};
     Menu mnuProcessStep{"mnuProcessStep", "ProcessStepContext"};
@@ -39,8 +43,14 @@ class FrmMenu : public Form {
     void prepareStepMenu();
     void listen(Grid& grid, const char* operation, Menu& menu, void (FrmMenu::*prepare)());
     void popUpOver(Grid& grid, Menu& menu, Point at);
+    void serveProcesses(cProcess& processes);
+    /// Opens the editor of the current process's materials, which no menu offers.
+    void EditMaterials();
 
-    Component& component_;
+    UserInterface person_;
+    cVSGridOps& gridOps_;
+    cProcess* processes_ = nullptr;
+    cFeatureCase* featureCase_ = nullptr;
     Grid* FGProcesses = nullptr;
     Grid* FGProcessCase = nullptr;
     Grid* FGProcessStep = nullptr;

@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "base/Error.h"
+#include "base/Ids.h"
 #include "knowledge/FieldLimits.h"
 
 namespace pellmark {
@@ -43,8 +44,8 @@ void ProcessListRecordset::addRow(const pNode& node) {
     checkLength(node.Rule, limit::kRule, "rule", kSource);
     checkLength(node.Description, limit::kDescription, "description", kSource);
     const auto row = static_cast<std::uint32_t>(units_.size());
-    rows_.addRow(
-        {node.id, node.FeatureCaseId, node.Name, std::to_string(node.unit), node.Rule, node.Description});
+    rows_.addRow({node.id, registryForm(node.FeatureCaseId), node.Name, std::to_string(node.unit), node.Rule,
+                  node.Description});
     units_.push_back(node.unit);
     if (isShown(node.unit)) shown_.push_back(row);
 }

@@ -30,6 +30,8 @@ class RecordSet {
 
     /// Position of a field by its name, case ignored; nothing when there is no such field.
     std::optional<std::size_t> fieldIndex(std::string_view name) const;
+    /// The same for a field that must be there: throws Error (host interface) that names it.
+    std::size_t requireField(std::string_view name) const;
 };
 
 }  // namespace pellmark

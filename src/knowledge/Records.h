@@ -75,6 +75,7 @@ struct FeatureCaseDescription {
     std::int16_t unit = unit::kNone;  ///< of the feature case
     std::string materialClassId;
     std::int16_t processUnit = unit::kNone;
+    bool operator==(const FeatureCaseDescription&) const = default;
 };
 
 /// A feature case that has the asked-for feature type, and whether its values are exactly the asked-for.

@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "base/Text.h"
-#include "featurecases/cFeatureCase.h"
-#include "processes/cProcess.h"
 
 namespace pellmark {
 
@@ -15,21 +13,24 @@ constexpr const char* kNoFeatureCase = "-1";
 
 /// The unit of the current feature case as text, kNoFeatureCase when there is no case to attach to. A case
 /// that leaves its unit open is one nevertheless.
-std::string currentCaseMarker(const Component& component) {
-    cFeatureCase* view = component.featureCase();
-    if (view == nullptr || view->GetCurrentFeatureType() == "-1" || view->GetCurrentValueIds().empty()) {
-        return kNoFeatureCase;
-    }
+std::string currentCaseMarker(cFeatureCase* view) {
+    if (view == nullptr || !view->hasCase()) return kNoFeatureCase;
     return std::to_string(std::max<int>(view->GetFTUnit(), 0));
 }
 
 }  // namespace
 
-FrmAddEditProcess::FrmAddEditProcess(Component& component, std::string processId)
-    : ProcessDialog(component, "FrmAddEditProcess"),
-      FrameMaterialClass(component, *this, "FrameMaterialClass"),
+FrmAddEditProcess::FrmAddEditProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
+                                     HostApplication& host, cFeatureCase* featureCase, std::string processId,
+                                     Rights* atOk)
+    : Dialog(person, "FrmAddEditProcess"),
+      FrameMaterialClass(person, *this, "FrameMaterialClass"),
+      knowledgeBase_(knowledgeBase),
+      host_(host),
+      featureCase_(featureCase),
+      atOk_(atOk),
       processId_(std::move(processId)),
-      featureCaseMarker_(currentCaseMarker(component)) {
+      featureCaseMarker_(currentCaseMarker(featureCase)) {
     setBorderStyle(BorderStyle::Sizable);
     setClientSize(kClient);
     setMinimumSize({6900, 6600});
@@ -61,31 +62,30 @@ void FrmAddEditProcess::placeControls() {
 }
 
 void FrmAddEditProcess::translate() {
-    LblName.setCaption(component().GetString("Name"));
-    LblUnit.setCaption(component().GetString("Unit"));
-    LblRule.setCaption(component().GetString("Rule"));
-    CmdBuildExpression.setCaption(component().GetString("Build Expression..."));
-    LblDescription.setCaption(component().GetString("Description"));
-    FrameMaterialClass.setCaption(component().GetString("Material Class"));
+    LblName.setCaption(GetString("Name"));
+    LblUnit.setCaption(GetString("Unit"));
+    LblRule.setCaption(GetString("Rule"));
+    CmdBuildExpression.setCaption(GetString("Build Expression..."));
+    LblDescription.setCaption(GetString("Description"));
+    FrameMaterialClass.setCaption(GetString("Material Class"));
     FrameMaterialClass.prepare();
     translateButtons(CmdOk, CmdCancel, CmdHelp);
 }
 
 void FrmAddEditProcess::Form_Load() {
     translate();
-    if (!report("FrmAddEditProcess::Form_Load", [this] { loadRecord(); })) {
-        abandonLoad();
-        return;
-    }
-    showRecord();
-    RefreshNonMembers();
+    loadOrAbandon("FrmAddEditProcess::Form_Load", [this] {
+        loadRecord();
+        showRecord();
+        readMaterials();
+    });
 }
 
 void FrmAddEditProcess::loadRecord() {
     editing_ = !processId_.empty();
     if (editing_) {
         setCaption("Edit Process");
-        record_ = component().knowledgeBase().processStore().process(processId_);
+        record_ = knowledgeBase_.processStore().process(processId_);
         return;
     }
     setCaption("Add New Process");
@@ -93,8 +93,8 @@ void FrmAddEditProcess::loadRecord() {
     record_.Name = "New Process";
     record_.Unit = unit::kMetric;
     // A host that cannot tell its unit must not keep the user from making a process.
-    trap(component().trace(), "FrmAddEditProcess::Form_Load",
-         [this] { record_.Unit = component().host().currentUnit(); });
+    trap(person().operations(), "FrmAddEditProcess::Form_Load",
+         [this] { record_.Unit = host_.currentUnit(); });
 }
 
 void FrmAddEditProcess::showRecord() {
@@ -109,12 +109,14 @@ void FrmAddEditProcess::showRecord() {
 }
 
 void FrmAddEditProcess::RefreshNonMembers() {
-    report("FrmAddEditProcess::RefreshNonMembers", [this] {
-        KnowledgeBaseService& base = component().knowledgeBase();
-        const std::vector<ListItem> all = itemsOf(*base.materialStore().materials());
-        const std::vector<ListItem> members = itemsOf(*base.processStore().materialsOf(record_.Id));
-        FrameMaterialClass.show(withoutMembers(all, members), members);
-    });
+    carryOut("FrmAddEditProcess::RefreshNonMembers", [this] { readMaterials(); });
+}
+
+void FrmAddEditProcess::readMaterials() {
+    const std::vector<ListItem> all = itemsOf(*knowledgeBase_.materialStore().materials());
+    std::vector<ListItem> members;
+    if (!record_.Id.empty()) members = itemsOf(*knowledgeBase_.processStore().materialsOf(record_.Id));
+    FrameMaterialClass.show(withoutMembers(all, members), members);
 }
 
 void FrmAddEditProcess::CmbUnit_Click() {
@@ -124,46 +126,49 @@ void FrmAddEditProcess::CmbUnit_Click() {
 }
 
 void FrmAddEditProcess::CmdBuildExpression_Click() {
-    report("FrmAddEditProcess::CmdBuildExpression_Click", [this] {
-        const std::string built = component().host().buildExpression(TxtRule.text(), handle());
+    carryOut("FrmAddEditProcess::CmdBuildExpression_Click", [this] {
+        const std::string built = host_.buildExpression(TxtRule.text(), handle());
         if (!built.empty()) TxtRule.setText(built);
     });
 }
 
 bool FrmAddEditProcess::inputIsAcceptable() {
     if (utf16Length(TxtRule.text()) > limit::kRule) {
-        desktop().showMessage({component().GetString("Rule cannot exceed 250 characters"),
-                               component().title(), MessageIcon::Information});
+        person().show({GetString("Rule cannot exceed 250 characters"), "", MessageIcon::Information});
         return false;
     }
     if (TxtName.text().empty()) {
-        desktop().showMessage({component().GetString("Name cannot be blank"), "", MessageIcon::Critical});
+        person().show({GetString("Name cannot be blank"), "", MessageIcon::Critical});
         return false;
     }
     return true;
 }
 
+bool FrmAddEditProcess::isAllowed() {
+    return atOk_ == nullptr || atOk_->CheckPermission(editing_ ? PermissionEdit : PermissionAdd);
+}
+
 void FrmAddEditProcess::CmdOk_Click() {
-    report("FrmAddEditProcess::CmdOk_Click", [this] {
-        if (!inputIsAcceptable()) return;
+    carryOut("FrmAddEditProcess::CmdOk_Click", [this] {
+        if (!inputIsAcceptable() || !isAllowed()) return;
         record_.Description = TxtDescription.text();
         record_.Name = TxtName.text();
         record_.Rule = TxtRule.text();
         store();
         if (!record_.Id.empty()) storeMaterials();
-        if (cProcess* list = component().processes()) list->RefreshList(record_.Id);
+        completed.raise(record_.Id);
         unload();
     });
 }
 
 void FrmAddEditProcess::store() {
-    ProcessStore& processes = component().knowledgeBase().processStore();
+    ProcessStore& processes = knowledgeBase_.processStore();
     if (editing_) {
         processes.updateProcess(record_);
     } else {
         std::string featureCaseId;
         if (featureCaseMarker_ != kNoFeatureCase) {
-            featureCaseId = component().featureCase()->existingOrNewFeatureCase();
+            featureCaseId = featureCase_->existingOrNewFeatureCase();
         }
         if (record_.Id.empty()) {
             record_.Id = processes.addProcess(record_);
@@ -173,13 +178,13 @@ void FrmAddEditProcess::store() {
         }
         if (!featureCaseId.empty()) processes.attach(record_.Id, featureCaseId);
     }
-    if (cProcess* list = component().processes()) list->UpdateFromDb(record_);
+    stored.raise(record_);
 }
 
 /// Every item is sent, moved or not: the lists say what is to be, whatever has changed in the store
 /// meanwhile.
 void FrmAddEditProcess::storeMaterials() {
-    ProcessStore& processes = component().knowledgeBase().processStore();
+    ProcessStore& processes = knowledgeBase_.processStore();
     const ListView& members = FrameMaterialClass.LV2;
     for (int i = 0; i < members.count(); ++i)
         processes.addMaterial(record_.Id, members.item(i).key);

@@ -2,24 +2,34 @@
 
 #include <string>
 
-#include "knowledge/Records.h"
+#include "featurecases/cFeatureCase.h"
+#include "knowledge/KnowledgeBaseService.h"
+#include "ports/HostInterfaces.h"
 #include "processes/MemberLists.h"
-#include "processes/ProcessDialog.h"
+#include "util/Dialog.h"
+#include "util/Rights.h"
 
 namespace pellmark {
 
 /// Creates a process, or changes one: name, unit, rule, description and materials. A new process is attached
 /// to the current feature case where there is one.
-class FrmAddEditProcess : public ProcessDialog {
+class FrmAddEditProcess : public Dialog {
   public:
-    /// An empty id opens the dialog for a new process.
-    FrmAddEditProcess(Component& component, std::string processId);
+    /// An empty id opens the dialog for a new process. `featureCase` is null where there is no view of one.
+    /// `atOk` checks the right to store when the person confirms; null where the opener has asked already.
+    FrmAddEditProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase, HostApplication& host,
+                      cFeatureCase* featureCase, std::string processId, Rights* atOk);
 
     /// Loads both lists from the knowledge base again and forgets moves that were not stored.
     void RefreshNonMembers();
     void CmbUnit_Click();
     void CmdBuildExpression_Click();
     void CmdOk_Click();
+
+    /// The record is in the knowledge base; its materials may still be missing.
+    Event<const ProcessRecord&> stored;
+    /// Everything is stored, and the dialog closes. With the id of the process.
+    Event<const std::string&> completed;
 
     Label LblName{*this, "LblName"};
     TextBox TxtName{*this, "TxtName"};
@@ -44,10 +54,16 @@ class FrmAddEditProcess : public ProcessDialog {
     void translate();
     void loadRecord();
     void showRecord();
+    void readMaterials();
     bool inputIsAcceptable();
+    bool isAllowed();
     void store();
     void storeMaterials();
 
+    KnowledgeBaseService& knowledgeBase_;
+    HostApplication& host_;
+    cFeatureCase* featureCase_;
+    Rights* atOk_;
     std::string processId_;
     std::string featureCaseMarker_;
     bool editing_ = false;

@@ -2,8 +2,6 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "featurecases/cFeatureCase.h"
-#include "processes/cProcess.h"
 
 namespace pellmark {
 
@@ -14,12 +12,15 @@ constexpr const char* kSource = "Pellmark.FrmAddExistingProcess";
 
 }  // namespace
 
-FrmAddExistingProcess::FrmAddExistingProcess(Component& component, std::string featureCaseUnit,
-                                             std::string currentProcessId)
-    : ProcessDialog(component, "FrmAddExistingProcess"),
-      FrameProcesses(component, *this, "FrameProcesses"),
-      unit_(std::move(featureCaseUnit)),
-      currentProcessId_(std::move(currentProcessId)) {
+FrmAddExistingProcess::FrmAddExistingProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
+                                             cFeatureCase& featureCase, const Grid& listed,
+                                             std::string featureCaseUnit)
+    : Dialog(person, "FrmAddExistingProcess"),
+      FrameProcesses(person, *this, "FrameProcesses"),
+      knowledgeBase_(knowledgeBase),
+      featureCase_(featureCase),
+      listed_(listed),
+      unit_(std::move(featureCaseUnit)) {
     setBorderStyle(BorderStyle::Sizable);
     setClientSize(kClient);
     setMinimumSize({6600, 4500});
@@ -29,38 +30,49 @@ FrmAddExistingProcess::FrmAddExistingProcess(Component& component, std::string f
 }
 
 void FrmAddExistingProcess::Form_Load() {
-    setCaption(component().GetString("Process Members"));
-    FrameProcesses.setCaption(component().GetString("Processes"));
+    setCaption(GetString("Process Members"));
+    FrameProcesses.setCaption(GetString("Processes"));
     FrameProcesses.prepare();
     translateButtons(CmdOk, CmdCancel, CmdHelp);
-    RefreshNonMembers();
+    loadOrAbandon("FrmAddExistingProcess::Form_Load", [this] { readLists(); });
 }
 
 void FrmAddExistingProcess::RefreshNonMembers() {
-    report("FrmAddExistingProcess::RefreshNonMembers", [this] {
-        const std::vector<ListItem> members = listedMembers();
-        FrameProcesses.show(withoutMembers(processesOfUnit(), members), members);
-        initialMembers_.clear();
-        for (const ListItem& member : members)
-            initialMembers_.insert(lowerAscii(member.key));
-    });
+    carryOut("FrmAddExistingProcess::RefreshNonMembers", [this] { readLists(); });
 }
 
-std::vector<ListItem> FrmAddExistingProcess::listedMembers() const {
-    std::vector<ListItem> members;
-    if (component().processes() == nullptr) return members;
-    const Grid& grid = component().processes()->grid();
-    for (int row = grid.fixedRows(); row < grid.rows(); ++row) {
-        members.push_back({grid.rowData(row), grid.text(row, field::kName), {}});
+void FrmAddExistingProcess::readLists() {
+    Members initial;
+    const std::vector<ListItem> members = readMembers(initial);
+    FrameProcesses.show(withoutMembers(processesOfUnit(), members), members);
+    initialMembers_ = std::move(initial);
+}
+
+std::vector<ListItem> FrmAddExistingProcess::readMembers(Members& members) {
+    std::vector<ListItem> items;
+    const auto add = [&](const std::string& id, const std::string& name, const std::string& featureCaseId) {
+        if (members.emplace(lowerAscii(id), featureCaseId).second) items.push_back({id, name, {}});
+    };
+    for (int row = listed_.fixedRows(); row < listed_.rows(); ++row)
+        add(listed_.rowData(row), listed_.text(row, field::kName), listed_.text(row, field::kFeatureCaseId));
+
+    const std::string exact = featureCase_.existingFeatureCase();
+    if (exact.empty()) return items;
+    // By its values alone: the filters of the view narrow what is listed, not what is attached.
+    FeatureCaseDescription attached;
+    attached.featureTypeId = featureCase_.GetCurrentFeatureType();
+    attached.valueIds = featureCase_.GetCurrentValueIds();
+    for (const pNode& node : knowledgeBase_.featureCaseStore().processesOfValues(attached, 0)) {
+        if (equalNoCase(node.FeatureCaseId, exact)) add(node.id, node.Name, node.FeatureCaseId);
     }
-    return members;
+    return items;
 }
 
 std::vector<ListItem> FrmAddExistingProcess::processesOfUnit() const {
-    const auto records = component().knowledgeBase().processStore().processes("");
-    const std::size_t id = records->fieldIndex(field::kId).value_or(0);
-    const std::size_t name = records->fieldIndex(field::kName).value_or(0);
-    const std::size_t unitField = records->fieldIndex(field::kUnit).value_or(0);
+    const auto records = knowledgeBase_.processStore().processes("");
+    const std::size_t id = records->requireField(field::kId);
+    const std::size_t name = records->requireField(field::kName);
+    const std::size_t unitField = records->requireField(field::kUnit);
     std::vector<ListItem> items;
     for (std::size_t i = 0; i < records->count(); ++i) {
         if (unit_ != kNoUnit && records->text(i, unitField) != unit_) continue;
@@ -70,49 +82,64 @@ std::vector<ListItem> FrmAddExistingProcess::processesOfUnit() const {
 }
 
 void FrmAddExistingProcess::CmdOk_Click() {
-    report("FrmAddExistingProcess::CmdOk_Click", [this] {
-        const std::string id = featureCaseId();
-        attachNewMembers(id);
-        detachCandidates(id);
-        if (cProcess* list = component().processes()) list->RefreshList(currentProcessId_);
+    carryOut("FrmAddExistingProcess::CmdOk_Click", [this] {
+        const std::string id =
+            unit_ == kNoUnit ? featureCase_.existingFeatureCase() : featureCase_.existingOrNewFeatureCase();
+        if (id.empty() && isChanged()) {
+            throw Error(errors::kNotFound, kSource,
+                        GetString("The feature case is not stored yet. Choose its unit first."));
+        }
+        if (!id.empty()) {
+            attachNewMembers(id);
+            detachCandidates(id);
+            tellWhatStays(id);
+        }
+        completed.raise();
         unload();
     });
 }
 
-std::string FrmAddExistingProcess::featureCaseId() {
-    cFeatureCase* view = component().featureCase();
-    if (view == nullptr) {
-        throw Error(errors::kInvalidArgument, kSource, "There is no feature case to attach processes to");
+bool FrmAddExistingProcess::isChanged() const {
+    const ListView& members = FrameProcesses.LV2;
+    for (int i = 0; i < members.count(); ++i) {
+        if (!initialMembers_.contains(lowerAscii(members.item(i).key))) return true;
     }
-    return unit_ == kNoUnit ? view->GetFirstFeatureTypeExactMatchId() : view->existingOrNewFeatureCase();
+    return static_cast<std::size_t>(members.count()) != initialMembers_.size();
 }
 
 void FrmAddExistingProcess::attachNewMembers(const std::string& featureCaseId) {
-    ProcessStore& processes = component().knowledgeBase().processStore();
     const ListView& members = FrameProcesses.LV2;
     for (int i = 0; i < members.count(); ++i) {
         const std::string& id = members.item(i).key;
         if (initialMembers_.contains(lowerAscii(id))) continue;
-        if (featureCaseId.empty()) {
-            throw Error(errors::kNotFound, kSource,
-                        "The feature case is not stored yet. Choose its unit, then attach processes to it.");
-        }
-        processes.attach(id, featureCaseId);
-        initialMembers_.insert(lowerAscii(id));
+        knowledgeBase_.processStore().attach(id, featureCaseId);
+        initialMembers_.emplace(lowerAscii(id), featureCaseId);
     }
 }
 
 /// Candidates that were never attached are sent, too: the store may have attached them meanwhile.
 void FrmAddExistingProcess::detachCandidates(const std::string& featureCaseId) {
-    if (featureCaseId.empty()) return;
-    ProcessStore& processes = component().knowledgeBase().processStore();
     const ListView& candidates = FrameProcesses.LV1;
     for (int i = 0; i < candidates.count(); ++i) {
         const std::string& id = candidates.item(i).key;
-        if (processes.detach(featureCaseId, id)) continue;
-        component().trace().record("FrmAddExistingProcess::CmdOk_Click",
-                                   "the knowledge base keeps " + id + " attached");
+        if (knowledgeBase_.processStore().detach(featureCaseId, id)) continue;
+        person().operations().trace().record("FrmAddExistingProcess::CmdOk_Click",
+                                             "the knowledge base keeps " + id + " attached");
     }
+}
+
+/// A process that is listed because another case shares a value stays attached to that one.
+void FrmAddExistingProcess::tellWhatStays(const std::string& featureCaseId) {
+    const ListView& candidates = FrameProcesses.LV1;
+    std::string names;
+    for (int i = 0; i < candidates.count(); ++i) {
+        const auto member = initialMembers_.find(lowerAscii(candidates.item(i).key));
+        if (member == initialMembers_.end() || equalNoCase(member->second, featureCaseId)) continue;
+        names += "\r\n" + candidates.text(i, 0);
+    }
+    if (names.empty()) return;
+    person().show({GetString("These processes belong to another feature case and stay in the list:") + names,
+                   "", MessageIcon::Information});
 }
 
 }  // namespace pellmark

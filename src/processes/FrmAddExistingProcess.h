@@ -1,27 +1,37 @@
 #pragma once
 
-#include <set>
+#include <map>
 #include <string>
+#include <vector>
 
+#include "controls/grid/Grid.h"
+#include "featurecases/cFeatureCase.h"
+#include "knowledge/KnowledgeBaseService.h"
 #include "processes/MemberLists.h"
-#include "processes/ProcessDialog.h"
+#include "util/Dialog.h"
 
 namespace pellmark {
 
 /// Sets which of the stored processes are attached to the current feature case. The members are those that
-/// the process list shows; the candidates are all others of the feature case's unit.
-class FrmAddExistingProcess : public ProcessDialog {
+/// the process list shows, and whatever else is attached to the very case: a process that is not listed
+/// because of its unit or the limit must not be detached by an OK of somebody who never saw it. The
+/// candidates are all others of the feature case's unit.
+class FrmAddExistingProcess : public Dialog {
   public:
     /// Candidates of every unit, and no feature case is created.
     static constexpr const char* kNoUnit = "-1";
 
-    /// `featureCaseUnit` is the feature case's unit code as text, or kNoUnit. `currentProcessId` stays
-    /// selected in the process list.
-    FrmAddExistingProcess(Component& component, std::string featureCaseUnit, std::string currentProcessId);
+    /// `listed` is the process list's grid. `featureCaseUnit` is the feature case's unit code as text, or
+    /// kNoUnit. All of them must outlive the dialog.
+    FrmAddExistingProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
+                          cFeatureCase& featureCase, const Grid& listed, std::string featureCaseUnit);
 
     /// Loads both lists again and forgets moves that were not stored.
     void RefreshNonMembers();
     void CmdOk_Click();
+
+    /// Everything is stored, and the dialog closes.
+    Event<> completed;
 
     MemberLists FrameProcesses;
     Button CmdOk{*this, "CmdOk"};
@@ -33,15 +43,22 @@ class FrmAddExistingProcess : public ProcessDialog {
     void accept() override { CmdOk_Click(); }
 
   private:
-    std::vector<ListItem> listedMembers() const;
+    /// The feature case through which each initial member is attached, by its lower-case id.
+    using Members = std::map<std::string, std::string>;
+
+    void readLists();
+    std::vector<ListItem> readMembers(Members& members);
     std::vector<ListItem> processesOfUnit() const;
-    std::string featureCaseId();
+    bool isChanged() const;
     void attachNewMembers(const std::string& featureCaseId);
     void detachCandidates(const std::string& featureCaseId);
+    void tellWhatStays(const std::string& featureCaseId);
 
+    KnowledgeBaseService& knowledgeBase_;
+    cFeatureCase& featureCase_;
+    const Grid& listed_;
     std::string unit_;
-    std::string currentProcessId_;
-    std::set<std::string> initialMembers_;  ///< lower-case ids
+    Members initialMembers_;
 };
 
 }  // namespace pellmark

@@ -8,9 +8,11 @@ constexpr Size kClient{9000, 5700};
 
 }  // namespace
 
-FrmEditProcessMaterials::FrmEditProcessMaterials(Component& component, std::string processId)
-    : ProcessDialog(component, "FrmEditProcessMaterials"),
-      FrameMaterials(component, *this, "FrameMaterials"),
+FrmEditProcessMaterials::FrmEditProcessMaterials(const UserInterface& person,
+                                                 KnowledgeBaseService& knowledgeBase, std::string processId)
+    : Dialog(person, "FrmEditProcessMaterials"),
+      FrameMaterials(person, *this, "FrameMaterials"),
+      knowledgeBase_(knowledgeBase),
       processId_(std::move(processId)) {
     setBorderStyle(BorderStyle::Sizable);
     setClientSize(kClient);
@@ -22,26 +24,27 @@ FrmEditProcessMaterials::FrmEditProcessMaterials(Component& component, std::stri
 }
 
 void FrmEditProcessMaterials::Form_Load() {
-    setCaption(component().GetString("Process Materials"));
+    setCaption(GetString("Process Materials"));
     FrameMaterials.prepare();
     translateButtons(CmdOk, CmdCancel, CmdHelp);
-    RefreshNonMembers();
+    loadOrAbandon("FrmEditProcessMaterials::Form_Load", [this] { readLists(); });
 }
 
 void FrmEditProcessMaterials::RefreshNonMembers() {
-    report("FrmEditProcessMaterials::RefreshNonMembers", [this] {
-        KnowledgeBaseService& base = component().knowledgeBase();
-        const std::vector<ListItem> all = itemsOf(*base.materialStore().materials());
-        const std::vector<ListItem> members = itemsOf(*base.processStore().materialsOf(processId_));
-        FrameMaterials.show(withoutMembers(all, members), members);
-    });
+    carryOut("FrmEditProcessMaterials::RefreshNonMembers", [this] { readLists(); });
+}
+
+void FrmEditProcessMaterials::readLists() {
+    const std::vector<ListItem> all = itemsOf(*knowledgeBase_.materialStore().materials());
+    const std::vector<ListItem> members = itemsOf(*knowledgeBase_.processStore().materialsOf(processId_));
+    FrameMaterials.show(withoutMembers(all, members), members);
 }
 
 /// Every item is sent, moved or not: the lists say what is to be, whatever has changed in the store
 /// meanwhile.
 void FrmEditProcessMaterials::CmdOk_Click() {
-    report("FrmEditProcessMaterials::CmdOk_Click", [this] {
-        ProcessStore& processes = component().knowledgeBase().processStore();
+    carryOut("FrmEditProcessMaterials::CmdOk_Click", [this] {
+        ProcessStore& processes = knowledgeBase_.processStore();
         const ListView& others = FrameMaterials.LV1;
         for (int i = 0; i < others.count(); ++i)
             processes.removeMaterial(processId_, others.item(i).key);

@@ -2,15 +2,17 @@
 
 #include <string>
 
+#include "knowledge/KnowledgeBaseService.h"
 #include "processes/MemberLists.h"
-#include "processes/ProcessDialog.h"
+#include "util/Dialog.h"
 
 namespace pellmark {
 
 /// Edits which materials belong to one process, and nothing else of it.
-class FrmEditProcessMaterials : public ProcessDialog {
+class FrmEditProcessMaterials : public Dialog {
   public:
-    FrmEditProcessMaterials(Component& component, std::string processId);
+    FrmEditProcessMaterials(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
+                            std::string processId);
 
     /// Loads both lists from the knowledge base again and forgets moves that were not stored.
     void RefreshNonMembers();
@@ -26,6 +28,9 @@ class FrmEditProcessMaterials : public ProcessDialog {
     void accept() override { CmdOk_Click(); }
 
   private:
+    void readLists();
+
+    KnowledgeBaseService& knowledgeBase_;
     std::string processId_;
 };
 

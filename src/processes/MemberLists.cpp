@@ -1,8 +1,10 @@
 #include "processes/MemberLists.h"
 
 #include <algorithm>
+#include <set>
 
-#include "host/Component.h"
+#include "base/Text.h"
+#include "knowledge/Records.h"
 #include "util/cListViewOps.h"
 
 namespace pellmark {
@@ -18,8 +20,8 @@ constexpr Twips kScrollBar = 330;
 
 }  // namespace
 
-MemberLists::MemberLists(Component& component, Container& parent, std::string name)
-    : Frame(parent, std::move(name)), component_(component) {
+MemberLists::MemberLists(const UserInterface& person, Container& parent, std::string name)
+    : Frame(parent, std::move(name)), person_(person) {
     listen(CmdAddft, "MemberLists::CmdAddft_Click", LV1, LV2, false);
     listen(CmdAddAllft, "MemberLists::CmdAddAllft_Click", LV1, LV2, true);
     listen(CmdRevomeft, "MemberLists::CmdRevomeft_Click", LV2, LV1, false);
@@ -36,7 +38,7 @@ void MemberLists::listen(Button& button, const char* operation, ListView& source
 
 void MemberLists::listen(ListView& list, ListView& other) {
     subscriptions_.push_back(list.columnClicked.subscribe([this, &list](int col) {
-        trap(component_.trace(), "MemberLists::ColumnClick", [&] { cListViewOps::SortColumn(list, col); });
+        trap(person_.operations(), "MemberLists::ColumnClick", [&] { cListViewOps::SortColumn(list, col); });
     }));
     subscriptions_.push_back(list.doubleClicked.subscribe([this, &list, &other](int index) {
         if (index < 0) return;
@@ -46,19 +48,19 @@ void MemberLists::listen(ListView& list, ListView& other) {
 }
 
 void MemberLists::move(const char* operation, ListView& source, ListView& target, bool all) {
-    trap(component_.trace(), operation, [&] { cListViewOps::MoveListItems(source, target, all); });
+    trap(person_.operations(), operation, [&] { cListViewOps::MoveListItems(source, target, all); });
 }
 
 void MemberLists::prepare() {
     LV1.clear();
     LV2.clear();
-    LV1.setColumnHeaders({{component_.GetString("Nonmembers"), 0}});
-    LV2.setColumnHeaders({{component_.GetString("Members"), 0}});
-    CmdAddft.setToolTip(component_.GetString("Move Selected Items to Members List"));
-    CmdAddAllft.setToolTip(component_.GetString("Move All Items to Members List"));
-    CmdRevomeft.setToolTip(component_.GetString("Move Selected Items to Nonmembers List"));
-    CmdremoveAllft.setToolTip(component_.GetString("Move All Items to Nonmembers List"));
-    Cmdrefresh.setCaption(component_.GetString("Refresh"));
+    LV1.setColumnHeaders({{person_.texts.GetString("Nonmembers"), 0}});
+    LV2.setColumnHeaders({{person_.texts.GetString("Members"), 0}});
+    CmdAddft.setToolTip(person_.texts.GetString("Move Selected Items to Members List"));
+    CmdAddAllft.setToolTip(person_.texts.GetString("Move All Items to Members List"));
+    CmdRevomeft.setToolTip(person_.texts.GetString("Move Selected Items to Nonmembers List"));
+    CmdremoveAllft.setToolTip(person_.texts.GetString("Move All Items to Nonmembers List"));
+    Cmdrefresh.setCaption(person_.texts.GetString("Refresh"));
 }
 
 void MemberLists::show(const std::vector<ListItem>& nonMembers, const std::vector<ListItem>& members) {
@@ -97,6 +99,24 @@ void MemberLists::arrange(Size client) {
     }
     Cmdrefresh.setBounds(
         {left, std::max(top + height - kButton.height, at + kGap), kButton.width, kButton.height});
+}
+
+std::vector<ListItem> itemsOf(RecordSet& records) {
+    const std::size_t id = records.requireField(field::kId);
+    const std::size_t name = records.requireField(field::kName);
+    std::vector<ListItem> items;
+    for (std::size_t i = 0; i < records.count(); ++i) {
+        items.push_back({records.text(i, id), records.text(i, name), {}});
+    }
+    return items;
+}
+
+std::vector<ListItem> withoutMembers(std::vector<ListItem> all, const std::vector<ListItem>& members) {
+    std::set<std::string> keys;
+    for (const ListItem& member : members)
+        keys.insert(lowerAscii(member.key));
+    std::erase_if(all, [&keys](const ListItem& item) { return keys.contains(lowerAscii(item.key)); });
+    return all;
 }
 
 }  // namespace pellmark

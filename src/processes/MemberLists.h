@@ -5,16 +5,16 @@
 
 #include "controls/Controls.h"
 #include "controls/list/ListView.h"
+#include "knowledge/RecordSet.h"
+#include "util/UserInterface.h"
 
 namespace pellmark {
-
-class Component;
 
 /// Two lists side by side, what belongs and what does not, with the buttons that move items between them.
 /// Moving changes the lists alone; whoever owns them stores the outcome.
 class MemberLists : public Frame {
   public:
-    MemberLists(Component& component, Container& parent, std::string name);
+    MemberLists(const UserInterface& person, Container& parent, std::string name);
 
     /// Headings, tool tips and captions in the language of the current call; both lists are cleared.
     void prepare();
@@ -37,8 +37,14 @@ class MemberLists : public Frame {
     void listen(Button& button, const char* operation, ListView& source, ListView& target, bool all);
     void listen(ListView& list, ListView& other);
 
-    Component& component_;
+    UserInterface person_;
     std::vector<Subscription> subscriptions_;
 };
+
+/// The items of a record set of ids and names, read to the end before anything is shown.
+std::vector<ListItem> itemsOf(RecordSet& records);
+
+/// What there is beyond the members, in its order.
+std::vector<ListItem> withoutMembers(std::vector<ListItem> all, const std::vector<ListItem>& members);
 
 }  // namespace pellmark

@@ -1,29 +1,40 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "controls/grid/ColumnTable.h"
 #include "controls/grid/Grid.h"
-#include "knowledge/Records.h"
+#include "featurecases/cFeatureCase.h"
+#include "knowledge/KnowledgeBaseService.h"
+#include "ports/HostInterfaces.h"
+#include "settings/cQDLExtSettings.h"
+#include "util/Rights.h"
+#include "util/UserInterface.h"
+#include "util/cVSGridOps.h"
 
 namespace pellmark {
 
-class Component;
-
 /// The process list: fills one grid with every process of the knowledge base, or with those of the current
-/// feature case when a feature-case view exists, and carries the commands on its selected rows.
+/// feature case where it belongs to a feature-case view, and carries the commands on its selected rows. What
+/// it is handed must outlive it. Commands tell the person of their failures; a fill ends quietly.
 class cProcess {
   public:
-    explicit cProcess(Component& component);
+    /// `featureCase` is null for the list of all processes.
+    cProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase, Rights& rights,
+             cQDLExtSettings& settings, cVSGridOps& gridOps, HostApplication& host,
+             cFeatureCase* featureCase);
     ~cProcess();
 
-    /// Keeps the grid, which must outlive the list, and lays it out for the current mode.
+    /// Keeps the grid, which must outlive the list, and lays it out.
     void Init(Grid& grid);
-    /// Refills the list in the current mode and selects the process, or the first row when it is not listed.
+    /// Refills the list and selects the process, or the first row when it is not listed.
     void RefreshList(const std::string& selectId);
     void RefreshListfeatureCase(const std::string& selectId);
-    /// Lays the grid out as Init does and selects the process where it is listed.
+    /// Names the columns as Init does, in the language of now, and selects the process where it is listed.
+    /// Widths, order and visibility stay as the person left them.
     void SetProcessGui(const std::string& id);
     /// Names of processes attached to no feature case in red, all others in black.
     void SetOrphanColor();
@@ -40,27 +51,49 @@ class cProcess {
     void AddNewWizard();
     /// Opens the dialog on the current process; does nothing without one.
     void Editwizard();
+    /// Opens the dialog on that process, or for a new one where the id is "", over the owner. The right to do
+    /// so is checked when the person confirms.
+    void editForHost(const std::string& id, WindowHandle owner);
     /// Lets the user choose which stored processes are attached to the current feature case.
     void EditExistingProcesseswizard();
     /// Opens the editor of the current process's materials; does nothing without a data row.
     void EditMaterialsWizard();
 
     Grid& grid() const { return *grid_; }
+    /// The results behind the rows of a feature case, in their order, those beyond the limit included.
+    const std::vector<pNode>& results() const { return results_; }
+
+    /// The current process became another one, or its list was filled anew: once for each such event.
+    Event<> currentChanged;
 
   private:
+    class OneChange;
+
     WindowHandle ownerWindow() const;
-    void layOut();
-    void hideInternalColumns();
+    std::span<const ColumnSpec> columns() const;
+    HeadingText headings() const;
+    void hideInternal();
+    void fill(const std::string& selectId);
     void fillAll(const std::string& selectId);
     void fillFeatureCase(const std::string& selectId);
-    std::vector<pNode> listedResults();
+    void markMatches();
+    void cutToLimit();
     void selectProcess(const std::string& id);
+    void selectLast();
     void offerSelection(DragData& drag);
-    template <class Remove>
-    void removeSelected(Remove&& remove);
+    void openDialog(const std::string& id, WindowHandle owner, Rights* atOk);
 
-    Component& component_;
+    UserInterface person_;
+    KnowledgeBaseService& knowledgeBase_;
+    Rights& rights_;
+    cQDLExtSettings& settings_;
+    cVSGridOps& gridOps_;
+    HostApplication& host_;
+    cFeatureCase* featureCase_;
     Grid* grid_ = nullptr;
+    std::vector<pNode> results_;
+    std::string fillFailure_;  ///< why the last fill failed, "" when it did not
+    int heldBack_ = 0;
     std::vector<Subscription> subscriptions_;
 };
 

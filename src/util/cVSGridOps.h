@@ -25,7 +25,8 @@ class cVSGridOps {
     /// The user's temporary folder with its trailing "\"; "" when the system has none.
     std::string GetTempFolderPath();
     /// Writes the selected rows, in selection order, under a heading line, and returns the text written.
-    /// Left out are cells with a picture and those whose text begins with "{" (ids). Nothing is quoted.
+    /// Left out are cells with a picture and those whose text begins with "{" (ids). Texts are the stored ones
+    /// ("71"), and nothing is quoted. Where the file cannot be written the trace says why.
     std::string SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
                                              const std::string& separator);
 

@@ -55,11 +55,11 @@ class ApplicationObjectTest : public testing::Test {
 TEST_F(ApplicationObjectTest, OmittedArgumentsTakeTheirDefaults) {
     ASSERT_EQ(invoke(Member::ShowWindowProcessCaseView, {host(), "value"}), S_OK);
     const CaseDescription& description = onlyCall().description;
-    EXPECT_EQ(description.valuesGuids, (Texts{"value"}));
-    EXPECT_EQ(description.featureCaseUnit, -1);
+    EXPECT_EQ(description.valueIds, (Texts{"value"}));
+    EXPECT_EQ(description.unit, -1);
     EXPECT_EQ(description.nvxFeatureType, -1);
     EXPECT_EQ(description.processUnit, -1);
-    EXPECT_EQ(description.partTypeGuid, "");
+    EXPECT_EQ(description.partTypeId, "");
     EXPECT_EQ(description.processStepGuid, "");
     EXPECT_EQ(result_.type(), VT_EMPTY);
 }
@@ -68,10 +68,10 @@ TEST_F(ApplicationObjectTest, AnArgumentLeftOutBetweenOthersTakesItsDefault) {
     ASSERT_EQ(invoke(Member::ShowWindowProcessCaseView, {host(), "value", VariantArg::missing(),
                                                          std::int32_t{3}, VariantArg::missing(), "type"}),
               S_OK);
-    EXPECT_EQ(onlyCall().description.featureCaseUnit, -1);
+    EXPECT_EQ(onlyCall().description.unit, -1);
     EXPECT_EQ(onlyCall().description.nvxFeatureType, 3);
-    EXPECT_EQ(onlyCall().description.partTypeGuid, "");
-    EXPECT_EQ(onlyCall().description.featureTypeGuid, "type");
+    EXPECT_EQ(onlyCall().description.partTypeId, "");
+    EXPECT_EQ(onlyCall().description.featureTypeId, "type");
 }
 
 TEST_F(ApplicationObjectTest, EveryArgumentReachesItsPlace) {
@@ -85,11 +85,11 @@ TEST_F(ApplicationObjectTest, EveryArgumentReachesItsPlace) {
     EXPECT_EQ(call.method, "OpenProcess");
     EXPECT_EQ(call.host, host_.get());
     EXPECT_EQ(call.owner, owner.get());
-    EXPECT_EQ(call.description.featureCaseUnit, 70);
+    EXPECT_EQ(call.description.unit, 70);
     EXPECT_EQ(call.description.nvxFeatureType, 5);
-    EXPECT_EQ(call.description.partTypeGuid, "part");
-    EXPECT_EQ(call.description.featureTypeGuid, "feature");
-    EXPECT_EQ(call.description.processMaterialClassGuid, "material");
+    EXPECT_EQ(call.description.partTypeId, "part");
+    EXPECT_EQ(call.description.featureTypeId, "feature");
+    EXPECT_EQ(call.description.materialClassId, "material");
     EXPECT_EQ(call.description.processUnit, 71);
     EXPECT_EQ(call.description.processGuid, "process");
     EXPECT_EQ(call.description.processStepGuid, "step");
@@ -316,9 +316,9 @@ TEST_F(ApplicationObjectTest, AnEarlyBoundCallReachesTheComponent) {
               S_OK);
     EXPECT_EQ(onlyCall().method, "OpenFeatureCase");
     EXPECT_EQ(onlyCall().owner, owner.get());
-    EXPECT_EQ(onlyCall().description.valuesGuids, (Texts{"value"}));
-    EXPECT_EQ(onlyCall().description.featureCaseUnit, 70);
-    EXPECT_EQ(onlyCall().description.partTypeGuid, "part");
+    EXPECT_EQ(onlyCall().description.valueIds, (Texts{"value"}));
+    EXPECT_EQ(onlyCall().description.unit, 70);
+    EXPECT_EQ(onlyCall().description.partTypeId, "part");
     EXPECT_EQ(Bstr::adopt(result).utf8(), "{case}");
     SysFreeString(part);
     SafeArrayDestroy(values);

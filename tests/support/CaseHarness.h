@@ -13,9 +13,9 @@ namespace pellmark::test {
 
 /// A knowledge base of one feature type with two keys, and the views of the main form over it, as the dialogs
 /// of the process list find them.
-struct CaseHarness : ComponentHarness {
+struct CaseHarness : ServicesHarness {
     CaseHarness() {
-        component.configureTranslation(*host, "Norvex - Process Manager");
+        services.configureTexts(*host, "Norvex - Process Manager");
         hole = base.addFeatureType("Hole");
         diameter = base.addKey(hole, "Diameter");
         d8 = base.addValue(diameter, "8");
@@ -24,9 +24,9 @@ struct CaseHarness : ComponentHarness {
         metals = base.addMaterialClass("Metals");
     }
 
-    FrmMain& mainForm() { return component.mainForm(); }
-    cProcess& list() { return *component.processes(); }
-    cFeatureCase& view() { return *component.featureCase(); }
+    FrmMain& mainForm() { return main; }
+    cProcess& list() { return *main.processes(); }
+    cFeatureCase& view() { return main.caseView()->featureCase; }
     /// All processes of the knowledge base.
     void openProcesses() {
         mainForm().SetView(FRView::FRProcesses);
@@ -59,6 +59,7 @@ struct CaseHarness : ComponentHarness {
         return made;
     }
 
+    FrmMain main{services.forViews()};
     std::string hole, diameter, d8, d10, m8, metals;
 };
 

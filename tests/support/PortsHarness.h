@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/Component.h"
 #include "host/Platform.h"
+#include "host/Services.h"
 #include "support/FakeHost.h"
 #include "support/FakeKnowledgeBase.h"
 #include "support/MemoryFileSystem.h"
@@ -44,7 +44,8 @@ struct PortsHarness {
         registry.setText(Registry::kCurrentUser, kSettings, option, value);
     }
     Platform platform() {
-        return {desktop, registry, codePage, files, idle, help, library, operations, "C:\\Pellmark", "Norvex"};
+        return {desktop, registry, codePage,   files,          idle,
+                help,    library,  operations, "C:\\Pellmark", "Norvex"};
     }
 
     FakeKnowledgeBase base;
@@ -60,12 +61,12 @@ struct PortsHarness {
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();
 };
 
-/// A component whose controllers are tested one by one, on a form of the test's own.
-struct ComponentHarness : PortsHarness {
-    ComponentHarness() { component.setHost(host); }
+/// The services of a component whose controllers are tested one by one, on a form of the test's own.
+struct ServicesHarness : PortsHarness {
+    ServicesHarness() { services.host.set(host); }
 
-    Application application{platform()};
-    Component component{application, platform()};
+    Services services{platform()};
+    UserInterface& person = services.person;
     Form form{desktop, "FrmTest"};
 };
 

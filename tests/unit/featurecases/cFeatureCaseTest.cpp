@@ -18,7 +18,7 @@ constexpr int kTypeRow = FeatureCaseGrid::kTypeRow;
 constexpr int kValueCol = FeatureCaseGrid::kValueCol;
 
 /// A Process Case view over holes (two keys) and metric slots, opened as the main form opens it.
-class CFeatureCaseTest : public testing::Test, protected ComponentHarness {
+class CFeatureCaseTest : public testing::Test, protected ServicesHarness {
   protected:
     CFeatureCaseTest() {
         base.addNvxFeatureType(3, "Hole features");
@@ -40,8 +40,8 @@ class CFeatureCaseTest : public testing::Test, protected ComponentHarness {
         form_().SetView(FRView::FRProcesscase);
         base.forgetCalls();
     }
-    FrmMain& form_() { return component.mainForm(); }
-    cFeatureCase& view() { return *component.featureCase(); }
+    FrmMain& form_() { return main; }
+    cFeatureCase& view() { return main.caseView()->featureCase; }
     Grid& grid() { return form_().VSFGProcessCase; }
     Grid& list() { return form_().VSFGProcessCaseResults; }
     void chooseInGrid(int row, const std::string& stored) {
@@ -76,6 +76,7 @@ class CFeatureCaseTest : public testing::Test, protected ComponentHarness {
         view().SetValuesGui({m8, d10});
     }
 
+    FrmMain main{services.forViews()};
     std::string prismatic, turned, steel, hole, slot, diameter, d8, d10, thread, m8, width, w5;
 };
 
@@ -260,7 +261,7 @@ TEST_F(CFeatureCaseTest, ChoosingAValueListsTheProcessesOfTheCase) {
     chooseInGrid(kTypeRow, hole);
     EXPECT_EQ(list().dataRows(), 0);
     chooseInGrid(2, d8);
-    EXPECT_EQ(component.processes()->SelectedProcessID(), drill);
+    EXPECT_EQ(main.processes()->SelectedProcessID(), drill);
     chooseInGrid(2, "");
     EXPECT_EQ(list().dataRows(), 0);
 }
@@ -274,7 +275,7 @@ TEST_F(CFeatureCaseTest, TheSelectedProcessStaysSelectedWhileItIsListed) {
     view().SetValuesGui({d8});
     list().select(list().findRow(second), 0);
     chooseInGrid(3, m8);
-    EXPECT_EQ(component.processes()->SelectedProcessID(), second);
+    EXPECT_EQ(main.processes()->SelectedProcessID(), second);
 }
 
 TEST_F(CFeatureCaseTest, AClickOnMaterialOrProcessUnitRefillsTheListAndLeavesTheGrid) {
@@ -394,7 +395,7 @@ TEST_F(CFeatureCaseTest, PropertiesOfNoCaseSaysSo) {
 }
 
 TEST_F(CFeatureCaseTest, BeforeInitEveryAnswerIsThatOfNoCase) {
-    cFeatureCase early(component);
+    cFeatureCase early(person, services.forViews().knowledgeBase, services.creation);
     early.SetValuesGui({d8});
     early.SetFeatureTypeGui(hole);
     early.SetFeatureCaseUnitGui(unit::kInch);

@@ -29,8 +29,8 @@ class ApplicationPicksTest : public testing::Test, protected PortsHarness {
         partial = base.addProcess("Drill");
         caseM6 = base.addFeatureCase(hole, {m6, deep}, {exact});
         base.addFeatureCase(hole, {deep}, {partial});
-        description.featureTypeGuid = hole;
-        description.valuesGuids = {m6, deep};
+        description.featureTypeId = hole;
+        description.valueIds = {m6, deep};
     }
 
     /// The main form's script: looks or works, then closes by the given button.
@@ -93,7 +93,7 @@ TEST_F(ApplicationPicksTest, OpenFeatureCaseAnswersTheExactCase) {
 }
 
 TEST_F(ApplicationPicksTest, OpenFeatureCaseCreatesAMissingCaseWithOneValueEach) {
-    description.valuesGuids = {m8, deep};
+    description.valueIds = {m8, deep};
     desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK));
     const std::string created = app.OpenFeatureCase(host, 9, description);
     EXPECT_NE(created, "");
@@ -116,7 +116,7 @@ TEST_F(ApplicationPicksTest, ACancelledOpenFeatureCaseAnswersTheLastConfirmedOne
 }
 
 TEST_F(ApplicationPicksTest, ACancelledPickOfACaseDoesNotMakeTheNextOkOneOfACase) {
-    description.valuesGuids = {m8, deep};
+    description.valueIds = {m8, deep};
     desktop.expectDialog("FrmMain", closing(&FrmMain::CmdCancel));
     app.OpenFeatureCase(host, 9, description);
     desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK));
@@ -159,7 +159,7 @@ TEST_F(ApplicationPicksTest, EditProcessNamesItselfInTheTitle) {
 }
 
 TEST_F(ApplicationPicksTest, TheCaseViewIsEmbeddedWithItsDescription) {
-    description.featureCaseUnit = unit::kMetric;
+    description.unit = unit::kMetric;
     description.nvxFeatureType = 3;
     description.processGuid = partial;
     base.addNvxFeatureType(3, "Threaded hole");

@@ -47,7 +47,7 @@ TEST_F(ApplicationTest, WithoutAConnectionEveryMethodSaysSoAndEndsEmpty) {
         desktop.expectMessage("Keine Verbindung");
         call(*app, host);
         EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
-        EXPECT_EQ(desktop.messages().back().title, "");
+        EXPECT_THAT(desktop.messages().back().title, testing::StartsWith("Norvex - Process "));
     }
     EXPECT_THAT(windows(), IsEmpty());
 }
@@ -57,7 +57,7 @@ TEST_F(ApplicationTest, AMissingHostLibraryCountsAsNotConnected) {
     app = std::make_unique<Application>(platform());
     desktop.expectMessage("Not connected to database");
     app->ShowWindowProcessesView(host, "");
-    EXPECT_THAT(trace.lines(), Contains(HasSubstr("Component::Component: error 26105")));
+    EXPECT_THAT(trace.lines(), Contains(HasSubstr("Services::createKnowledgeBase: error 26105")));
 }
 
 TEST_F(ApplicationTest, TheTranslationServiceIsBoundAtEachCall) {

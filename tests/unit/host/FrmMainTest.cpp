@@ -10,9 +10,9 @@
 namespace pellmark::test {
 namespace {
 
-class FrmMainTest : public testing::Test, protected ComponentHarness {
+class FrmMainTest : public testing::Test, protected ServicesHarness {
   protected:
-    FrmMain& main = component.mainForm();
+    FrmMain main{services.forViews()};
 };
 
 TEST_F(FrmMainTest, LoadingCaptionsTheTabs) {
@@ -25,12 +25,12 @@ TEST_F(FrmMainTest, LoadingCaptionsTheTabs) {
 TEST_F(FrmMainTest, AHostsSwitchMovesTheTabsAndBuildsTheView) {
     main.SetView(FRView::FRProcesscase);
     EXPECT_EQ(main.TabCtrl.index(), 1);
-    EXPECT_NE(component.featureCase(), nullptr);
-    EXPECT_EQ(&component.processes()->grid(), &main.VSFGProcessCaseResults);
+    EXPECT_NE(main.caseView(), nullptr);
+    EXPECT_EQ(&main.processes()->grid(), &main.VSFGProcessCaseResults);
     main.SetView(FRView::FRProcesses);
     EXPECT_EQ(main.TabCtrl.index(), 0);
-    EXPECT_EQ(component.featureCase(), nullptr);
-    EXPECT_EQ(&component.processes()->grid(), &main.VSFGAllProcesses);
+    EXPECT_EQ(main.caseView(), nullptr);
+    EXPECT_EQ(&main.processes()->grid(), &main.VSFGAllProcesses);
 }
 
 TEST_F(FrmMainTest, AClickOnATabRebuildsTheViewWithoutMovingTheTabAgain) {
@@ -57,25 +57,24 @@ TEST_F(FrmMainTest, TheStepGridStandsReadyWithItsColumns) {
 }
 
 TEST_F(FrmMainTest, OkWithoutASelectionAnswersAnEmptyProcess) {
-    application.ReturnProcessGuid = "old";
     main.SetView(FRView::FRProcesses);
     main.load();
     main.CmdOK.click();
-    EXPECT_EQ(application.ReturnProcessGuid, "");
-    EXPECT_EQ(application.ReturnFeatureCaseGuid, "");
+    ASSERT_TRUE(main.picked());
+    EXPECT_EQ(main.picked()->processId, "");
+    EXPECT_EQ(main.picked()->featureCaseId, "");
     EXPECT_FALSE(main.isLoaded());
 }
 
 TEST_F(FrmMainTest, CancelUnloadsAndWritesNothing) {
-    application.ReturnProcessGuid = "old";
     main.load();
     main.CmdCancel.click();
-    EXPECT_EQ(application.ReturnProcessGuid, "old");
+    EXPECT_FALSE(main.picked());
     EXPECT_FALSE(main.isLoaded());
 }
 
 TEST_F(FrmMainTest, HelpOpensItsContextOverTheForm) {
-    component.setHelpFile("C:\\Norvex\\Help\\1033\\qdl.chm");
+    services.take(host);
     main.load();
     main.CmdHelp.click();
     ASSERT_EQ(help.opened.size(), 1U);

@@ -245,19 +245,30 @@ TEST_F(FrmMenuTest, PropertiesDescribesTheFeatureCase) {
     press(mainForm().VSFGProcessCase);
 }
 
-TEST_F(FrmMenuTest, TheMaterialsOfTheCurrentProcessOpenWithoutAMenu) {
+TEST_F(FrmMenuTest, ControlMOpensTheMaterialsOfTheCurrentProcess) {
     base.addProcess("Drill");
     openProcesses();
     desktop.expectDialog("FrmEditProcessMaterials", [](Form& dialog) { dialog.close(); });
-    menus().EditMaterials();
+    KeyPress key{'M', false, true};
+    allProcesses().keyPressed.raise(key);
+    EXPECT_TRUE(key.handled);
 }
 
-TEST_F(FrmMenuTest, WithoutControllersTheCommandsDoNothing) {
+TEST_F(FrmMenuTest, MAloneIsLeftToTheGrid) {
+    base.addProcess("Drill");
     openProcesses();
-    component.releaseControllers();
-    menus().EditMaterials();
-    take(allProcesses(), "mnuProcess", "mnuProcessDelete");
-    EXPECT_THAT(trace.lines(), IsEmpty());
+    KeyPress key{'M'};
+    allProcesses().keyPressed.raise(key);
+    EXPECT_FALSE(key.handled);
+}
+
+TEST_F(FrmMenuTest, WithoutAViewNoGridOpensAMenu) {
+    openProcesses();
+    main.releaseView();
+    press(allProcesses());
+    KeyPress key{'M', false, true};
+    allProcesses().keyPressed.raise(key);
+    EXPECT_FALSE(key.handled);
 }
 
 }  // namespace

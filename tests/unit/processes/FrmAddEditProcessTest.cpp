@@ -355,17 +355,22 @@ TEST_F(FrmAddEditProcessTest, AnAttachThatFailsDoesNotAddTheProcessASecondTime) 
     EXPECT_EQ(base.callsOf("attach").back(), "attach " + added() + " " + featureCase);
 }
 
-TEST_F(FrmAddEditProcessTest, MaterialsThatCannotBeReadLeaveBothListsEmptySoThatOkRemovesNone) {
+TEST_F(FrmAddEditProcessTest, MaterialsThatCannotBeReadOpenNoDialogButSayWhy) {
     base.throwOn("materialsOf");
     openProcesses();
     desktop.expectMessage("The knowledge base failed on purpose.");
-    expectDialog([&](FrmAddEditProcess& dialog) {
-        EXPECT_THAT(shown(dialog.FrameMaterialClass.LV1), IsEmpty());
-        dialog.CmdOk.click();
-    });
     list().Editwizard();
-    EXPECT_THAT(base.callsOf("removeMaterial"), IsEmpty());
-    EXPECT_THAT(base.tables().findProcess(drill)->materials, ElementsAre(steel));
+    EXPECT_THAT(desktop.windows(), IsEmpty());
+}
+
+TEST_F(FrmAddEditProcessTest, ARefreshThatFailsLeavesTheListsAsTheyAre) {
+    edit([&](FrmAddEditProcess& dialog) {
+        base.throwOn("materialsOf");
+        desktop.expectMessage("The knowledge base failed on purpose.");
+        dialog.FrameMaterialClass.Cmdrefresh.click();
+        EXPECT_THAT(shown(dialog.FrameMaterialClass.LV2), ElementsAre("Steel"));
+        dialog.CmdCancel.click();
+    });
 }
 
 TEST_F(FrmAddEditProcessTest, ATextLongerThanItsFieldIsRefusedByTheStoreAndTold) {
@@ -395,7 +400,7 @@ TEST_F(FrmAddEditProcessTest, EditingWithoutADataRowOpensNothing) {
 }
 
 TEST_F(FrmAddEditProcessTest, AHostThatCannotTellItsUnitStillLetsAProcessBeMade) {
-    component.setHost(nullptr);
+    services.host.set(nullptr);
     openProcesses();
     addNew([&](FrmAddEditProcess& dialog) {
         EXPECT_EQ(dialog.CmbUnit.selected()->text, "Metric");
@@ -418,7 +423,7 @@ TEST_F(FrmAddEditProcessTest, EnterAndEscapeAreOkAndCancelAndOtherCaptionsHaveTh
 }
 
 TEST_F(FrmAddEditProcessTest, TheListsGrowWithTheDialogAndTheButtonsStayAtItsCorner) {
-    FrmAddEditProcess dialog(component, "");
+    FrmAddEditProcess dialog(person, services.forViews().knowledgeBase, services.host, nullptr, "", nullptr);
     dialog.resized({12300, 9650});
     EXPECT_EQ(dialog.TxtName.bounds().right(), 12150);
     EXPECT_EQ(dialog.CmdHelp.bounds().right(), 12150);

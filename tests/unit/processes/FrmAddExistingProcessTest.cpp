@@ -151,8 +151,7 @@ TEST_F(FrmAddExistingProcessTest, ACaseOfNoUnitIsNotCreatedAndTheUserIsToldWhatT
     openCase({d10}, unit::kNone);
     run([&](FrmAddExistingProcess& dialog) {
         dialog.FrameProcesses.CmdAddAllft.click();
-        desktop.expectMessage(
-            "The feature case is not stored yet. Choose its unit, then attach processes to it.");
+        desktop.expectMessage("The feature case is not stored yet. Choose its unit first.");
         dialog.CmdOk.click();
         EXPECT_TRUE(dialog.isShown());
         dialog.CmdCancel.click();
@@ -222,15 +221,22 @@ TEST_F(FrmAddExistingProcessTest, ARefusedDetachIsTracedAndTheOthersAreHandled) 
     EXPECT_THAT(desktop.messages(), IsEmpty());
 }
 
-TEST_F(FrmAddExistingProcessTest, CandidatesThatCannotBeReadLeaveBothListsEmptySoThatOkDetachesNone) {
+TEST_F(FrmAddExistingProcessTest, CandidatesThatCannotBeReadOpenNoDialogButSayWhy) {
     openCase({d8});
     base.throwOn("processes");
     desktop.expectMessage("The knowledge base failed on purpose.");
-    run([&](FrmAddExistingProcess& dialog) {
-        EXPECT_THAT(shown(dialog.FrameProcesses.LV2), IsEmpty());
-        base.stopThrowing();
-        dialog.CmdOk.click();
-    });
+    list().EditExistingProcesseswizard();
+    EXPECT_THAT(desktop.windows(), IsEmpty());
+    EXPECT_THAT(changes(), IsEmpty());
+}
+
+TEST_F(FrmAddExistingProcessTest, AListThatCouldNotBeFilledOpensNoDialogButSaysWhy) {
+    base.throwOn("processesOfValues");
+    openCase({d8});
+    base.stopThrowing();
+    desktop.expectMessage("The knowledge base failed on purpose.");
+    list().EditExistingProcesseswizard();
+    EXPECT_THAT(desktop.windows(), IsEmpty());
     EXPECT_THAT(changes(), IsEmpty());
 }
 

@@ -117,12 +117,18 @@ TEST_F(FrmEditProcessMaterialsTest, AFailureHalfWayIsToldAndWhatWasSentStaysSent
     EXPECT_TRUE(trace.trapped("FrmEditProcessMaterials::CmdOk_Click"));
 }
 
-TEST_F(FrmEditProcessMaterialsTest, MaterialsThatCannotBeReadAreToldAndRefreshTriesAgain) {
+TEST_F(FrmEditProcessMaterialsTest, MaterialsThatCannotBeReadOpenNoDialogButSayWhy) {
+    openProcesses();
     base.throwOn("materials");
     desktop.expectMessage("The knowledge base failed on purpose.");
+    list().EditMaterialsWizard();
+    EXPECT_THAT(desktop.windows(), testing::Not(testing::Contains("create FrmEditProcessMaterials")));
+}
+
+TEST_F(FrmEditProcessMaterialsTest, ARefreshThatFailsLeavesTheListsAsTheyAre) {
     run([&](FrmEditProcessMaterials& dialog) {
-        EXPECT_THAT(shown(dialog.FrameMaterials.LV1), IsEmpty());
-        base.stopThrowing();
+        base.throwOn("materials");
+        desktop.expectMessage("The knowledge base failed on purpose.");
         dialog.FrameMaterials.Cmdrefresh.click();
         EXPECT_THAT(shown(dialog.FrameMaterials.LV1), ElementsAre("Brass", "Tin"));
         dialog.CmdCancel.click();

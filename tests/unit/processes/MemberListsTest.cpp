@@ -16,7 +16,7 @@ struct MemberListsTest : testing::Test, CaseHarness {
         lists.prepare();
         lists.show({{"1", "b", {}}, {"2", "a", {}}}, {{"3", "c", {}}});
     }
-    MemberLists lists{component, form, "FrameProcesses"};
+    MemberLists lists{person, form, "FrameProcesses"};
 };
 
 TEST_F(MemberListsTest, TheFourButtonsMoveSelectedOrAllItemsEachWay) {

@@ -15,7 +15,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 /// The list in all-processes mode: no feature-case view exists.
-class CProcessTest : public testing::Test, protected ComponentHarness {
+class CProcessTest : public testing::Test, protected ServicesHarness {
   protected:
     void start() {
         list.Init(grid);
@@ -32,7 +32,10 @@ class CProcessTest : public testing::Test, protected ComponentHarness {
     }
 
     Grid grid{form, "VSFG"};
-    cProcess list{component};
+    cProcess list{person,           services.forViews().knowledgeBase,
+                  services.rights,  services.settings,
+                  services.gridOps, services.host,
+                  nullptr};
 };
 
 TEST_F(CProcessTest, TheColumnsStandAsTheyAreKnown) {
@@ -158,11 +161,21 @@ TEST_F(CProcessTest, ADragOffersTheSelectedRowsAsTabbedText) {
     grid.selectBlock(1, 0, 2, 4);
     DragData drag{"old", {"old.txt"}, false};
     grid.dragStarted.raise(drag);
-    const std::string comma = "Name,Unit,Rule,Description\r\na,Metric,x > 1,first\r\nb,Inch,,\r\n\r\n";
+    const std::string comma = "Name,Unit,Rule,Description\r\na,71,x > 1,first\r\nb,70,,\r\n\r\n";
     EXPECT_EQ(files.contents(files.temporaryFolder() + "Processes.csv"), comma);
     EXPECT_EQ(drag.text, replaced(comma, ',', '\t'));
     EXPECT_THAT(drag.files, IsEmpty());
     EXPECT_TRUE(drag.copyOnly);
+}
+
+TEST_F(CProcessTest, ADragOffersItsTextThoughItsFileCannotBeWritten) {
+    base.addProcess("a");
+    start();
+    files.breakDown(true);
+    DragData drag;
+    grid.dragStarted.raise(drag);
+    EXPECT_EQ(drag.text, "Name\tUnit\tRule\tDescription\r\na\t71\t\t\r\n\r\n");
+    EXPECT_TRUE(trace.trapped("cFileIO::WriteFile"));
 }
 
 // --- deletion
@@ -220,6 +233,9 @@ TEST_F(CProcessDeleteTest, AProcessThatFailsKeepsItsRowAndLeavesATrace) {
     selectRows({1, 2});
     base.throwOn("deleteProcess");
     desktop.expectMessage(kDeleteQuestion);
+    desktop.expectMessage(
+        "The knowledge base failed. Still there:\r\nb: The knowledge base failed on purpose.\r\n"
+        "a: The knowledge base failed on purpose.\r\n\r\nRemoved: 0 / 2");
     list.Delete();
     EXPECT_EQ(grid.rows(), 3);
     EXPECT_TRUE(trace.trapped("cProcess::Delete"));

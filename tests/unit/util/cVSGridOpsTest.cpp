@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class CVSGridOpsTest : public testing::Test, protected ComponentHarness {
+class CVSGridOpsTest : public testing::Test, protected ServicesHarness {
   protected:
     CVSGridOpsTest() {
         grid.setHeadings("Name|Id|Note");
@@ -27,7 +27,7 @@ class CVSGridOpsTest : public testing::Test, protected ComponentHarness {
     std::string save() { return ops.SaveSelectionAsDelimitedFile(grid, "C:\\out.csv", ","); }
 
     Grid grid{form, "VSFG"};
-    cVSGridOps& ops = component.gridOps();
+    cVSGridOps& ops = services.gridOps;
 };
 
 TEST_F(CVSGridOpsTest, RowDataIsTakenFromTheIdentifierColumnWhateverItsCase) {

@@ -1,4 +1,4 @@
-#include "host/Component.h"
+#include "host/Services.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,30 +8,32 @@
 namespace pellmark::test {
 namespace {
 
-class ComponentTest : public testing::Test, protected ComponentHarness {};
+class ServicesTest : public testing::Test, protected ServicesHarness {};
 
-TEST_F(ComponentTest, TheHelpFileIsThatOfTheHostsLanguage) {
+TEST_F(ServicesTest, TheHelpFileIsThatOfTheHostsLanguage) {
     files.makeFile("C:\\Norvex\\Help\\1031\\qdl.chm");
-    EXPECT_EQ(component.helpFileOf(*host), "C:\\Norvex\\Help\\1031\\qdl.chm");
+    services.take(host);
+    EXPECT_EQ(services.help.HelpFile, "C:\\Norvex\\Help\\1031\\qdl.chm");
 }
 
-TEST_F(ComponentTest, AMissingHelpFolderFallsBackToLocale1033) {
-    EXPECT_EQ(component.helpFileOf(*host), "C:\\Norvex\\Help\\1033\\qdl.chm");
+TEST_F(ServicesTest, AMissingHelpFolderFallsBackToLocale1033) {
+    services.take(host);
+    EXPECT_EQ(services.help.HelpFile, "C:\\Norvex\\Help\\1033\\qdl.chm");
 }
 
-TEST_F(ComponentTest, TheTitleIsLookedUp) {
+TEST_F(ServicesTest, TheTitleIsLookedUp) {
     library.translations["Norvex - Process Tech Loftwise"] = "Norvex - Prozess";
-    component.configureTranslation(*host, "Norvex - Process Tech Loftwise");
-    EXPECT_EQ(component.title(), "Norvex - Prozess");
+    services.configureTexts(*host, "Norvex - Process Tech Loftwise");
+    EXPECT_EQ(services.texts.title(), "Norvex - Prozess");
 }
 
-class CheckPermissionTest : public ComponentTest,
+class CheckPermissionTest : public ServicesTest,
                             public testing::WithParamInterface<std::pair<int, const char*>> {};
 
 TEST_P(CheckPermissionTest, ADeniedRightIsExplained) {
     base.allowed.clear();
     desktop.expectMessage(GetParam().second);
-    EXPECT_FALSE(component.CheckPermission(GetParam().first));
+    EXPECT_FALSE(services.rights.CheckPermission(GetParam().first));
     EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Information);
     EXPECT_EQ(desktop.messages().back().title, "");
 }
@@ -43,16 +45,16 @@ INSTANTIATE_TEST_SUITE_P(
                     std::pair{3, "You do not have permission to delete objects from the database!"},
                     std::pair{4, "You do not have permission to "}));
 
-TEST_F(ComponentTest, AGrantedRightShowsNothing) {
-    EXPECT_TRUE(component.CheckPermission(PermissionEdit));
+TEST_F(ServicesTest, AGrantedRightShowsNothing) {
+    EXPECT_TRUE(services.rights.CheckPermission(PermissionEdit));
 }
 
-TEST_F(ComponentTest, BothPiecesOfTheRefusalAreTranslated) {
+TEST_F(ServicesTest, BothPiecesOfTheRefusalAreTranslated) {
     base.allowed.clear();
     library.translations["You do not have permission to"] = "Keine Rechte:";
     library.translations["edit objects in the database!"] = "bearbeiten";
     desktop.expectMessage("Keine Rechte: bearbeiten");
-    component.CheckPermission(PermissionEdit);
+    services.rights.CheckPermission(PermissionEdit);
 }
 
 }  // namespace

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "featurecases/FeatureCaseCreation.h"
+#include "host/CurrentHost.h"
+#include "host/HTMLHelp.h"
+#include "host/Platform.h"
+#include "host/ViewServices.h"
+#include "settings/cQDLExtSettings.h"
+#include "util/Rights.h"
+#include "util/Texts.h"
+#include "util/UserInterface.h"
+#include "util/cFileIO.h"
+#include "util/cVSGridOps.h"
+
+namespace pellmark {
+
+/// The objects that live once per Application. It hands them, one by one, to whoever works with them.
+class Services {
+  public:
+    explicit Services(const Platform& platform);
+    Services(const Services&) = delete;
+    Services& operator=(const Services&) = delete;
+
+    /// What every public call sets anew: the language, the title (in English) and the table of texts.
+    void configureTexts(HostApplication& host, const std::string& englishTitle);
+    /// The host object of the call, and the help file that belongs to it.
+    void take(const std::shared_ptr<HostApplication>& host);
+    /// False also when the host's service could not be created.
+    bool isConnected();
+
+    ViewServices forViews() { return {person, *knowledgeBase_, rights, settings, gridOps, host, creation}; }
+
+  private:
+    std::string helpFileOf(HostApplication& host);
+    std::unique_ptr<KnowledgeBaseService> createKnowledgeBase();
+
+    Platform platform_;
+    std::unique_ptr<KnowledgeBaseService> knowledgeBase_;
+    std::unique_ptr<LanguageConverter> languages_;
+
+  public:
+    cFileIO files;
+    cQDLExtSettings settings;
+    cVSGridOps gridOps;
+    Texts texts;
+    HTMLHelp help;
+    UserInterface person;
+    Rights rights;
+    CurrentHost host;
+    FeatureCaseCreation creation;
+};
+
+}  // namespace pellmark

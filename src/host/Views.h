@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "featurecases/cFeatureCase.h"
+#include "host/ViewServices.h"
+#include "processes/cProcess.h"
+
+namespace pellmark {
+
+/// How the host describes a feature case, and what is to be selected in it. The defaults are those of the
+/// omitted optional parameters: -1 and "" leave a selection as it is.
+struct CaseDescription : FeatureCaseDescription {
+    std::string processGuid;
+    std::string processStepGuid;
+};
+
+/// The controllers of the list of all processes.
+class ProcessesView {
+  public:
+    ProcessesView(const ViewServices& services, Grid& grid);
+
+    cProcess processes;
+};
+
+/// The controllers of a feature case, wired to each other: the case decides which processes are listed.
+class CaseView {
+  public:
+    CaseView(const ViewServices& services, const FeatureCaseControls& filters, Grid& processGrid);
+
+    /// Shows what the host describes. Filters that the description leaves open stay as they are, and so does
+    /// a selection where it names none.
+    void show(const CaseDescription& description);
+    /// What is shown and selected now, so that it can be shown again.
+    CaseDescription shown();
+
+    cFeatureCase featureCase;
+    cProcess processes;
+
+  private:
+    void caseChanged();
+
+    std::string wantedProcess_;
+    std::vector<Subscription> subscriptions_;
+};
+
+}  // namespace pellmark

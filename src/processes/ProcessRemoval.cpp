@@ -1,0 +1,59 @@
+#include "processes/ProcessRemoval.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "knowledge/Records.h"
+
+namespace pellmark {
+
+namespace {
+
+/// So that the box stays on the screen, however many processes were selected.
+constexpr std::size_t kMostNamed = 10;
+
+}  // namespace
+
+ProcessRemoval::ProcessRemoval(const UserInterface& person, Grid& grid) : person_(person), grid_(grid) {
+    for (int i = 0; i < grid.selectedRows(); ++i) {
+        const int row = grid.selectedRow(i);
+        if (grid.rowData(row).empty()) continue;
+        targets_.push_back(
+            {grid.rowData(row), grid.text(row, field::kFeatureCaseId), grid.text(row, field::kName)});
+    }
+}
+
+void ProcessRemoval::carryOut(const char* operation, const Remove& remove) {
+    std::size_t removed = 0;
+    std::vector<std::string> failures;
+    for (auto target = targets_.rbegin(); target != targets_.rend(); ++target) {
+        bool gone = false;
+        // One process that fails must not keep the others from being handled.
+        trap(person_.operations(), operation, [&] {
+            try {
+                gone = remove(*target);
+            } catch (const std::exception& error) {
+                failures.push_back(target->name + ": " + error.what());
+                throw;
+            }
+        });
+        if (!gone) continue;
+        ++removed;
+        const int row = grid_.findRow(target->id);
+        if (row >= 0) grid_.removeRow(row);
+    }
+    if (!failures.empty()) tell(removed, failures);
+}
+
+void ProcessRemoval::tell(std::size_t removed, const std::vector<std::string>& failures) const {
+    Texts& texts = person_.texts;
+    std::string text = texts.GetString("The knowledge base failed. Still there:");
+    for (std::size_t i = 0; i < std::min(failures.size(), kMostNamed); ++i)
+        text += "\r\n" + failures[i];
+    if (failures.size() > kMostNamed) text += "\r\n+ " + std::to_string(failures.size() - kMostNamed);
+    text += "\r\n\r\n" + texts.GetString("Removed:") + " " + std::to_string(removed) + " / " +
+            std::to_string(targets_.size());
+    person_.show({text, "", MessageIcon::Critical});
+}
+
+}  // namespace pellmark
