@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "settings/NumberOptions.h"
+
 namespace pellmark {
 
 namespace {
@@ -62,7 +64,7 @@ void TraceLog::writeToDebugger(const std::string& line) noexcept {
 }
 
 void TraceLog::appendToFile(const std::string& line) {
-    if (settings_.DebugMode() == 0) return;
+    if (settings_.orDefault(option::kDebugMode) == 0) return;
     const std::string folder = files_.temporaryFolder();
     if (!folder.empty()) files_.append(folder + kFileName, line + "\r\n");
 }

@@ -4,14 +4,9 @@
 
 #include "base/Convert.h"
 #include "ports/FileTests.h"
+#include "settings/NumberOptions.h"
 
 namespace pellmark {
-
-/// The name of a value under the settings key and the number that stands for it while it is missing.
-struct NumberOption {
-    const char* name;
-    std::int32_t whenMissing;
-};
 
 namespace {
 
@@ -21,44 +16,6 @@ constexpr char kModuleFolder[] = "\\Data\\QDLVBModules";
 
 constexpr char kZFeedrateFactor[] = "ZFeedrateFactor";
 constexpr char kSelectedCuttingToolGroup[] = "SelectedCuttingToolGroup";
-
-constexpr std::int32_t rgb(std::int32_t red, std::int32_t green, std::int32_t blue) {
-    return red + 256 * green + 65536 * blue;
-}
-
-constexpr NumberOption kConnectionTimeout{"ConnectionTimeout", 30};
-constexpr NumberOption kProcessMngrSaveProcessesOnExit{"ProcessMngrSaveProcessesOnExit", 0};
-constexpr NumberOption kProcessMngrPromtToSaveDirtyProcess{"ProcessMngrPromtToSaveDirtyProcess", 1};
-constexpr NumberOption kFilterProcessbyMaterial{"FilterProcessbyMaterial", 0};
-constexpr NumberOption kQDLProcMngrApplyToAllFeatures{"QDLProcMngrApplyToAllFeatures", 0};
-constexpr NumberOption kProcessSelectionOnly{"ProcessSelectionOnly", 0};
-constexpr NumberOption kProcessRulesOnOpRebuild{"ProcessRulesOnOpRebuild", 0};
-constexpr NumberOption kRebuildOperations{"RebuildOperations", 0};
-constexpr NumberOption kRebuildFeaturesFromQDL{"RebuildFeaturesFromQDL", 0};
-constexpr NumberOption kRefreshAllToolsLinkedToQDL{"RefreshAllToolsLinkedToQDL", 0};
-constexpr NumberOption kDebugMode{"DebugMode", 0};
-constexpr NumberOption kTechSourceCalcoraComputedBackColor{"TechSourceCalcoraComputedBackColor",
-                                                           rgb(192, 192, 0)};
-constexpr NumberOption kTechSourceCalcoraComputedForeColor{"TechSourceCalcoraComputedForeColor",
-                                                           rgb(0, 0, 0)};
-constexpr NumberOption kTechSourceSFDBCalculatedBackColor{"TechSourceSFDBCalculatedBackColor",
-                                                          rgb(0, 0, 255)};
-constexpr NumberOption kTechSourceSFDBCalculatedForeColor{"TechSourceSFDBCalculatedForeColor",
-                                                          rgb(255, 255, 255)};
-constexpr NumberOption kProcessExactMatch{"ProcessExactMatch", 32768};
-constexpr NumberOption kKnowledgeBaseMissingDataForeColor{"KnowledgeBaseMissingDataForeColor",
-                                                          rgb(255, 0, 0)};
-constexpr NumberOption kFeatureRecTrueRuleForeColor{"FeatureRecTrueRuleForeColor", rgb(0, 128, 0)};
-constexpr NumberOption kProcessListStyle{"ProcessListStyle", 0};
-constexpr NumberOption kMaxProcessReturnNum{"MaxProcessReturnNum", 99};
-constexpr NumberOption kTechSourceFileBackColor{"TechSourceFileBackColor", rgb(128, 255, 255)};
-constexpr NumberOption kTechSourceFileForeColor{"TechSourceFileForeColor", rgb(64, 0, 64)};
-constexpr NumberOption kTechSourceDBStepBackColor{"TechSourceDBStepBackColor", rgb(255, 128, 128)};
-constexpr NumberOption kTechSourceDBStepForeColor{"TechSourceDBStepForeColor", rgb(0, 0, 0)};
-constexpr NumberOption kTechSourceDBDefaultsBackColor{"TechSourceDBDefaultsBackColor", rgb(128, 255, 128)};
-constexpr NumberOption kTechSourceDBDefaultsForeColor{"TechSourceDBDefaultsForeColor", rgb(0, 0, 0)};
-constexpr NumberOption kTechSourceUserBackColor{"TechSourceUserBackColor", rgb(255, 255, 255)};
-constexpr NumberOption kTechSourceUserForecolor{"TechSourceUserForecolor", rgb(0, 0, 0)};
 
 }  // namespace
 
@@ -94,6 +51,12 @@ std::int32_t cQDLExtSettings::number(const NumberOption& option) {
     return toInt32(GetValue(option.name, option.whenMissing));
 }
 
+std::int32_t cQDLExtSettings::orDefault(const NumberOption& option) {
+    std::int32_t value = option.whenMissing;
+    trap(trace_, std::string("cQDLExtSettings::") + option.name, [&] { value = number(option); });
+    return value;
+}
+
 double cQDLExtSettings::ZFeedrateFactor() {
     double factor = 0;
     trap(trace_, "cQDLExtSettings::ZFeedrateFactor", [&] {
@@ -112,73 +75,73 @@ void cQDLExtSettings::setZFeedrateFactor(double percentage) {
 }
 
 std::int32_t cQDLExtSettings::ConnectionTimeout() {
-    return number(kConnectionTimeout);
+    return number(option::kConnectionTimeout);
 }
 void cQDLExtSettings::setConnectionTimeout(std::int32_t value) {
-    SetValue(kConnectionTimeout.name, value);
+    SetValue(option::kConnectionTimeout.name, value);
 }
 
 std::int32_t cQDLExtSettings::ProcessMngrSaveProcessesOnExit() {
-    return number(kProcessMngrSaveProcessesOnExit);
+    return number(option::kProcessMngrSaveProcessesOnExit);
 }
 void cQDLExtSettings::setProcessMngrSaveProcessesOnExit(std::int32_t value) {
-    SetValue(kProcessMngrSaveProcessesOnExit.name, value);
+    SetValue(option::kProcessMngrSaveProcessesOnExit.name, value);
 }
 
 std::int32_t cQDLExtSettings::ProcessMngrPromtToSaveDirtyProcess() {
-    return number(kProcessMngrPromtToSaveDirtyProcess);
+    return number(option::kProcessMngrPromtToSaveDirtyProcess);
 }
 void cQDLExtSettings::setProcessMngrPromtToSaveDirtyProcess(std::int32_t value) {
-    SetValue(kProcessMngrPromtToSaveDirtyProcess.name, value);
+    SetValue(option::kProcessMngrPromtToSaveDirtyProcess.name, value);
 }
 
 std::int32_t cQDLExtSettings::FilterProcessbyMaterial() {
-    return number(kFilterProcessbyMaterial);
+    return number(option::kFilterProcessbyMaterial);
 }
 void cQDLExtSettings::setFilterProcessbyMaterial(std::int32_t value) {
-    SetValue(kFilterProcessbyMaterial.name, value);
+    SetValue(option::kFilterProcessbyMaterial.name, value);
 }
 
 std::int32_t cQDLExtSettings::QDLProcMngrApplyToAllFeatures() {
-    return number(kQDLProcMngrApplyToAllFeatures);
+    return number(option::kQDLProcMngrApplyToAllFeatures);
 }
 void cQDLExtSettings::setQDLProcMngrApplyToAllFeatures(std::int32_t value) {
-    SetValue(kQDLProcMngrApplyToAllFeatures.name, value);
+    SetValue(option::kQDLProcMngrApplyToAllFeatures.name, value);
 }
 
 std::int32_t cQDLExtSettings::ProcessSelectionOnly() {
-    return number(kProcessSelectionOnly);
+    return number(option::kProcessSelectionOnly);
 }
 void cQDLExtSettings::setProcessSelectionOnly(std::int32_t value) {
-    SetValue(kProcessSelectionOnly.name, value);
+    SetValue(option::kProcessSelectionOnly.name, value);
 }
 
 std::int32_t cQDLExtSettings::ProcessRulesOnOpRebuild() {
-    return number(kProcessRulesOnOpRebuild);
+    return number(option::kProcessRulesOnOpRebuild);
 }
 void cQDLExtSettings::setProcessRulesOnOpRebuild(std::int32_t value) {
-    SetValue(kProcessRulesOnOpRebuild.name, value);
+    SetValue(option::kProcessRulesOnOpRebuild.name, value);
 }
 
 std::int32_t cQDLExtSettings::RebuildOperations() {
-    return number(kRebuildOperations);
+    return number(option::kRebuildOperations);
 }
 void cQDLExtSettings::setRebuildOperations(std::int32_t value) {
-    SetValue(kRebuildOperations.name, value);
+    SetValue(option::kRebuildOperations.name, value);
 }
 
 std::int32_t cQDLExtSettings::RebuildFeaturesFromQDL() {
-    return number(kRebuildFeaturesFromQDL);
+    return number(option::kRebuildFeaturesFromQDL);
 }
 void cQDLExtSettings::setRebuildFeaturesFromQDL(std::int32_t value) {
-    SetValue(kRebuildFeaturesFromQDL.name, value);
+    SetValue(option::kRebuildFeaturesFromQDL.name, value);
 }
 
 std::int32_t cQDLExtSettings::RefreshAllToolsLinkedToQDL() {
-    return number(kRefreshAllToolsLinkedToQDL);
+    return number(option::kRefreshAllToolsLinkedToQDL);
 }
 void cQDLExtSettings::setRefreshAllToolsLinkedToQDL(std::int32_t value) {
-    SetValue(kRefreshAllToolsLinkedToQDL.name, value);
+    SetValue(option::kRefreshAllToolsLinkedToQDL.name, value);
 }
 
 std::string cQDLExtSettings::SelectedCuttingToolGroup() {
@@ -189,129 +152,129 @@ void cQDLExtSettings::setSelectedCuttingToolGroup(const std::string& name) {
 }
 
 std::int32_t cQDLExtSettings::DebugMode() {
-    return number(kDebugMode);
+    return number(option::kDebugMode);
 }
 void cQDLExtSettings::setDebugMode(std::int32_t value) {
-    SetValue(kDebugMode.name, value);
+    SetValue(option::kDebugMode.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceCalcoraComputedBackColor() {
-    return number(kTechSourceCalcoraComputedBackColor);
+    return number(option::kTechSourceCalcoraComputedBackColor);
 }
 void cQDLExtSettings::setTechSourceCalcoraComputedBackColor(std::int32_t value) {
-    SetValue(kTechSourceCalcoraComputedBackColor.name, value);
+    SetValue(option::kTechSourceCalcoraComputedBackColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceCalcoraComputedForeColor() {
-    return number(kTechSourceCalcoraComputedForeColor);
+    return number(option::kTechSourceCalcoraComputedForeColor);
 }
 void cQDLExtSettings::setTechSourceCalcoraComputedForeColor(std::int32_t value) {
-    SetValue(kTechSourceCalcoraComputedForeColor.name, value);
+    SetValue(option::kTechSourceCalcoraComputedForeColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceSFDBCalculatedBackColor() {
-    return number(kTechSourceSFDBCalculatedBackColor);
+    return number(option::kTechSourceSFDBCalculatedBackColor);
 }
 void cQDLExtSettings::setTechSourceSFDBCalculatedBackColor(std::int32_t value) {
-    SetValue(kTechSourceSFDBCalculatedBackColor.name, value);
+    SetValue(option::kTechSourceSFDBCalculatedBackColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceSFDBCalculatedForeColor() {
-    return number(kTechSourceSFDBCalculatedForeColor);
+    return number(option::kTechSourceSFDBCalculatedForeColor);
 }
 void cQDLExtSettings::setTechSourceSFDBCalculatedForeColor(std::int32_t value) {
-    SetValue(kTechSourceSFDBCalculatedForeColor.name, value);
+    SetValue(option::kTechSourceSFDBCalculatedForeColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::ProcessExactMatch() {
-    return number(kProcessExactMatch);
+    return number(option::kProcessExactMatch);
 }
 void cQDLExtSettings::setProcessExactMatch(std::int32_t value) {
-    SetValue(kProcessExactMatch.name, value);
+    SetValue(option::kProcessExactMatch.name, value);
 }
 
 std::int32_t cQDLExtSettings::KnowledgeBaseMissingDataForeColor() {
-    return number(kKnowledgeBaseMissingDataForeColor);
+    return number(option::kKnowledgeBaseMissingDataForeColor);
 }
 void cQDLExtSettings::setKnowledgeBaseMissingDataForeColor(std::int32_t value) {
-    SetValue(kKnowledgeBaseMissingDataForeColor.name, value);
+    SetValue(option::kKnowledgeBaseMissingDataForeColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::FeatureRecTrueRuleForeColor() {
-    return number(kFeatureRecTrueRuleForeColor);
+    return number(option::kFeatureRecTrueRuleForeColor);
 }
 void cQDLExtSettings::setFeatureRecTrueRuleForeColor(std::int32_t value) {
-    SetValue(kFeatureRecTrueRuleForeColor.name, value);
+    SetValue(option::kFeatureRecTrueRuleForeColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::ProcessListStyle() {
-    return number(kProcessListStyle);
+    return number(option::kProcessListStyle);
 }
 void cQDLExtSettings::setProcessListStyle(std::int32_t value) {
-    SetValue(kProcessListStyle.name, value);
+    SetValue(option::kProcessListStyle.name, value);
 }
 
 std::int32_t cQDLExtSettings::MaxProcessReturnNum() {
-    return number(kMaxProcessReturnNum);
+    return number(option::kMaxProcessReturnNum);
 }
 void cQDLExtSettings::setMaxProcessReturnNum(std::int32_t value) {
-    SetValue(kMaxProcessReturnNum.name, value);
+    SetValue(option::kMaxProcessReturnNum.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceFileBackColor() {
-    return number(kTechSourceFileBackColor);
+    return number(option::kTechSourceFileBackColor);
 }
 void cQDLExtSettings::setTechSourceFileBackColor(std::int32_t value) {
-    SetValue(kTechSourceFileBackColor.name, value);
+    SetValue(option::kTechSourceFileBackColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceFileForeColor() {
-    return number(kTechSourceFileForeColor);
+    return number(option::kTechSourceFileForeColor);
 }
 void cQDLExtSettings::setTechSourceFileForeColor(std::int32_t value) {
-    SetValue(kTechSourceFileForeColor.name, value);
+    SetValue(option::kTechSourceFileForeColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceDBStepBackColor() {
-    return number(kTechSourceDBStepBackColor);
+    return number(option::kTechSourceDBStepBackColor);
 }
 void cQDLExtSettings::setTechSourceDBStepBackColor(std::int32_t value) {
-    SetValue(kTechSourceDBStepBackColor.name, value);
+    SetValue(option::kTechSourceDBStepBackColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceDBStepForeColor() {
-    return number(kTechSourceDBStepForeColor);
+    return number(option::kTechSourceDBStepForeColor);
 }
 void cQDLExtSettings::setTechSourceDBStepForeColor(std::int32_t value) {
-    SetValue(kTechSourceDBStepForeColor.name, value);
+    SetValue(option::kTechSourceDBStepForeColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceDBDefaultsBackColor() {
-    return number(kTechSourceDBDefaultsBackColor);
+    return number(option::kTechSourceDBDefaultsBackColor);
 }
 void cQDLExtSettings::setTechSourceDBDefaultsBackColor(std::int32_t value) {
-    SetValue(kTechSourceDBDefaultsBackColor.name, value);
+    SetValue(option::kTechSourceDBDefaultsBackColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceDBDefaultsForeColor() {
-    return number(kTechSourceDBDefaultsForeColor);
+    return number(option::kTechSourceDBDefaultsForeColor);
 }
 void cQDLExtSettings::setTechSourceDBDefaultsForeColor(std::int32_t value) {
-    SetValue(kTechSourceDBDefaultsForeColor.name, value);
+    SetValue(option::kTechSourceDBDefaultsForeColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceUserBackColor() {
-    return number(kTechSourceUserBackColor);
+    return number(option::kTechSourceUserBackColor);
 }
 void cQDLExtSettings::setTechSourceUserBackColor(std::int32_t value) {
-    SetValue(kTechSourceUserBackColor.name, value);
+    SetValue(option::kTechSourceUserBackColor.name, value);
 }
 
 std::int32_t cQDLExtSettings::TechSourceUserForecolor() {
-    return number(kTechSourceUserForecolor);
+    return number(option::kTechSourceUserForecolor);
 }
 void cQDLExtSettings::setTechSourceUserForecolor(std::int32_t value) {
-    SetValue(kTechSourceUserForecolor.name, value);
+    SetValue(option::kTechSourceUserForecolor.name, value);
 }
 
 std::string cQDLExtSettings::NorvexInstallPath() {
@@ -329,6 +292,12 @@ std::string cQDLExtSettings::QDLModuleVBFolder() {
     if (installPath.empty()) return "";
     const std::string folder = installPath + kModuleFolder;
     return FolderExists(folder) ? folder : "";
+}
+
+bool cQDLExtSettings::FileExists(const std::string& path) {
+    bool exists = false;
+    trap(trace_, "cQDLExtSettings::FileExists", [&] { exists = listingFindsFile(files_, path); });
+    return exists;
 }
 
 bool cQDLExtSettings::FolderExists(const std::string& path) {

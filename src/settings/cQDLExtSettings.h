@@ -10,7 +10,11 @@
 
 namespace pellmark {
 
-struct NumberOption;  // a row of the table in the source file
+namespace test {
+class CQDLExtSettingsTest;
+}
+
+struct NumberOption;  // see NumberOptions.h
 
 /// The component's global options, kept as texts under one registry key of the current user that other
 /// programs read and write, too. Nothing is cached: each read and each write goes to the registry at once.
@@ -23,6 +27,11 @@ class cQDLExtSettings {
     /// The ports must outlive this object. `executableName` names the source of registry errors.
     cQDLExtSettings(Registry& registry, const CodePage& codePage, FileSystem& files,
                     std::string executableName, Trace& trace);
+
+    /// A number as views, lists and logs read it: what does not read as one, or cannot be read at all, counts
+    /// as the default and is traced, so that a value that another program stored wrongly stops nothing. For
+    /// example orDefault(option::kDebugMode).
+    std::int32_t orDefault(const NumberOption& option);
 
     /// Feed-rate factor for Z moves: the stored percentage divided by 100, 0.5 when nothing usable is stored.
     /// A missing value and one of the older fractional form ("0.5", "0,5") are rewritten as "50". Never
@@ -159,6 +168,9 @@ class cQDLExtSettings {
     void SetValue(const char* name, const Variant& value);
     void select(const char* name);
     std::int32_t number(const NumberOption& option);
+    // The two tests of the folder properties; a failure of the file port is traced and counts as "no".
+    friend class test::CQDLExtSettingsTest;
+    bool FileExists(const std::string& path);
     bool FolderExists(const std::string& path);
 
     Registry& registry_;

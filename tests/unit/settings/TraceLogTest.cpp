@@ -71,8 +71,8 @@ TEST_F(TraceLogTest, ADebugModeThatIsNoNumberCountsAsOffAndIsToldTheDebugger) {
     setDebugMode("yes");
     log.record("cProcess::Delete", "one");
     EXPECT_FALSE(files.has(kLog));
-    EXPECT_THAT(debugger,
-                ElementsAre(HasSubstr("cProcess::Delete: one"), HasSubstr("TraceLog::record: error 13")));
+    EXPECT_THAT(debugger, ElementsAre(HasSubstr("cProcess::Delete: one"),
+                                      HasSubstr("cQDLExtSettings::DebugMode: error 13")));
 }
 
 TEST_F(TraceLogTest, AFileThatCannotBeWrittenIsToldTheDebuggerOnce) {

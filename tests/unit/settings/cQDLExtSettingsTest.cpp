@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "base/Error.h"
+#include "settings/NumberOptions.h"
 #include "support/MemoryFileSystem.h"
 #include "support/MemoryRegistry.h"
 #include "support/PortableCodePage.h"
@@ -13,6 +14,9 @@ namespace pellmark::test {
 
 namespace {
 
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
 constexpr std::int32_t kAccessDenied = 5;
 constexpr char kKey[] = "Software\\Orvane\\Norvex\\ExtensionSettings\\GlobalQDLSettings\\";
 
@@ -21,6 +25,8 @@ constexpr char kKey[] = "Software\\Orvane\\Norvex\\ExtensionSettings\\GlobalQDLS
 class CQDLExtSettingsTest : public ::testing::Test {
   protected:
     ~CQDLExtSettingsTest() override { EXPECT_EQ(registry.openKeys(), 0) << "a key was left open"; }
+
+    bool fileExists(const std::string& path) { return settings.FileExists(path); }
 
     MemoryRegistry registry;
     PortableCodePage codePage;
@@ -61,6 +67,43 @@ TEST_F(CQDLExtSettingsTest, AReadThatExpandsLeavesTheNextWriteAPlainString) {
     EXPECT_EQ(settings.SelectedCuttingToolGroup(), "%TEMP%");
     settings.setDebugMode(1);
     EXPECT_EQ(registry.text(Registry::kCurrentUser, kKey, "DebugMode"), "1");
+}
+
+TEST_F(CQDLExtSettingsTest, ANumberThatDoesNotReadAsOneIsItsDefaultForAViewAndTracedAtEachRead) {
+    registry.setText(Registry::kCurrentUser, kKey, "MaxProcessReturnNum", "many");
+    EXPECT_EQ(settings.orDefault(option::kMaxProcessReturnNum), 99);
+    EXPECT_THAT(trace.lines(), ElementsAre("cQDLExtSettings::MaxProcessReturnNum: error 13 from "
+                                           "Convert: Type mismatch: \"many\" is not a number."));
+    registry.setText(Registry::kCurrentUser, kKey, "ProcessExactMatch", "");
+    EXPECT_EQ(settings.orDefault(option::kProcessExactMatch), 32768);
+    EXPECT_TRUE(trace.trapped("cQDLExtSettings::ProcessExactMatch"));
+}
+
+TEST_F(CQDLExtSettingsTest, ANumberTooLargeForItsTypeIsItsDefaultForAViewAndTheGetterStillRaises) {
+    registry.setText(Registry::kCurrentUser, kKey, "MaxProcessReturnNum", "2147483648");
+    EXPECT_EQ(settings.orDefault(option::kMaxProcessReturnNum), 99);
+    EXPECT_THROW(settings.MaxProcessReturnNum(), Error);
+}
+
+TEST_F(CQDLExtSettingsTest, ANumberThatReadsAsOneIsTheSameForAView) {
+    registry.setText(Registry::kCurrentUser, kKey, "MaxProcessReturnNum", "2147483647");
+    EXPECT_EQ(settings.orDefault(option::kMaxProcessReturnNum), 2147483647);
+    EXPECT_EQ(settings.orDefault(option::kProcessListStyle), 0);
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(CQDLExtSettingsTest, AFileIsFoundByItsListingAFolderIsNot) {
+    files.makeFile("C:\\Norvex\\a.bas");
+    EXPECT_TRUE(fileExists("C:\\Norvex\\a.bas"));
+    EXPECT_FALSE(fileExists("C:\\Norvex\\b.bas"));
+    EXPECT_FALSE(fileExists("C:\\Norvex"));
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(CQDLExtSettingsTest, AFailingTestForAFileAnswersNoFileAndIsTraced) {
+    files.breakDown(true);
+    EXPECT_FALSE(fileExists("C:\\Norvex\\a.bas"));
+    EXPECT_TRUE(trace.trapped("cQDLExtSettings::FileExists"));
 }
 
 }  // namespace pellmark::test
