@@ -115,7 +115,7 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
             layOut();
             return 0;
         case WM_SETFOCUS:
-            if (const HWND view = GetWindow(area_, GW_CHILD)) SetFocus(view);
+            focusView();
             return 0;
         case WM_INITMENUPOPUP:
             attempt("Settings", [this] {
@@ -125,6 +125,7 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
             return 0;
         case WM_COMMAND:
             command(LOWORD(wide));
+            focusView();
             return 0;
         case WM_CLOSE:
             // the component saves its layouts while its windows still exist
@@ -163,10 +164,16 @@ void WorkbenchWindow::fitView() {
     }
 }
 
+void WorkbenchWindow::focusView() {
+    if (GetFocus() != window_) return;
+    if (const HWND view = GetWindow(area_, GW_CHILD)) SetFocus(view);
+}
+
 void WorkbenchWindow::run() {
     ShowWindow(window_, SW_SHOWNORMAL);
     openKnowledgeBase(options_.knowledgeBase);
     showFirstView();
+    focusView();
     readyPending_ = !options_.readyFile.empty();
     const HACCEL keys = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_ACCELERATORS));
     MSG message{};

@@ -31,6 +31,8 @@ class WorkbenchWindow {
     void createWindows();
     void layOut();
     void fitView();
+    /// Hands the keyboard on to the view: without a mouse there would be no way from the frame into it.
+    void focusView();
     void fillMenus();
     void checkMenus();
     void command(int id);

@@ -112,6 +112,10 @@ class Desktop:
         """A report list: {headings, count, rows: [{cells, area, selected, focused}]}."""
         return self.ask(f"list {window.handle}")
 
+    def row_state(self, window):
+        """A report list of any length: {count, selected, focused}, the last being a row's index or -1."""
+        return self.ask(f"rows {window.handle}")
+
     def tabs(self, window):
         return self.ask(f"tabs {window.handle}")
 
@@ -161,10 +165,35 @@ class Desktop:
     def type(self, text):
         self._xdotool("type", "--delay", 30, text)
 
+    def focus(self):
+        """The window that has the keyboard; None while there is none."""
+        return next((window for window in self.windows() if window.focused), None)
+
+    def tab_to(self, window, key="Tab"):
+        """Presses Tab until the keyboard is at the window; says where it went when it never gets there."""
+        visited = []
+        while True:
+            here = wait_for("some control to have the keyboard", self.focus)
+            if here.handle == window.handle:
+                return
+            if any(here.handle == before.handle for before in visited):
+                raise AssertionError(f"{key} does not lead to {window}; it visits {visited}")
+            visited.append(here)
+            self.key(key)
+            wait_for(f"{key} to leave {here}", lambda: (self.focus() or here).handle != here.handle)
+
     def row_middle(self, row):
         """A point on a row's text, near its left end so that a wide list needs no scrolling."""
         left, top, width, height = row["area"]
         return left + min(60, width // 2), top + height // 2
+
+    @staticmethod
+    def _no_mouse(*_):
+        raise AssertionError("the mouse was used")
+
+    def put_the_mouse_away(self):
+        """From here on, whoever uses the mouse fails."""
+        self.move = self._no_mouse
 
     # Pictures ---------------------------------------------------------------------------------------------
 

@@ -1,4 +1,4 @@
-"""Runs the end-to-end tests and prints one line per test, "ok" or "not ok", for the test command to count."""
+"""Runs the end-to-end tests and prints one line per test, "ok", "not ok" or "skip", for the test command to count."""
 
 import pathlib
 import sys
@@ -28,7 +28,7 @@ class LineResult(unittest.TestResult):
         self._report(test, self.errors[-1][1])
 
     def addSkip(self, test, reason):
-        self._report(test, f"skipped: {reason}")
+        print(f"skip {self._title(test)}: {reason}", flush=True)
 
     def _report(self, test, why):
         self.good = False

@@ -4,12 +4,13 @@ import re
 
 from case_dialog import case_dialog, fill_case
 from desktop import wait_for
-from workbench import WorkbenchTest
+from workbench import WorkbenchTest, guid_bytes
 
 
 class Picks(WorkbenchTest):
     def pick(self, letter, **case):
         """Opens a pick by its letter in the Knowledge menu and describes the case; the picker's window."""
+        self.forget_what_was_told()
         self.desktop.click(self.workbench.lists()[0].middle)
         self.desktop.key("alt+k")
         self.desktop.one("#32768")
@@ -24,6 +25,12 @@ class Picks(WorkbenchTest):
     def status(self):
         return self.desktop.one("msctls_statusbar32").text
 
+    def forget_what_was_told(self):
+        """Has the host say something else, so that what it says next about a pick is not about an earlier one."""
+        self.shows_a_list_again()
+        self.desktop.key("ctrl+1")
+        wait_for("the host to have shown its list", lambda: self.status() == "ShowWindowProcessesView: shown")
+
     def told(self, start):
         return wait_for(f"the host to be told about {start}",
                         lambda: self.status() if self.status().startswith(start) else None)
@@ -34,8 +41,7 @@ class Picks(WorkbenchTest):
     def test_ok_tells_the_selected_process(self):
         self.press(self.pick("p"), "OK")
         picked = re.search(r"\{[0-9A-F-]{36}\}", self.told("OpenProcess")).group()
-        bare = picked.strip("{}").replace("-", "")
-        names = [name for name, in self.workbench.query("SELECT name FROM process WHERE id = ?", guid_bytes(bare))]
+        names = [name for name, in self.workbench.query("SELECT name FROM process WHERE id = ?", guid_bytes(picked))]
         self.assertEqual(names, ["Tap M6"])
         self.shows_a_list_again()
 
@@ -65,9 +71,3 @@ class Picks(WorkbenchTest):
         self.press(self.pick("f", values=("Thread: M6",)), "OK")
         self.assertRegex(self.told("OpenFeatureCase"), r"\{[0-9A-F-]{36}\}")
         self.assertEqual(self.workbench.query("SELECT count(*) FROM feature_case")[0][0], cases + 1)
-
-
-def guid_bytes(digits):
-    """A GUID's digits in the order in which they are stored."""
-    raw = bytes.fromhex(digits)
-    return raw[3::-1] + raw[5:3:-1] + raw[7:5:-1] + raw[8:]

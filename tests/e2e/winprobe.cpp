@@ -4,6 +4,7 @@
 //
 //   tree          every visible window: handle, parent, owner, class, text, screen rectangle, state
 //   list HWND     a report list: its headings, and of its first rows the texts, rectangle and state
+//   rows HWND     a report list: how many rows there are, how many are selected, which one is focused
 //   tabs HWND     a tab strip: the rectangle of each tab and which one is selected
 //   combo HWND    a combo box: its entries
 //   choices HWND  a list box: its entries and the rectangle of each
@@ -210,6 +211,14 @@ std::string list(HWND window) {
     return out.str();
 }
 
+std::string rows(HWND window) {
+    std::ostringstream out;
+    out << R"({"count":)" << ask(window, LVM_GETITEMCOUNT) << R"(,"selected":)"
+        << ask(window, LVM_GETSELECTEDCOUNT) << R"(,"focused":)"
+        << ask(window, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED) << '}';
+    return out.str();
+}
+
 std::string tabs(HWND window) {
     const RemoteMemory memory(window, kTextOffset + sizeof(TextBuffer));
     const int count = static_cast<int>(ask(window, TCM_GETITEMCOUNT));
@@ -264,6 +273,7 @@ std::string answer(const std::string& line) {
     const auto window = reinterpret_cast<HWND>(handle);
     if (command == "tree") return tree();
     if (command == "list") return list(window);
+    if (command == "rows") return rows(window);
     if (command == "tabs") return tabs(window);
     if (command == "combo") return combo(window);
     if (command == "choices") return choices(window);

@@ -1,11 +1,13 @@
 """The reference host under test: started on a knowledge base of its own, used like a person would, read afterwards."""
 
+import contextlib
 import os
 import pathlib
 import shutil
 import sqlite3
 import subprocess
 import unittest
+import uuid
 
 from desktop import PICTURES, PRODUCTS, Desktop, wait_for
 
@@ -16,6 +18,11 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
+def guid_bytes(text):
+    """The bytes of an identifier in the order in which they are stored."""
+    return uuid.UUID(text).bytes_le
+
+
 def drive_c():
     return pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
 
@@ -23,7 +30,7 @@ def drive_c():
 class Workbench:
     """One run of Workbench.exe over a fresh, seeded knowledge base."""
 
-    def __init__(self, desktop, view="processes", options=()):
+    def __init__(self, desktop, view="processes", options=(), more_processes=0):
         self.desktop = desktop
         # On the prefix's own drive, so that the path in the title is the same on every machine.
         self.folder = drive_c() / "Norvex"
@@ -32,13 +39,23 @@ class Workbench:
         self.file = self.folder / "knowledge.db"
         self._view = view
         self._options = list(options)
+        self._more_processes = more_processes
         self.process = None
         self.window = None
 
     def __enter__(self):
+        if self._more_processes:
+            self._start("none")
+            self.kill()
+            self._add_processes(self._more_processes)
+        self._start(self._view)
+        return self
+
+    def _start(self, view):
         ready = self.folder / "ready"
+        ready.unlink(missing_ok=True)
         self.process = subprocess.Popen(
-            ["wine", str(PRODUCTS / "Workbench.exe"), "--kb", r"C:\Norvex\knowledge.db", "--view", self._view,
+            ["wine", str(PRODUCTS / "Workbench.exe"), "--kb", r"C:\Norvex\knowledge.db", "--view", view,
              "--screenshot-ready", windows_path(ready), *self._options],
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         try:
@@ -51,7 +68,12 @@ class Workbench:
             seen = self.desktop.windows()
             self.kill()
             raise AssertionError(f"{error}; there are {seen}") from None
-        return self
+
+    def _add_processes(self, count):
+        """Adds processes to the knowledge base while no program has it open."""
+        rows = [(uuid.uuid4().bytes_le, f"Process {number:05d}", 70 + number % 2) for number in range(count)]
+        with contextlib.closing(sqlite3.connect(self.file)) as connection, connection:
+            connection.executemany("INSERT INTO process (id, name, unit) VALUES (?, ?, ?)", rows)
 
     def __exit__(self, *_):
         self.kill()
@@ -120,10 +142,11 @@ class WorkbenchTest(unittest.TestCase):
 
     view = "processes"
     options = ()
+    more_processes = 0
 
     def setUp(self):
         self.desktop = self.enterContext(Desktop())
-        self.workbench = self.enterContext(Workbench(self.desktop, self.view, self.options))
+        self.workbench = self.enterContext(Workbench(self.desktop, self.view, self.options, self.more_processes))
         self.addCleanup(self._picture_of_failure)
 
     def _picture_of_failure(self):
