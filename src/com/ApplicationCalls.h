@@ -6,15 +6,20 @@
 
 #include <string>
 
+#include "base/Operations.h"
 #include "host/Application.h"
 
 namespace pellmark {
 
 /// What the automation object asks of the component behind it, once the arguments have been understood. A
 /// null host is passed on: doing nothing then is the component's business. Objects are borrowed for the call.
+/// A call runs inside a scope of the operations; one that comes while another runs is refused in there.
 class ApplicationCalls {
   public:
     virtual ~ApplicationCalls() = default;
+
+    /// What of the component runs, and where its failures are recorded.
+    virtual const Operations& operations() const = 0;
 
     virtual void showProcesses(IDispatch* host, const std::string& processGuid) = 0;
     virtual void showProcessCase(IDispatch* host, const CaseDescription& description) = 0;

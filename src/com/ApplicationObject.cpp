@@ -52,28 +52,23 @@ HRESULT answerFailedInvoke(EXCEPINFO* exception, UINT* argument) noexcept {
 
 }  // namespace
 
-class ApplicationObject::RunningCall {
-  public:
-    explicit RunningCall(ApplicationObject& object) : object_(object) {
-        object_.AddRef();
-        ++object_.runningCalls_;
+ApplicationObject::ApplicationObject(std::unique_ptr<ApplicationCalls> calls)
+    : calls_(std::move(calls)), thread_([this] { end(); }) {}
+
+void ApplicationObject::requireOwningThread() const {
+    // windows belong to the thread that made them; a host that passes the bare pointer on is told so
+    if (!thread_.isCurrent()) {
+        throw CallError(RPC_E_WRONG_THREAD, "The component must be called on the thread that created it");
     }
-    RunningCall(const RunningCall&) = delete;
-    RunningCall& operator=(const RunningCall&) = delete;
-    ~RunningCall() {
-        // a host that disposes from inside a modal call gets what it asked for as soon as nothing runs
-        if (--object_.runningCalls_ == 0 && object_.disposeRequested_) object_.dispose();
-        object_.Release();
-    }
+}
 
-  private:
-    ApplicationObject& object_;
-};
-
-ApplicationObject::ApplicationObject(std::unique_ptr<ApplicationCalls> calls) : calls_(std::move(calls)) {}
-
-ApplicationObject::~ApplicationObject() {
-    dispose();
+template <class Body>
+HRESULT ApplicationObject::answer(Body&& body) noexcept {
+    return guarded(kSource, [&] {
+        requireOwningThread();
+        const ComPtr<ApplicationObject> alive(this);
+        body();
+    });
 }
 
 HRESULT ApplicationObject::QueryInterface(REFIID iid, void** object) {
@@ -98,12 +93,19 @@ ULONG ApplicationObject::AddRef() {
 
 ULONG ApplicationObject::Release() {
     const ULONG left = --references_;
-    if (left == 0) {
-        // whoever is called back while the component goes must not bring the count to zero a second time
-        ++references_;
-        delete this;
+    if (left > 0) return left;
+    // until the end the object holds itself: whoever is called back on the way there may take and release
+    // references without bringing the count to zero a second time
+    references_ = 1;
+    if (thread_.isCurrent()) {
+        end();
+    } else if (!thread_.handOver()) {
+        // its windows went with the thread, and the host's objects belong to an apartment that is gone:
+        // nothing could be ended properly any more, so it stays, and with it the DLL
+        calls_->operations().trace().record("ApplicationObject::Release",
+                                            "the thread of the object has ended: it cannot be released");
     }
-    return left;
+    return 0;
 }
 
 HRESULT ApplicationObject::GetTypeInfoCount(UINT* count) {
@@ -140,6 +142,8 @@ HRESULT ApplicationObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPP
     if (result != nullptr) ::VariantInit(result);
     ::SetErrorInfo(0, nullptr);
     try {
+        requireOwningThread();
+        const ComPtr<ApplicationObject> alive(this);  // as in answer()
         VariantArg value = invoke(id, flags, *arguments);
         if (result != nullptr) *result = value.release();
         return S_OK;
@@ -196,16 +200,11 @@ void ApplicationObject::putProperty(Member member, const DISPPARAMS& arguments) 
 }
 
 std::string ApplicationObject::perform(Member member, const MethodCall& call) {
-    // windows belong to the thread that made them; a host that passes the bare pointer on is told so
-    if (::GetCurrentThreadId() != thread_) {
-        throw CallError(RPC_E_WRONG_THREAD, "The component must be called on the thread that created it");
-    }
-    const RunningCall running(*this);
+    if (disposeRequested_) return {};
     if (member == Member::Dispose) {
-        disposeRequested_ = true;
+        requestDispose();
         return {};
     }
-    if (disposeRequested_) return {};
     if (call.host) norvexApplication_ = call.host;
     return performOn(*calls_, member, call);
 }
@@ -238,13 +237,31 @@ std::string ApplicationObject::performOn(ApplicationCalls& calls, Member member,
     return {};
 }
 
-void ApplicationObject::dispose() {
-    if (disposed_) return;
-    disposed_ = true;
+void ApplicationObject::requestDispose() {
     disposeRequested_ = true;
-    // the component traces what goes wrong while it ends; nobody is left to be told
-    guarded(kSource, [this] { calls_->dispose(); });
+    calls_->operations().whenIdle([self = ComPtr<ApplicationObject>(this)] { self->dispose(); });
+}
+
+void ApplicationObject::dispose() noexcept {
+    if (std::exchange(disposed_, true)) return;
+    disposeRequested_ = true;
+    trap(calls_->operations(), "ApplicationObject::dispose", [this] { calls_->dispose(); });
     norvexApplication_ = nullptr;
+}
+
+void ApplicationObject::end() noexcept {
+    const Operations operations = calls_->operations();  // the component's own goes with it
+    trap(operations, "ApplicationObject::end", [&] {
+        operations.whenIdle([this, operations] {
+            dispose();
+            // after what the component has put off in its turn
+            operations.whenIdle([this] {
+                if (--references_ > 0) return;  // somebody on the way took a reference and keeps it
+                references_ = 1;
+                delete this;
+            });
+        });
+    });
 }
 
 MethodCall ApplicationObject::readCall(const EarlyBound& arguments) {
@@ -267,33 +284,33 @@ MethodCall ApplicationObject::readCall(const EarlyBound& arguments) {
 
 HRESULT ApplicationObject::callEarlyBound(Member member, const EarlyBound& arguments,
                                           VARIANT* result) noexcept {
-    return guarded(kSource, [&] {
+    return answer([&] {
         ::VariantInit(&required(result));
         perform(member, readCall(arguments));
     });
 }
 
 HRESULT ApplicationObject::callEarlyBound(Member member, const EarlyBound& arguments, BSTR* result) noexcept {
-    return guarded(kSource, [&] {
+    return answer([&] {
         required(result) = nullptr;
         *result = Bstr(perform(member, readCall(arguments))).release();
     });
 }
 
 HRESULT ApplicationObject::get_CurrentView(::FRView* view) {
-    return guarded(kSource, [&] { required(view) = static_cast<::FRView>(calls_->currentView()); });
+    return answer([&] { required(view) = static_cast<::FRView>(calls_->currentView()); });
 }
 
 HRESULT ApplicationObject::put_CurrentView(::FRView view) {
-    return guarded(kSource, [&] { calls_->setCurrentView(static_cast<FRView>(view)); });
+    return answer([&] { calls_->setCurrentView(static_cast<FRView>(view)); });
 }
 
 HRESULT ApplicationObject::get_NorvexApplication(IDispatch** application) {
-    return guarded(kSource, [&] { required(application) = ComPtr<IDispatch>(norvexApplication_).release(); });
+    return answer([&] { required(application) = ComPtr<IDispatch>(norvexApplication_).release(); });
 }
 
 HRESULT ApplicationObject::putref_NorvexApplication(IDispatch* application) {
-    return guarded(kSource, [&] {
+    return answer([&] {
         if (!disposeRequested_) norvexApplication_ = ComPtr<IDispatch>(application);
     });
 }

@@ -14,11 +14,13 @@
 #include "automation/Module.h"
 #include "com/ApplicationCalls.h"
 #include "com/MethodCall.h"
+#include "com/OwningThread.h"
 
 namespace pellmark {
 
 /// The automation object: early-bound and late-bound calls become calls on the component. One per component;
-/// it belongs to the apartment that made it.
+/// it belongs to the thread that made it. It ends the component only while nothing of it is on the stack, and
+/// only on that thread, wherever and whenever the last reference is released.
 class ApplicationObject final : public _Application, public ISupportErrorInfo, public IProvideClassInfo {
   public:
     /// Starts with one reference, the caller's.
@@ -89,10 +91,13 @@ class ApplicationObject final : public _Application, public ISupportErrorInfo, p
         BSTR* processGuid;
         BSTR* processStepGuid;
     };
-    /// Keeps the object alive and the component undisposed while one of its methods runs.
-    class RunningCall;
+    ~ApplicationObject() = default;
 
-    ~ApplicationObject();
+    /// Runs a method or property, early-bound: on the owning thread alone, and with a reference of the
+    /// object's own, since the caller may let go of its last one meanwhile.
+    template <class Body>
+    HRESULT answer(Body&& body) noexcept;
+    void requireOwningThread() const;
 
     VariantArg invoke(DISPID id, WORD flags, const DISPPARAMS& arguments);
     VariantArg invokeMethod(Member member, const DISPPARAMS& arguments);
@@ -104,16 +109,19 @@ class ApplicationObject final : public _Application, public ISupportErrorInfo, p
     /// The picked identifier; "" for the methods that return nothing.
     std::string perform(Member member, const MethodCall& call);
     std::string performOn(ApplicationCalls& calls, Member member, const MethodCall& call);
-    void dispose();
+    /// Lets the component go when nothing of it runs any more; from now on calls do nothing.
+    void requestDispose();
+    void dispose() noexcept;
+    /// The same, and the object with it. The object then holds the one reference that is left.
+    void end() noexcept;
 
     module::Lock moduleLock_;
     std::atomic<ULONG> references_{1};
     std::unique_ptr<ApplicationCalls> calls_;
     ComPtr<IDispatch> norvexApplication_;
-    DWORD thread_ = ::GetCurrentThreadId();
-    int runningCalls_ = 0;
     bool disposeRequested_ = false;
     bool disposed_ = false;
+    OwningThread thread_;
 };
 
 }  // namespace pellmark

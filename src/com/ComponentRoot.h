@@ -26,6 +26,8 @@ class ComponentRoot final : public ApplicationCalls {
 
     ComponentRoot();
 
+    const Operations& operations() const override { return operations_; }
+
     void showProcesses(IDispatch* host, const std::string& processGuid) override;
     void showProcessCase(IDispatch* host, const CaseDescription& description) override;
     std::string openProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) override;

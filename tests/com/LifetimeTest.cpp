@@ -2,10 +2,13 @@
 
 #include <functional>
 #include <optional>
+#include <thread>
 #include <utility>
+#include <vector>
 
 #include "com/LoadedServer.h"
 #include "com/TestObject.h"
+#include "com/adapters/ScriptedObject.h"
 #include "support/win32/ResourceCounts.h"
 
 namespace pellmark {
@@ -225,6 +228,122 @@ TEST_F(LifetimeTest, AHostThatLetsGoWhileAPickerIsUpIsServedWhenThePickerIsClose
     _Application* const raw = object.get();
     const DuringModal releasing(window_, [&] { object = nullptr; });
     EXPECT_EQ(pick(raw), "");
+    EXPECT_TRUE(releasing.wasShown());
+    EXPECT_EQ(server_->canUnloadNow(), S_OK);
+    EXPECT_EQ(host_->references(), 1U);
+}
+
+/// The same with a host whose members run code of the test, once, when the component reads one.
+class ReenteringHostTest : public LifetimeTest {
+  protected:
+    ReenteringHostTest() {
+        const auto handle = static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window_));
+        const ComPtr<TestObject> settings = TestObject::make();
+        settings->set(L"LanguageCode", std::int16_t{0});
+        member(L"MainWindowHandle", handle);
+        member(L"InstallationFolder", "C:\\Norvex\\");
+        member(L"CurrentUnit", std::int16_t{71});
+        member(L"LanguageSettings", ComPtr<IDispatch>(settings.get()));
+    }
+
+    void member(const wchar_t* name, const VariantArg& value) {
+        reentering_->on(name, [this, name = std::wstring(name), value](const auto&) {
+            if (name == from_ && action_) {
+                ++runs_;
+                const auto once = std::exchange(action_, {});
+                once();
+            }
+            return value;
+        });
+    }
+    HRESULT show(_Application* object) {
+        IDispatch* host = reentering_.get();
+        VARIANT result;
+        return object->ShowWindowProcessesView(&host, nullptr, &result);
+    }
+    HRESULT showCase(_Application* object) {
+        IDispatch* host = reentering_.get();
+        SAFEARRAY* values = nullptr;
+        VARIANT result;
+        return object->ShowWindowProcessCaseView(&host, &values, -1, -1, nullptr, nullptr, nullptr, -1,
+                                                 nullptr, nullptr, &result);
+    }
+    /// What a host might ask for from inside a member that the component reads.
+    std::vector<std::function<void()>> everyCall() {
+        const auto modal = [this](auto method) {
+            IDispatch* host = reentering_.get();
+            IDispatch* owner = nullptr;
+            VARIANT result;
+            EXPECT_EQ((object_.get()->*method)(&host, &owner, nullptr, -1, -1, nullptr, nullptr, nullptr, -1,
+                                               nullptr, nullptr, &result),
+                      S_OK);
+        };
+        const auto picking = [this](auto method) {
+            IDispatch* host = reentering_.get();
+            IDispatch* owner = nullptr;
+            Bstr result;
+            EXPECT_EQ((object_.get()->*method)(&host, &owner, nullptr, -1, -1, nullptr, nullptr, nullptr, -1,
+                                               nullptr, nullptr, result.receive()),
+                      S_OK);
+        };
+        return {[this] { EXPECT_EQ(show(object_.get()), S_OK); },
+                [this] { EXPECT_EQ(showCase(object_.get()), S_OK); },
+                [=] { picking(&_Application::OpenProcess); },
+                [=] { picking(&_Application::OpenFeatureCase); },
+                [=] { modal(&_Application::EditFeatureCase); },
+                [=] { modal(&_Application::EditProcess); },
+                [this] {
+                    VARIANT result;
+                    EXPECT_EQ(object_->Dispose(&result), S_OK);
+                },
+                [this] { object_ = nullptr; },
+                [this] { std::thread([this] { object_ = nullptr; }).join(); }};
+    }
+
+    ComPtr<test::ScriptedObject> reentering_ = test::ScriptedObject::make();
+    ComPtr<_Application> object_;
+    std::wstring from_;
+    std::function<void()> action_;
+    int runs_ = 0;
+};
+
+TEST_F(ReenteringHostTest, EveryCallFromInsideEveryMemberIsSurvived) {
+    for (const wchar_t* from :
+         {L"MainWindowHandle", L"InstallationFolder", L"CurrentUnit", L"LanguageSettings"}) {
+        for (const auto& action : everyCall()) {
+            from_ = from;
+            action_ = action;
+            object_ = server_->create();
+            _Application* const raw = object_.get();
+            EXPECT_EQ(showCase(raw), S_OK);
+            dispatchMessages();
+            action_ = nullptr;
+            object_ = nullptr;
+            dispatchMessages();
+            EXPECT_EQ(childrenOf(window_), 0);
+            EXPECT_EQ(reentering_->references(), 1U);
+            EXPECT_EQ(server_->canUnloadNow(), S_OK);
+        }
+    }
+    EXPECT_GE(runs_, 27);
+}
+
+TEST_F(LifetimeTest, AReleaseOnAnotherThreadTakesTheViewAwayOnTheThreadOfTheObject) {
+    ComPtr<_Application> object = showOnce();
+    std::thread([&] { object = nullptr; }).join();
+    EXPECT_EQ(server_->canUnloadNow(), S_FALSE);
+    dispatchMessages();
+    EXPECT_EQ(childrenOf(window_), 0);
+    EXPECT_EQ(host_->references(), 1U);
+    EXPECT_EQ(server_->canUnloadNow(), S_OK);
+}
+
+TEST_F(LifetimeTest, AReleaseOnAnotherThreadWhileAPickerIsUpIsServedWhenThePickerIsClosed) {
+    ComPtr<_Application> object = server_->create();
+    _Application* const raw = object.get();
+    const DuringModal releasing(window_, [&] { std::thread([&] { object = nullptr; }).join(); });
+    EXPECT_EQ(pick(raw), "");
+    dispatchMessages();
     EXPECT_TRUE(releasing.wasShown());
     EXPECT_EQ(server_->canUnloadNow(), S_OK);
     EXPECT_EQ(host_->references(), 1U);

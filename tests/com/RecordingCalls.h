@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "com/ApplicationCalls.h"
+#include "support/RecordingTrace.h"
 
 namespace pellmark {
 
@@ -20,18 +21,27 @@ struct RecordedCall {
 /// What the component behind the automation object was asked for; outlives the object.
 struct CallLog {
     std::vector<RecordedCall> calls;
-    std::string picked;                ///< what the picking methods answer
-    std::function<void()> duringCall;  ///< runs inside every method
+    std::string picked;                   ///< what the picking methods answer
+    std::function<void()> duringCall;     ///< runs inside every method
+    std::function<void()> duringDispose;  ///< runs inside Dispose
     FRView view = FRView::FRProcesses;
     int disposals = 0;
     bool destroyed = false;
+    DWORD destroyedBy = 0;  ///< the thread
+    test::RecordingTrace trace;
+    Operations operations{trace};
 };
 
 /// Stands in the component's place and writes down what arrives.
 class RecordingCalls : public ApplicationCalls {
   public:
     explicit RecordingCalls(CallLog& log) : log_(log) {}
-    ~RecordingCalls() override { log_.destroyed = true; }
+    ~RecordingCalls() override {
+        log_.destroyed = true;
+        log_.destroyedBy = GetCurrentThreadId();
+    }
+
+    const Operations& operations() const override { return log_.operations; }
 
     void showProcesses(IDispatch* host, const std::string& processGuid) override {
         CaseDescription description;
@@ -56,12 +66,16 @@ class RecordingCalls : public ApplicationCalls {
     void editProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) override {
         note("EditProcess", host, owner, description);
     }
-    void dispose() override { ++log_.disposals; }
+    void dispose() override {
+        ++log_.disposals;
+        if (log_.duringDispose) log_.duringDispose();
+    }
     FRView currentView() const override { return log_.view; }
     void setCurrentView(FRView view) override { log_.view = view; }
 
   private:
     void note(const char* method, IDispatch* host, IDispatch* owner, const CaseDescription& description) {
+        const Operations::Scope scope(log_.operations);
         log_.calls.push_back({method, host, owner, description});
         if (log_.duringCall) log_.duringCall();
     }

@@ -43,6 +43,7 @@ class ScriptedObject : public IDispatch {
         return sum;
     }
     int nameLookups() const { return nameLookups_; }
+    ULONG references() const { return references_; }
     WORD lastFlags() const { return lastFlags_; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
