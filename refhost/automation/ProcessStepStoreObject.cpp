@@ -59,6 +59,15 @@ void ProcessStepStoreObject::addValues() {
         store().updateValue({call.text(0), call.int32(1), call.text(2)});
         return VariantArg();
     });
+    method(11, L"SetValue", 3, [this](const Arguments& call) {
+        store().setValue({call.text(0), call.int32(1), call.text(2)});
+        return VariantArg();
+    });
+    method(12, L"DeleteValue", 2, [this](const Arguments& call) {
+        store().deleteValue(call.text(0), call.int32(1));
+        return VariantArg();
+    });
+    method(13, L"TechnologySources", 1, [this](const Arguments& call) { return technologySources(call); });
     method(10, L"CuttingCycles", 1, [this](const Arguments& call) { return cuttingCycles(call); });
 }
 
@@ -70,6 +79,13 @@ VariantArg ProcessStepStoreObject::step(const Arguments& call) {
     writer.add(record.processId);
     writer.add(std::to_string(record.priority));
     writer.add(std::to_string(record.cuttingCycleId));
+    return packedResult(writer.text());
+}
+
+VariantArg ProcessStepStoreObject::technologySources(const Arguments& call) {
+    pellmark::PackedTextWriter writer;
+    for (const auto source : store().technologySources(pellmark::unpackTexts(call.packedText(0))))
+        writer.add(std::to_string(static_cast<int>(source)));
     return packedResult(writer.text());
 }
 

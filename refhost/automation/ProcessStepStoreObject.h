@@ -15,6 +15,7 @@ class ProcessStepStoreObject : public AutomationObject {
     void addValues();
     SqliteStepStore& store() { return session_->service().stepStore(); }
     pellmark::VariantArg step(const Arguments& arguments);
+    pellmark::VariantArg technologySources(const Arguments& arguments);
     pellmark::VariantArg cuttingCycles(const Arguments& arguments);
 
     SharedSession session_;

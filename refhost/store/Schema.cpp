@@ -146,8 +146,15 @@ CREATE TABLE user_account (
 ) WITHOUT ROWID;
 )sql";
 
+/// Where the technology of a step comes from (pellmark::TechnologySource); null for what earlier versions and
+/// other tools have stored.
+constexpr const char* kVersion2 = R"sql(
+ALTER TABLE process_step ADD COLUMN source INTEGER;
+)sql";
+
 constexpr std::array kMigrations{
     Migration{1, kVersion1},
+    Migration{2, kVersion2},
 };
 
 std::int64_t pragma(Connection& connection, const char* sql) {

@@ -17,6 +17,7 @@ using pellmark::MemoryRecordSet;
 using pellmark::ProcessStepRecord;
 using pellmark::RecordSet;
 using pellmark::StepValueRecord;
+using pellmark::TechnologySource;
 namespace errors = pellmark::errors;
 namespace field = pellmark::field;
 
@@ -124,6 +125,47 @@ void SqliteStepStore::updateValue(const StepValueRecord& record) {
     Statement update(connection(), "UPDATE step_value SET value = ? WHERE step = ? AND code = ?");
     update.bind(record.value).bind(step).bind(std::int64_t{record.clFileCode}).run();
     if (connection().changes() == 0) throwNotFound("step value", std::to_string(record.clFileCode));
+    change.commit();
+}
+
+void SqliteStepStore::setValue(const StepValueRecord& record) {
+    Transaction change(connection(), Transaction::Kind::Write);
+    const std::int64_t step = requireRow(connection(), "process_step", "process step", record.stepId);
+    Statement set(connection(),
+                  "INSERT INTO step_value (step, code, value) VALUES (?, ?, ?) "
+                  "ON CONFLICT (step, code) DO UPDATE SET value = excluded.value");
+    set.bind(step).bind(std::int64_t{record.clFileCode}).bind(record.value).run();
+    change.commit();
+}
+
+void SqliteStepStore::deleteValue(const std::string& stepId, std::int32_t clFileCode) {
+    Statement remove(connection(),
+                     "DELETE FROM step_value WHERE step = (SELECT row FROM process_step WHERE id = ?) "
+                     "AND code = ?");
+    remove.bindId(stepId).bind(std::int64_t{clFileCode}).run();
+}
+
+std::vector<TechnologySource> SqliteStepStore::technologySources(const std::vector<std::string>& stepIds) {
+    std::vector<TechnologySource> sources;
+    sources.reserve(stepIds.size());
+    // One transaction, so that the file is locked and its state read once and not for each step.
+    Transaction view(connection(), Transaction::Kind::Read);
+    Statement find(connection(), "SELECT source FROM process_step WHERE id = ?");
+    for (const std::string& id : stepIds) {
+        find.bindId(id);
+        const bool isKnown = find.step() && !find.isNull(0);
+        sources.push_back(isKnown ? static_cast<TechnologySource>(find.integer(0))
+                                  : TechnologySource::DbStep);
+        find.reset();
+    }
+    return sources;
+}
+
+void SqliteStepStore::setTechnologySource(const std::string& stepId, TechnologySource source) {
+    Transaction change(connection(), Transaction::Kind::Write);
+    const std::int64_t step = requireRow(connection(), "process_step", "process step", stepId);
+    Statement update(connection(), "UPDATE process_step SET source = ? WHERE row = ?");
+    update.bind(static_cast<std::int64_t>(source)).bind(step).run();
     change.commit();
 }
 

@@ -21,6 +21,12 @@ class SqliteStepStore : public pellmark::ProcessStepStore {
     std::shared_ptr<pellmark::RecordSet> values(const std::string& stepId) override;
     void addValue(const pellmark::StepValueRecord& record) override;
     void updateValue(const pellmark::StepValueRecord& record) override;
+    void setValue(const pellmark::StepValueRecord& record) override;
+    void deleteValue(const std::string& stepId, std::int32_t clFileCode) override;
+    std::vector<pellmark::TechnologySource> technologySources(
+        const std::vector<std::string>& stepIds) override;
+    /// Remembers where the step's technology comes from; the step must exist.
+    void setTechnologySource(const std::string& stepId, pellmark::TechnologySource source);
     std::shared_ptr<pellmark::RecordSet> cuttingCycles(const std::vector<int>& types) override;
 
   private:

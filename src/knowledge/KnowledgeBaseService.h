@@ -128,6 +128,13 @@ class ProcessStepStore {
     virtual void addValue(const StepValueRecord& record) = 0;
     /// The step must have a value with that code: errors::kNotFound.
     virtual void updateValue(const StepValueRecord& record) = 0;
+    /// Updates the value with that code, or adds it when the step has none. The step must exist.
+    virtual void setValue(const StepValueRecord& record) = 0;
+    /// Removing a value that the step does not have, or from an unknown step, is harmless.
+    virtual void deleteValue(const std::string& stepId, std::int32_t clFileCode) = 0;
+    /// Where the technology of each step comes from, in the order asked. One call for as many steps as a grid
+    /// shows; a step that is unknown, or of which nothing is known, counts as TechnologySource::DbStep.
+    virtual std::vector<TechnologySource> technologySources(const std::vector<std::string>& stepIds) = 0;
     /// `_Id` (a small number), `_Name` of the cutting cycles of the given types, in the order of the types,
     /// within a type by id.
     virtual std::shared_ptr<RecordSet> cuttingCycles(const std::vector<int>& types) = 0;

@@ -96,6 +96,16 @@ struct ProcessStepRecord {
     bool operator==(const ProcessStepRecord&) const = default;
 };
 
+/// Where the technology of a step comes from; the codes are the host's.
+enum class TechnologySource : std::int16_t {
+    CalcoraComputed = 0,  ///< a formula has computed a value of it
+    SfdbCalculated = 1,   ///< a value of it is taken from the table of speeds and feeds
+    File = 2,             ///< read from a process file
+    DbStep = 3,           ///< stored with the step
+    DbDefaults = 4,       ///< the host's defaults, unchanged
+    User = 5              ///< a person has changed a value of it
+};
+
 /// One technology value of a step.
 struct StepValueRecord {
     std::string stepId;

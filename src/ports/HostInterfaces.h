@@ -6,6 +6,7 @@
 
 #include "base/Geometry.h"
 #include "knowledge/KnowledgeBaseService.h"
+#include "ports/Technology.h"
 
 /// What the component asks of its host besides the knowledge base.
 namespace pellmark {
@@ -50,6 +51,7 @@ class HostLibrary {
     virtual std::unique_ptr<KnowledgeBaseService> createKnowledgeBaseService() = 0;
     virtual std::unique_ptr<TranslationService> createTranslationService() = 0;
     virtual std::unique_ptr<LanguageConverter> createLanguageConverter() = 0;
+    virtual std::unique_ptr<TechnologyService> createTechnologyService() = 0;
 };
 
 }  // namespace pellmark

@@ -34,6 +34,8 @@ class ContractSubject {
                                        const std::string& partTypeId, std::int16_t unitCode) = 0;
     virtual std::string addKey(const std::string& featureTypeId, const std::string& name) = 0;
     virtual std::string addKeyValue(const std::string& keyId, const std::string& name) = 0;
+    /// What the host does when it has learnt where the technology of a step comes from.
+    virtual void setTechnologySource(const std::string& stepId, TechnologySource source) = 0;
     virtual void addCuttingCycle(std::int16_t id, const std::string& name, int type) = 0;
 };
 

@@ -35,6 +35,9 @@ class FakeContractSubject : public ContractSubject {
     std::string addKeyValue(const std::string& keyId, const std::string& name) override {
         return fake_.addValue(keyId, name);
     }
+    void setTechnologySource(const std::string& stepId, TechnologySource source) override {
+        fake_.setTechnologySource(stepId, source);
+    }
     void addCuttingCycle(std::int16_t id, const std::string& name, int type) override {
         fake_.addCuttingCycle(id, name, type);
     }

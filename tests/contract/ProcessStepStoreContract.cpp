@@ -138,6 +138,80 @@ TEST_P(ProcessStepStoreContract, AValueIsChangedInPlace) {
     EXPECT_EQ(thrownBy([&] { steps.addValue({kUnknownId, 432, "x"}); }).number, errors::kNotFound);
 }
 
+TEST_P(ProcessStepStoreContract, ASetValueIsAddedOrChanged) {
+    const std::string id = addStep(addProcess("A"), "Drill", 1);
+    steps.addValue({id, 7, "seven"});
+    steps.setValue({id, 432, "first"});
+    EXPECT_THAT(rowsOf(*steps.values(id)),
+                ElementsAre(ElementsAre("7", "seven"), ElementsAre("432", "first")));
+    for (const std::string& text : kNastyTexts) {
+        steps.setValue({id, 432, text});
+        EXPECT_THAT(rowsOf(*steps.values(id)),
+                    ElementsAre(ElementsAre("7", "seven"), ElementsAre("432", text)));
+    }
+    EXPECT_EQ(thrownBy([&] { steps.setValue({kUnknownId, 432, "x"}); }).number, errors::kNotFound);
+    EXPECT_EQ(thrownBy([&] { steps.setValue({"", 432, "x"}); }).number, errors::kNotFound);
+}
+
+TEST_P(ProcessStepStoreContract, ADeletedValueIsGoneAndAnAbsentOneIsHarmless) {
+    const std::string process = addProcess("A");
+    const std::string id = addStep(process, "Drill", 1);
+    const std::string other = addStep(process, "Ream", 2);
+    steps.addValue({id, 5, "five"});
+    steps.addValue({id, 6, "six"});
+    steps.addValue({other, 5, "its own"});
+    steps.deleteValue(id, 5);
+    steps.deleteValue(id, 5);
+    steps.deleteValue(id, -1);
+    steps.deleteValue(kUnknownId, 6);
+    steps.deleteValue("nonsense", 6);
+    EXPECT_THAT(rowsOf(*steps.values(id)), ElementsAre(ElementsAre("6", "six")));
+    EXPECT_THAT(rowsOf(*steps.values(other)), ElementsAre(ElementsAre("5", "its own")));
+    steps.addValue({id, 5, "again"});
+    EXPECT_EQ(steps.values(id)->count(), 2U);
+}
+
+TEST_P(ProcessStepStoreContract, TheSourcesOfManyStepsComeInTheOrderAsked) {
+    const std::vector<TechnologySource> all{
+        TechnologySource::CalcoraComputed, TechnologySource::SfdbCalculated, TechnologySource::File,
+        TechnologySource::DbStep,          TechnologySource::DbDefaults,     TechnologySource::User};
+    const std::string process = addProcess("A");
+    std::vector<std::string> ids;
+    for (const TechnologySource source : all) {
+        ids.insert(ids.begin(), addStep(process, "Drill", 1));
+        subject->setTechnologySource(ids.front(), source);
+    }
+    EXPECT_EQ(steps.technologySources(ids), std::vector<TechnologySource>(all.rbegin(), all.rend()));
+    EXPECT_THAT(steps.technologySources({}), IsEmpty());
+}
+
+TEST_P(ProcessStepStoreContract, AStepOfWhichNothingIsKnownCountsAsStoredWithTheStep) {
+    const std::string id = addStep(addProcess("A"), "Drill", 1);
+    const std::string known = addStep(addProcess("B"), "Ream", 1);
+    subject->setTechnologySource(known, TechnologySource::User);
+    EXPECT_THAT(steps.technologySources({id, kUnknownId, known, "", known}),
+                ElementsAre(TechnologySource::DbStep, TechnologySource::DbStep, TechnologySource::User,
+                            TechnologySource::DbStep, TechnologySource::User));
+}
+
+TEST_P(ProcessStepStoreContract, ChangingAStepInPlaceLeavesItsSource) {
+    const std::string process = addProcess("A");
+    const std::string id = addStep(process, "Drill", 1);
+    subject->setTechnologySource(id, TechnologySource::File);
+    steps.updateStep({id, "Ream", process, 2, 45});
+    steps.setValue({id, 5, "x"});
+    EXPECT_THAT(steps.technologySources({id}), ElementsAre(TechnologySource::File));
+}
+
+TEST_P(ProcessStepStoreContract, TheSourcesOfThousandsOfStepsAreOneCall) {
+    const std::string process = addProcess("A");
+    const std::string id = addStep(process, "Drill", 1);
+    subject->setTechnologySource(id, TechnologySource::DbDefaults);
+    const std::vector<std::string> ids(5000, id);
+    EXPECT_EQ(steps.technologySources(ids),
+              std::vector<TechnologySource>(5000, TechnologySource::DbDefaults));
+}
+
 TEST_P(ProcessStepStoreContract, CuttingCyclesComeInTheOrderOfTheTypesAskedFor) {
     subject->addCuttingCycle(11, "Drill", 6);
     subject->addCuttingCycle(30, "Tap", 101);

@@ -40,6 +40,9 @@ class SqliteContractSubject : public ContractSubject {
     std::string addKeyValue(const std::string& keyId, const std::string& name) override {
         return model_.addValue(keyId, name);
     }
+    void setTechnologySource(const std::string& stepId, TechnologySource source) override {
+        first_.stepStore().setTechnologySource(stepId, source);
+    }
     void addCuttingCycle(std::int16_t id, const std::string& name, int type) override {
         model_.addCuttingCycle(id, name, type);
     }

@@ -54,6 +54,35 @@ class Languages : public LanguageConverter, Counted {
     FakeHostLibrary& library_;
 };
 
+class TechnologyReference : public TechnologyService, Counted {
+  public:
+    explicit TechnologyReference(FakeHostLibrary& library)
+        : Counted(library.alive), target_(library.technology) {}
+    std::unique_ptr<TechnologyObject> create(std::int16_t cuttingCycleId,
+                                             const std::string& processId) override {
+        return target_.create(cuttingCycleId, processId);
+    }
+    int edit(TechnologyObject& technology, WindowHandle owner) override {
+        return target_.edit(technology, owner);
+    }
+    bool runStepWizard(TechnologyObject& technology, WindowHandle owner) override {
+        return target_.runStepWizard(technology, owner);
+    }
+    OperationList read(const std::string& path, const Progress& progress) override {
+        return target_.read(path, progress);
+    }
+    bool write(const std::string& path, const OperationList& operations) override {
+        return target_.write(path, operations);
+    }
+    std::string defaultFolder() override { return target_.defaultFolder(); }
+    void stored(const std::string& stepId, TechnologyObject& technology) override {
+        target_.stored(stepId, technology);
+    }
+
+  private:
+    FakeTechnologyService& target_;
+};
+
 void failWhenMissing(bool missing) {
     if (missing) throw Error(errors::kHostInterface, "Norvex", "The host's library is not registered");
 }
@@ -73,6 +102,11 @@ std::unique_ptr<TranslationService> FakeHostLibrary::createTranslationService() 
 std::unique_ptr<LanguageConverter> FakeHostLibrary::createLanguageConverter() {
     failWhenMissing(missing);
     return std::make_unique<Languages>(*this);
+}
+
+std::unique_ptr<TechnologyService> FakeHostLibrary::createTechnologyService() {
+    failWhenMissing(missing);
+    return std::make_unique<TechnologyReference>(*this);
 }
 
 }  // namespace pellmark::test

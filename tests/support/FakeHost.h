@@ -7,6 +7,7 @@
 
 #include "ports/HostInterfaces.h"
 #include "support/FakeKnowledgeBase.h"
+#include "support/FakeTechnologyService.h"
 
 namespace pellmark::test {
 
@@ -40,7 +41,9 @@ class FakeHostLibrary : public HostLibrary {
     std::unique_ptr<KnowledgeBaseService> createKnowledgeBaseService() override;
     std::unique_ptr<TranslationService> createTranslationService() override;
     std::unique_ptr<LanguageConverter> createLanguageConverter() override;
+    std::unique_ptr<TechnologyService> createTechnologyService() override;
 
+    FakeTechnologyService technology;
     std::map<std::string, std::string> translations;
     std::vector<std::string> translationCalls;  ///< "ResourceFile C:\...", in order
     std::int32_t locale = 1031;

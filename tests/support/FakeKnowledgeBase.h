@@ -36,7 +36,8 @@ class FakeKnowledgeBase : public KnowledgeBaseService, private UserRights {
     bool connected = true;
     std::set<int> allowed{PermissionEdit, PermissionAdd, PermissionDelete};
     /// Every later call of the operation throws, after it has been noted. Operations are named as in the
-    /// interface, but for the values of steps: "stepValues", "addStepValue", "updateStepValue", and "may".
+    /// interface, but for the values of steps: "stepValues", "addStepValue", "updateStepValue",
+    /// "setStepValue", "deleteStepValue", and "may".
     void throwOn(const std::string& operation, std::int32_t number = errors::kKnowledgeBase,
                  const std::string& description = "The knowledge base failed on purpose.");
     void stopThrowing() { tables_.failures.clear(); }
@@ -58,6 +59,10 @@ class FakeKnowledgeBase : public KnowledgeBaseService, private UserRights {
     void protect(const std::string& processId);
     std::string addStep(const std::string& processId, const std::string& name, std::int16_t priority,
                         std::int16_t cuttingCycleId = 0);
+    /// From now on technologySources answers this for the step.
+    void setTechnologySource(const std::string& stepId, TechnologySource source) {
+        tables_.requireStep(stepId).source = source;
+    }
     std::string addFeatureType(const std::string& name, std::int16_t nvxFeatureType = -1,
                                const std::string& partTypeId = {}, std::int16_t unitCode = unit::kNone);
     std::string addKey(const std::string& featureTypeId, const std::string& name);

@@ -105,6 +105,29 @@ void FakeStepStore::updateValue(const StepValueRecord& record) {
     at->second = record.value;
 }
 
+void FakeStepStore::setValue(const StepValueRecord& record) {
+    tables_.called("setStepValue", record.stepId, std::to_string(record.clFileCode));
+    tables_.requireStep(record.stepId).values[record.clFileCode] = record.value;
+}
+
+void FakeStepStore::deleteValue(const std::string& stepId, std::int32_t clFileCode) {
+    tables_.called("deleteStepValue", stepId, std::to_string(clFileCode));
+    if (auto* step = tables_.findStep(stepId)) step->values.erase(clFileCode);
+}
+
+std::vector<TechnologySource> FakeStepStore::technologySources(const std::vector<std::string>& stepIds) {
+    tables_.called("technologySources", std::to_string(stepIds.size()));
+    std::map<std::string, TechnologySource> byId;
+    for (const auto& step : tables_.steps)
+        byId.emplace(step.record.id, step.source);
+    std::vector<TechnologySource> sources;
+    for (const auto& id : stepIds) {
+        const auto found = byId.find(canonicalId(id));
+        sources.push_back(found == byId.end() ? TechnologySource::DbStep : found->second);
+    }
+    return sources;
+}
+
 std::shared_ptr<RecordSet> FakeStepStore::cuttingCycles(const std::vector<int>& types) {
     tables_.called("cuttingCycles");
     auto sorted = tables_.cuttingCycles;

@@ -19,6 +19,9 @@ class FakeStepStore : public ProcessStepStore {
     std::shared_ptr<RecordSet> values(const std::string& stepId) override;
     void addValue(const StepValueRecord& record) override;
     void updateValue(const StepValueRecord& record) override;
+    void setValue(const StepValueRecord& record) override;
+    void deleteValue(const std::string& stepId, std::int32_t clFileCode) override;
+    std::vector<TechnologySource> technologySources(const std::vector<std::string>& stepIds) override;
     std::shared_ptr<RecordSet> cuttingCycles(const std::vector<int>& types) override;
 
   private:

@@ -32,6 +32,7 @@ struct FakeTables {
         Guid id;
         ProcessStepRecord record;
         std::map<std::int32_t, std::string> values;
+        TechnologySource source = TechnologySource::DbStep;
     };
     struct Named {
         std::string id;

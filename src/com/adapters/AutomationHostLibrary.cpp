@@ -5,6 +5,7 @@
 #include "automation/DispatchObject.h"
 #include "base/Error.h"
 #include "com/adapters/KnowledgeBaseAdapter.h"
+#include "com/adapters/TechnologyServiceAdapter.h"
 #include "com/adapters/TextServiceAdapters.h"
 
 namespace pellmark {
@@ -40,6 +41,10 @@ std::unique_ptr<TranslationService> AutomationHostLibrary::createTranslationServ
 
 std::unique_ptr<LanguageConverter> AutomationHostLibrary::createLanguageConverter() {
     return std::make_unique<LanguageConverterAdapter>(createByProgId("Norvex.LanguageConverter"));
+}
+
+std::unique_ptr<TechnologyService> AutomationHostLibrary::createTechnologyService() {
+    return std::make_unique<TechnologyServiceAdapter>(createByProgId("Norvex.TechnologyService"));
 }
 
 }  // namespace pellmark

@@ -11,6 +11,7 @@ class AutomationHostLibrary : public HostLibrary {
     std::unique_ptr<KnowledgeBaseService> createKnowledgeBaseService() override;
     std::unique_ptr<TranslationService> createTranslationService() override;
     std::unique_ptr<LanguageConverter> createLanguageConverter() override;
+    std::unique_ptr<TechnologyService> createTechnologyService() override;
 };
 
 }  // namespace pellmark

@@ -4,16 +4,16 @@ namespace pellmark {
 
 namespace {
 
-/// Handles are 32 bits wide on every Windows; a negative number is one with its highest bit set.
+/// A negative number is a handle with its highest bit set.
 WindowHandle handleFrom(const DispatchResult& result) {
     return static_cast<WindowHandle>(static_cast<std::intptr_t>(result.int64()));
 }
 
+}  // namespace
+
 VariantArg handleArgument(WindowHandle window) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(window));
 }
-
-}  // namespace
 
 WindowHandle HostApplicationAdapter::mainWindow() {
     return handleFrom(host_.call("MainWindowHandle"));

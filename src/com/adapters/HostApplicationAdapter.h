@@ -20,6 +20,9 @@ class HostApplicationAdapter : public HostApplication {
     DispatchObject host_;
 };
 
+/// A window as an argument: handles are 32 bits wide on every Windows.
+VariantArg handleArgument(WindowHandle window);
+
 /// The host application behind a call's first argument; null for Nothing.
 std::shared_ptr<HostApplication> hostApplicationFrom(IDispatch* argument);
 

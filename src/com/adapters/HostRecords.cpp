@@ -56,6 +56,12 @@ std::vector<HostRecord> recordsFromArray(const DispatchResult& result, std::size
     const auto elements = elementsOf(result.value(), result);
     std::vector<HostRecord> records;
     if (elements.empty()) return records;
+    if (!isArray(elements.front()) && fields == 1) {
+        // records of one field need no array each
+        for (const auto& element : elements)
+            records.push_back(recordFrom({element}, fields, result));
+        return records;
+    }
     if (!isArray(elements.front())) {
         records.push_back(recordFrom(elements, fields, result));
         return records;
@@ -100,6 +106,18 @@ VariantArg arrayOfVariants(const std::vector<Element>& elements) {
     return owner;
 }
 
+template <class Number>
+Number numberOf(const std::string& text, const DispatchResult& result) {
+    Number number = 0;
+    if (text.empty()) return number;
+    const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (code != std::errc() || end != text.data() + text.size()) {
+        result.failBecause("answered with \"" + text + "\" where a " + std::to_string(8 * sizeof(Number)) +
+                           "-bit number belongs.");
+    }
+    return number;
+}
+
 }  // namespace
 
 std::vector<HostRecord> readRecords(const DispatchResult& result, std::initializer_list<const char*> fields) {
@@ -117,13 +135,11 @@ HostRecord readRecord(const DispatchResult& result, std::initializer_list<const 
 }
 
 std::int16_t int16Of(const std::string& text, const DispatchResult& result) {
-    std::int16_t number = 0;
-    if (text.empty()) return number;
-    const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (code != std::errc() || end != text.data() + text.size()) {
-        result.failBecause("answered with \"" + text + "\" where a 16-bit number belongs.");
-    }
-    return number;
+    return numberOf<std::int16_t>(text, result);
+}
+
+std::int32_t int32Of(const std::string& text, const DispatchResult& result) {
+    return numberOf<std::int32_t>(text, result);
 }
 
 bool flagOf(const std::string& text) {
@@ -136,6 +152,21 @@ VariantArg arrayOf(const std::vector<std::string>& texts) {
 
 VariantArg arrayOf(const std::vector<int>& numbers) {
     return arrayOfVariants(std::vector<std::int32_t>(numbers.begin(), numbers.end()));
+}
+
+VariantArg arrayOf(const std::vector<ComPtr<IDispatch>>& objects) {
+    return arrayOfVariants(objects);
+}
+
+VariantArg packedTexts(const std::vector<std::string>& texts) {
+    PackedTextWriter writer;
+    for (const auto& text : texts)
+        writer.add(text);
+    const std::u16string& packed = writer.text();
+    BSTR units =
+        SysAllocStringLen(reinterpret_cast<const wchar_t*>(packed.data()), static_cast<UINT>(packed.size()));
+    if (units == nullptr) throw std::bad_alloc();
+    return Bstr::adopt(units);
 }
 
 }  // namespace pellmark

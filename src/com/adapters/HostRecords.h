@@ -11,8 +11,9 @@ namespace pellmark {
 using HostRecord = std::vector<std::string>;
 
 /// Reads the records that a member answered with, in any of the accepted forms: packed text, an array of
-/// arrays, an array of values (one record), or a record set, whose fields are found by name. Every record has
-/// the given fields in the given order. Throws errors::kHostInterface for anything else.
+/// arrays, an array of values (one record, or as many as there are values when a record has one field), or a
+/// record set, whose fields are found by name. Every record has the given fields in the given order. Throws
+/// errors::kHostInterface for anything else.
 std::vector<HostRecord> readRecords(const DispatchResult& result, std::initializer_list<const char*> fields);
 
 /// The same where exactly one record is the only sensible answer.
@@ -20,6 +21,7 @@ HostRecord readRecord(const DispatchResult& result, std::initializer_list<const 
 
 /// A number inside a record; 0 for the empty text. Throws errors::kHostInterface when it is none.
 std::int16_t int16Of(const std::string& text, const DispatchResult& result);
+std::int32_t int32Of(const std::string& text, const DispatchResult& result);
 
 /// A flag inside a record: everything but "", "0" and "False" is true.
 bool flagOf(const std::string& text);
@@ -27,5 +29,9 @@ bool flagOf(const std::string& text);
 /// An array of variants, which is what scripts can take apart.
 VariantArg arrayOf(const std::vector<std::string>& texts);
 VariantArg arrayOf(const std::vector<int>& numbers);
+VariantArg arrayOf(const std::vector<ComPtr<IDispatch>>& objects);
+
+/// A packed text as an argument.
+VariantArg packedTexts(const std::vector<std::string>& texts);
 
 }  // namespace pellmark

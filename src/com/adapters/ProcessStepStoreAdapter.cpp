@@ -1,8 +1,22 @@
 #include "com/adapters/ProcessStepStoreAdapter.h"
 
+#include <algorithm>
+
 #include "com/adapters/HostRecords.h"
 
 namespace pellmark {
+
+namespace {
+
+/// A code that this version does not know, from a newer host perhaps, is no reason to show no list.
+TechnologySource sourceFrom(const HostRecord& record, const DispatchResult& result) {
+    constexpr auto kLast = static_cast<std::int16_t>(TechnologySource::User);
+    const std::int16_t code = int16Of(record[0], result);
+    const bool isKnown = !record[0].empty() && code >= 0 && code <= kLast;
+    return isKnown ? static_cast<TechnologySource>(code) : TechnologySource::DbStep;
+}
+
+}  // namespace
 
 std::shared_ptr<RecordSet> ProcessStepStoreAdapter::steps(const std::string& processId) {
     return query("Steps", {processId});
@@ -41,6 +55,26 @@ void ProcessStepStoreAdapter::addValue(const StepValueRecord& record) {
 
 void ProcessStepStoreAdapter::updateValue(const StepValueRecord& record) {
     call("UpdateValue", {record.stepId, record.clFileCode, record.value});
+}
+
+void ProcessStepStoreAdapter::setValue(const StepValueRecord& record) {
+    call("SetValue", {record.stepId, record.clFileCode, record.value});
+}
+
+void ProcessStepStoreAdapter::deleteValue(const std::string& stepId, std::int32_t clFileCode) {
+    call("DeleteValue", {stepId, clFileCode});
+}
+
+std::vector<TechnologySource> ProcessStepStoreAdapter::technologySources(
+    const std::vector<std::string>& stepIds) {
+    std::vector<TechnologySource> sources(stepIds.size(), TechnologySource::DbStep);
+    if (stepIds.empty() || !store().has("TechnologySources")) return sources;
+    const DispatchResult result = call("TechnologySources", {packedTexts(stepIds)});
+    const auto records = readRecords(result, {"Source"});
+    if (records.size() != stepIds.size()) result.failBecause("did not answer with one source per id.");
+    std::transform(records.begin(), records.end(), sources.begin(),
+                   [&](const HostRecord& record) { return sourceFrom(record, result); });
+    return sources;
 }
 
 std::shared_ptr<RecordSet> ProcessStepStoreAdapter::cuttingCycles(const std::vector<int>& types) {

@@ -2,7 +2,6 @@
 
 #include "base/Error.h"
 #include "com/adapters/HostRecords.h"
-#include "knowledge/PackedText.h"
 
 namespace pellmark {
 
@@ -12,17 +11,6 @@ constexpr auto kProcessFields = {field::kId, field::kName, field::kUnit, field::
 
 ProcessRecord processFrom(const HostRecord& record, const DispatchResult& result) {
     return {record[0], record[1], int16Of(record[2], result), record[3], record[4]};
-}
-
-Bstr packedIds(const std::vector<std::string>& ids) {
-    PackedTextWriter writer;
-    for (const auto& id : ids)
-        writer.add(id);
-    const std::u16string& packed = writer.text();
-    BSTR text =
-        SysAllocStringLen(reinterpret_cast<const wchar_t*>(packed.data()), static_cast<UINT>(packed.size()));
-    if (text == nullptr) throw std::bad_alloc();
-    return Bstr::adopt(text);
 }
 
 }  // namespace
@@ -55,7 +43,7 @@ std::vector<std::optional<ProcessRecord>> ProcessStoreAdapter::processRecords(
             found.push_back(processIfPresent(id));
         return found;
     }
-    const DispatchResult result = call("ProcessRecords", {packedIds(ids)});
+    const DispatchResult result = call("ProcessRecords", {packedTexts(ids)});
     const auto records = readRecords(result, kProcessFields);
     if (records.size() != ids.size()) result.failBecause("did not answer with one record per id.");
     for (const auto& record : records) {

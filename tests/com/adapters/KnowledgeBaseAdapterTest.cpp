@@ -160,6 +160,51 @@ TEST_F(KnowledgeBaseAdapterTest, AQueryThatAnswersNothingIsAnError) {
                 [&] { adapter_.materialStore().materials(); });
 }
 
+TEST_F(KnowledgeBaseAdapterTest, WithoutTheMemberForSourcesEveryStepCountsAsStoredWithTheStep) {
+    EXPECT_EQ(adapter_.stepStore().technologySources({"a", "b"}),
+              std::vector<TechnologySource>(2, TechnologySource::DbStep));
+    EXPECT_EQ(steps_->allCalls(), 0);
+}
+
+TEST_F(KnowledgeBaseAdapterTest, TheSourcesOfManyStepsAreOneCall) {
+    std::string asked;
+    steps_->on(L"TechnologySources", [&](const ScriptedObject::Values& values) {
+        asked = Bstr::toUtf8(values.at(0).get().bstrVal);
+        return VariantArg("1:51:01:3");
+    });
+    EXPECT_EQ(
+        adapter_.stepStore().technologySources({"a", "bc", "d"}),
+        (std::vector{TechnologySource::User, TechnologySource::CalcoraComputed, TechnologySource::DbStep}));
+    EXPECT_EQ(asked, "1:a2:bc1:d");
+    EXPECT_EQ(steps_->allCalls(), 1);
+}
+
+TEST_F(KnowledgeBaseAdapterTest, SourcesMayComeAsAnArrayOfNumbers) {
+    steps_->on(L"TechnologySources", scriptArray({2, std::int16_t{4}, "1"}));
+    EXPECT_EQ(adapter_.stepStore().technologySources({"a", "b", "c"}),
+              (std::vector{TechnologySource::File, TechnologySource::DbDefaults,
+                           TechnologySource::SfdbCalculated}));
+}
+
+TEST_F(KnowledgeBaseAdapterTest, ASourceWithoutAMeaningCountsAsStoredWithTheStep) {
+    steps_->on(L"TechnologySources", VariantArg("1:62:-10:"));
+    EXPECT_EQ(adapter_.stepStore().technologySources({"a", "b", "c"}),
+              std::vector<TechnologySource>(3, TechnologySource::DbStep));
+}
+
+TEST_F(KnowledgeBaseAdapterTest, SourcesThatAreNotOnePerStepAreAnError) {
+    steps_->on(L"TechnologySources", VariantArg("1:6"));
+    expectError(errors::kHostInterface, "one source per id", [&] {
+        adapter_.stepStore().technologySources({"a", "b"});
+    });
+}
+
+TEST_F(KnowledgeBaseAdapterTest, NoStepsAskedForIsNoCall) {
+    steps_->on(L"TechnologySources", VariantArg(""));
+    EXPECT_TRUE(adapter_.stepStore().technologySources({}).empty());
+    EXPECT_EQ(steps_->allCalls(), 0);
+}
+
 TEST_F(KnowledgeBaseAdapterTest, TypesOfCuttingCyclesGoInTheirOrder) {
     auto records = ScriptedObject::make();
     records->on(L"Fields", VariantArg("_Id|_Name"));
