@@ -5,14 +5,18 @@
 
 #include "support/Measure.h"
 #include "support/win32/SampleForm.h"
-#include "win32/WindowsApi.h"
-#include "win32/controls/ControlPeer.h"
+#include "win32/BenchWindows.h"
+#include "win32/MoveBench.h"
 #include "win32/forms/Win32Desktop.h"
 
 /// How long a form's list takes to its first painted rows, to turn a page, and how long a dialog takes to
 /// open and close; each beside the bare control or the barest dialog of the same run.
 namespace {
 
+using bench::bareList;
+using bench::Host;
+using bench::listOf;
+using bench::pump;
 using pellmark::test::SampleForm;
 
 constexpr int kRepetitions = 15;
@@ -22,56 +26,6 @@ class NoTrace : public pellmark::Trace {
   public:
     void record(std::string_view, std::string_view) noexcept override {}
 };
-
-struct Host {
-    HWND window =
-        ::CreateWindowExW(0, L"STATIC", L"Bench", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 50, 50,
-                          1000, 700, nullptr, nullptr, nullptr, nullptr);
-    ~Host() { ::DestroyWindow(window); }
-};
-
-void pump() {
-    MSG message{};
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        ::TranslateMessage(&message);
-        ::DispatchMessageW(&message);
-    }
-}
-
-HWND listOf(SampleForm& form) {
-    struct Search {
-        SampleForm& form;
-        HWND found = nullptr;
-    } search{form};
-    ::EnumChildWindows(
-        reinterpret_cast<HWND>(form.handle()),
-        [](HWND window, LPARAM parameter) -> BOOL {
-            auto& wanted = *reinterpret_cast<Search*>(parameter);
-            const auto* peer = pellmark::ControlPeer::of(window);
-            if (peer == nullptr || peer->control() != &wanted.form.grid) return TRUE;
-            wanted.found = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
-/// The list window alone, which is the least that any list can cost. In owner-data mode with an item count
-/// it answers no text.
-HWND bareList(HWND host, int rows) {
-    const HWND list =
-        ::CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA, 0, 0, 980,
-                          660, host, nullptr, nullptr, nullptr);
-    LVCOLUMNW column{};
-    column.mask = LVCF_WIDTH | LVCF_TEXT;
-    column.cx = 180;
-    wchar_t heading[] = L"Heading";
-    column.pszText = heading;
-    for (int i = 0; i < 4; ++i)
-        ::SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
-    ::SendMessageW(list, LVM_SETITEMCOUNT, static_cast<WPARAM>(rows), 0);
-    return list;
-}
 
 void emptyWindow() {
     const Host host;
@@ -203,5 +157,6 @@ int main() {
                    bench::number(ours / theirs, 2)});
     }
     table.print();
+    bench::moves(desktop).print();
     return 0;
 }

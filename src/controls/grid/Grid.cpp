@@ -326,24 +326,54 @@ bool Grid::isSelected(int row) const {
     return isDataRow(row) && selection_.contains(slotOf(row));
 }
 
-void Grid::setSelected(int row, bool selected) {
-    if (!isDataRow(row) || selected == isSelected(row)) return;
-    if (selected) {
-        selection_.add(slotOf(row));
-    } else {
-        selection_.remove(slotOf(row));
+std::optional<Grid::Block> Grid::blockOf(int row1, int row2) const {
+    const Block block{std::max(std::min(row1, row2), fixedRows_), std::min(std::max(row1, row2), rows() - 1)};
+    return block.first <= block.last ? std::optional(block) : std::nullopt;
+}
+
+void Grid::markRows(const Block& rows, bool selected) {
+    const auto rank = [this](int row) { return static_cast<std::size_t>(row - fixedRows_); };
+    if (!selected) {
+        selection_.removeRange(slotOf(rows.first), slotOf(rows.last));
+        return;
     }
-    notify({What::Selection, row});
+    rowOrder_.eachRun(rank(rows.first), rank(rows.last),
+                      [this](std::size_t first, std::size_t last) { selection_.addRange(first, last); });
+}
+
+void Grid::setSelected(int row1, int row2, bool selected) {
+    const auto block = blockOf(row1, row2);
+    if (!block || (row1 == row2 && isSelected(row1) == selected)) return;
+    markRows(*block, selected);
+    notify({What::Selection, row1 == row2 ? row1 : -1});
+}
+
+void Grid::selectOnly(int row1, int row2) {
+    const auto block = blockOf(row1, row2);
+    if (!block) {
+        clearSelection();
+        return;
+    }
+    if (block->first > fixedRows_) markRows({fixedRows_, block->first - 1}, false);
+    if (block->last < rows() - 1) markRows({block->last + 1, rows() - 1}, false);
+    markRows(*block, true);
+    notify({What::Selection});
+}
+
+void Grid::selectAll() {
+    if (hasData()) setSelected(fixedRows_, rows() - 1, true);
+}
+
+void Grid::eachSelectedRun(const std::function<void(int first, int last)>& visit) const {
+    selection_.eachRun([&](std::size_t first, std::size_t last) { visit(rowOf(first), rowOf(last)); });
 }
 
 void Grid::selectBlock(int row1, int col1, int row2, int) {
     selection_.clear();
-    const int first = std::max(std::min(row1, row2), fixedRows_);
-    const int last = std::min(std::max(row1, row2), rows() - 1);
-    for (int row = first; row <= last; ++row)
-        selection_.add(slotOf(row));
+    const auto block = blockOf(row1, row2);
+    if (block) markRows(*block, true);
     notify({What::Selection});
-    if (first <= last) setCurrent(std::clamp(row1, first, last), col1);
+    if (block) setCurrent(std::clamp(row1, block->first, block->last), col1);
 }
 
 void Grid::clearSelection() {

@@ -59,7 +59,7 @@ struct CellEdit {
 struct GridChange {
     enum class What { Cells, Rows, Columns, Selection, Current, Scroll, All };
     What what = What::All;
-    int row = -1;  ///< for Cells and Scroll: the row, -1 for all
+    int row = -1;  ///< for Cells, Selection and Scroll: the row, -1 for all
 };
 
 /// A virtual table. Rows and columns count from 0; the first fixedRows() rows are headings, the rest data
@@ -164,7 +164,15 @@ class Grid : public Control {
     /// The i-th selected row, in the order in which the rows were selected; -1 when out of range.
     int selectedRow(int i) const;
     bool isSelected(int row) const;
-    void setSelected(int row, bool selected);
+    void setSelected(int row, bool selected) { setSelected(row, row, selected); }
+    /// The same for all rows from one to another, in any order; costs nothing per row. Rows outside the data
+    /// are left out.
+    void setSelected(int row1, int row2, bool selected);
+    /// Selects these rows and no others; those that were selected keep their place in the order.
+    void selectOnly(int row1, int row2);
+    void selectAll();
+    /// The first and last row of each run of selected rows, from the top.
+    void eachSelectedRun(const std::function<void(int first, int last)>& visit) const;
     /// Selects the rows of a block and nothing else; (row1, col1) becomes current.
     void selectBlock(int row1, int col1, int row2, int col2);
     void clearSelection();
@@ -221,6 +229,13 @@ class Grid : public Control {
     void userMovedColumn(int col, int position);
 
   private:
+    struct Block {
+        int first;
+        int last;
+    };
+    /// What of the rows between two is data, null when nothing is.
+    std::optional<Block> blockOf(int row1, int row2) const;
+    void markRows(const Block& rows, bool selected);
     bool isDataRow(int row) const { return row >= fixedRows_ && row < rows(); }
     std::size_t slotOf(int row) const { return rowOrder_.slotAt(static_cast<std::size_t>(row - fixedRows_)); }
     int rowOf(std::size_t slot) const { return static_cast<int>(rowOrder_.rankOf(slot)) + fixedRows_; }

@@ -1,5 +1,6 @@
 #include "controls/grid/GridRows.h"
 
+#include <algorithm>
 #include <bit>
 
 namespace pellmark {
@@ -41,6 +42,30 @@ std::size_t RowOrder::rankOf(std::size_t slot) const {
     for (std::size_t node = word; node > 0; node &= node - 1)
         rank += tree_[node];
     return rank;
+}
+
+void RowOrder::eachRun(std::size_t first, std::size_t last,
+                       const std::function<void(std::size_t, std::size_t)>& visit) const {
+    const std::size_t end = slotAt(last) + 1;
+    std::size_t slot = slotAt(first);
+    if (alive_.empty()) {
+        visit(slot, end - 1);
+        return;
+    }
+    // The next slot from `at` on that is left or removed, as asked for, at most `end`.
+    const auto next = [&](std::size_t at, bool left) {
+        while (at < end) {
+            const std::uint64_t bits = (left ? alive_[at / kBits] : ~alive_[at / kBits]) >> (at % kBits);
+            if (bits != 0) return std::min(at + static_cast<std::size_t>(std::countr_zero(bits)), end);
+            at = (at / kBits + 1) * kBits;
+        }
+        return end;
+    };
+    while (slot < end) {
+        const std::size_t gap = next(slot, false);
+        visit(slot, gap - 1);
+        slot = next(gap, true);
+    }
 }
 
 std::size_t RowOrder::append() {

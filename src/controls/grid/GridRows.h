@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +26,10 @@ class RowOrder {
     std::size_t slotAt(std::size_t rank) const;
     /// How many rows stand before a slot.
     std::size_t rankOf(std::size_t slot) const;
+    /// The runs of slots left of the rows from `first` to `last`, both included, in their order. Looks at
+    /// nothing per row as long as nothing was removed, then at 64 at a time.
+    void eachRun(std::size_t first, std::size_t last,
+                 const std::function<void(std::size_t firstSlot, std::size_t lastSlot)>& visit) const;
     /// A new last row; returns its slot.
     std::size_t append();
     void remove(std::size_t slot);

@@ -168,10 +168,18 @@ void ListView::setSlotSelected(Slot& slot, bool selected) {
     selectionPending_ = true;
 }
 
-void ListView::setSelected(int index, bool selected) {
-    if (!contains(index) || isSelected(index) == selected) return;
-    setSlotSelected(slots_[slotAt(index)], selected);
-    selectionMoved({What::Selection, index});
+void ListView::setSelected(int first, int last, bool selected) {
+    const int before = selectedCount_;
+    for (int index = std::max(first, 0); index <= std::min(last, count() - 1); ++index)
+        setSlotSelected(slots_[slotAt(index)], selected);
+    if (selectedCount_ != before) selectionMoved({What::Selection, first == last ? first : -1});
+}
+
+void ListView::selectOnly(int first, int last) {
+    RedrawOff off(*this);
+    setSelected(0, first - 1, false);
+    setSelected(last + 1, count() - 1, false);
+    setSelected(first, last, true);
 }
 
 void ListView::select(int index) {

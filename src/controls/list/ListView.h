@@ -66,7 +66,11 @@ class ListView : public Control {
 
     // --- selection ---------------------------------------------------------------------------------------
     bool isSelected(int index) const;
-    void setSelected(int index, bool selected);
+    void setSelected(int index, bool selected) { setSelected(index, index, selected); }
+    /// The same for all items from one to another; indices outside the list are left out.
+    void setSelected(int first, int last, bool selected);
+    /// Selects these items and no others.
+    void selectOnly(int first, int last);
     /// Makes the item current and the only selected one; an index outside the list means none.
     void select(int index);
     void selectAll();

@@ -6,12 +6,6 @@
 
 namespace pellmark {
 
-namespace {
-constexpr UINT_PTR kOwnWindow = 1;
-constexpr UINT_PTR kInnerWindow = 2;
-constexpr const wchar_t* kPeerProperty = L"Pellmark.Peer";
-}  // namespace
-
 ControlPeer::ControlPeer(FormWindow& form, Control& control) : form_(form), control_(&control) {
     changed_ = control.changed.subscribe([this](ControlChange change) {
         trap(form_.surroundings().trace(), "ControlPeer::changed", [&] {
@@ -22,10 +16,10 @@ ControlPeer::ControlPeer(FormWindow& form, Control& control) : form_(form), cont
 }
 
 ControlPeer::~ControlPeer() {
-    if (window_ == nullptr) return;
-    ::RemovePropW(window_, kPeerProperty);
-    ::RemoveWindowSubclass(window_, &procedure, kOwnWindow);
-    ::DestroyWindow(window_);
+    control_ = nullptr;
+    hook_.reset();
+    innerHook_.reset();
+    if (window_ != nullptr) ::DestroyWindow(window_);
 }
 
 const Scale& ControlPeer::scale() const {
@@ -47,8 +41,7 @@ void ControlPeer::createWindow(HWND parent, const wchar_t* className, DWORD styl
         throw Error(static_cast<std::int32_t>(::GetLastError()), "ControlPeer",
                     "The window of " + control_->name() + " could not be created.");
     }
-    ::SetPropW(window_, kPeerProperty, this);
-    ::SetWindowSubclass(window_, &procedure, kOwnWindow, reinterpret_cast<DWORD_PTR>(this));
+    hook_.emplace(window_, *this, form_.surroundings().operations(), this);
     // The Tab key follows the order of the windows; peers are created in tab order.
     if ((style & WS_CHILD) != 0) {
         ::SetWindowPos(window_, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -58,11 +51,7 @@ void ControlPeer::createWindow(HWND parent, const wchar_t* className, DWORD styl
 }
 
 void ControlPeer::watchInner(HWND inner) {
-    ::SetWindowSubclass(inner, &procedure, kInnerWindow, reinterpret_cast<DWORD_PTR>(this));
-}
-
-ControlPeer* ControlPeer::of(HWND window) {
-    return window == nullptr ? nullptr : static_cast<ControlPeer*>(::GetPropW(window, kPeerProperty));
+    innerHook_.emplace(inner, *this, form_.surroundings().operations());
 }
 
 ControlPeer* ControlPeer::around(HWND window) {
@@ -133,25 +122,16 @@ std::optional<LRESULT> ControlPeer::innerMessage(HWND, UINT, WPARAM, LPARAM) {
     return std::nullopt;
 }
 
-LRESULT CALLBACK ControlPeer::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                        DWORD_PTR reference) noexcept {
-    auto* peer = reinterpret_cast<ControlPeer*>(reference);
-    const FormWindow::Entry entry(peer->form_);
+std::optional<LRESULT> ControlPeer::seen(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     std::optional<LRESULT> answer;
-    if (peer->control_ != nullptr) {
-        trap(peer->form_.surroundings().trace(), "ControlPeer::procedure", [&] {
-            answer = id == kOwnWindow ? peer->message(message, wParam, lParam)
-                                      : peer->innerMessage(window, message, wParam, lParam);
+    if (control_ != nullptr) {
+        trap(form_.surroundings().trace(), "ControlPeer::procedure", [&] {
+            answer = window == window_ ? this->message(message, wParam, lParam)
+                                       : innerMessage(window, message, wParam, lParam);
         });
     }
-    if (message == WM_NCDESTROY) {
-        ::RemoveWindowSubclass(window, &procedure, id);
-        if (id == kOwnWindow) {
-            ::RemovePropW(window, kPeerProperty);
-            peer->window_ = nullptr;
-        }
-    }
-    return answer ? *answer : ::DefSubclassProc(window, message, wParam, lParam);
+    if (message == WM_NCDESTROY && window == window_) window_ = nullptr;
+    return answer;
 }
 
 }  // namespace pellmark

@@ -7,6 +7,7 @@
 #include "controls/Control.h"
 #include "win32/Scale.h"
 #include "win32/WindowsApi.h"
+#include "win32/controls/WindowHook.h"
 
 namespace pellmark {
 
@@ -14,9 +15,9 @@ class FormWindow;
 
 /// The window of one control model. It draws the model and turns input into calls on it; it decides nothing.
 ///
-/// Any call on the model may unload the form. The form's windows and peers then stay until the last window
-/// procedure has returned, but the model may be gone: after such a call a peer asks control() again.
-class ControlPeer {
+/// Any call on the model may unload the form. The form's windows and peers then stay until nothing of the
+/// component runs any more, but the model may be gone: after such a call a peer asks control() again.
+class ControlPeer : public WindowHook::Owner {
   public:
     virtual ~ControlPeer();
     ControlPeer(const ControlPeer&) = delete;
@@ -30,7 +31,7 @@ class ControlPeer {
     const Scale& scale() const;
 
     /// The peer whose own window this is, null for any other window.
-    static ControlPeer* of(HWND window);
+    static ControlPeer* of(HWND window) { return WindowHook::peerOf(window); }
     /// The peer of the window or of its nearest parent that has one; null when there is none.
     static ControlPeer* around(HWND window);
 
@@ -71,16 +72,17 @@ class ControlPeer {
     virtual void controlChanged(ControlChange change);
     /// What the control does with a message by itself.
     static LRESULT defaultMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        return ::DefSubclassProc(window, message, wParam, lParam);
+        return WindowHook::pass(window, message, wParam, lParam);
     }
 
   private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                      DWORD_PTR peer) noexcept;
+    std::optional<LRESULT> seen(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept final;
 
     FormWindow& form_;
     Control* control_;
     HWND window_ = nullptr;
+    std::optional<WindowHook> hook_;
+    std::optional<WindowHook> innerHook_;
     Subscription changed_;
     Subscription focusRequested_;
 };

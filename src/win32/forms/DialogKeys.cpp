@@ -55,14 +55,18 @@ LRESULT CALLBACK DialogKeys::hookProcedure(int code, WPARAM wParam, LPARAM lPara
             const auto& forms = hookOfThread->forms;
             const auto owner = std::find_if(forms.begin(), forms.end(),
                                             [&](const DialogKeys* each) { return each->isOurs(message); });
-            if (owner != forms.end() && (*owner)->isNavigation(message)) {
-                (*owner)->kept_ = message;
-                message.hwnd = (*owner)->form_.window();
-                message.message = DialogKeys::message();
-            }
+            if (owner != forms.end()) (*owner)->turnAside(message);
         }
     }
     return ::CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+void DialogKeys::turnAside(MSG& message) {
+    const Operations::Scope scope(form_.surroundings().operations());
+    if (!isNavigation(message)) return;
+    kept_ = message;
+    message.hwnd = form_.window();
+    message.message = DialogKeys::message();
 }
 
 bool DialogKeys::isOurs(const MSG& message) const {
@@ -93,10 +97,9 @@ bool DialogKeys::isNavigationKey(const MSG& message) const {
     const auto code =
         ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
     const bool isPeer = ControlPeer::of(message.hwnd) != nullptr;
-    const bool isOpenList = (code & DLGC_WANTARROWS) != 0 &&
-                            ::SendMessageW(message.hwnd, CB_GETDROPPEDSTATE, 0, 0) != 0 && isPeer &&
-                            ControlPeer::of(message.hwnd)->control() != nullptr &&
-                            ControlPeer::of(message.hwnd)->control()->kind() == Control::Kind::ComboBox;
+    const Control* control = isPeer ? ControlPeer::of(message.hwnd)->control() : nullptr;
+    const bool isOpenList = control != nullptr && control->kind() == Control::Kind::ComboBox &&
+                            ::SendMessageW(message.hwnd, CB_GETDROPPEDSTATE, 0, 0) != 0;
     switch (message.wParam) {
         case VK_TAB:
             if (isDown(VK_CONTROL)) return true;

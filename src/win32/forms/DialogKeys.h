@@ -41,6 +41,8 @@ class DialogKeys {
 
   private:
     static LRESULT CALLBACK hookProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept;
+    /// Keeps a key that is the form's own and turns its message into the form's.
+    void turnAside(MSG& message);
     bool isOurs(const MSG& message) const;
     bool isNavigation(const MSG& message) const;
     bool isNavigationKey(const MSG& message) const;

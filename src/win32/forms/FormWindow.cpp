@@ -46,8 +46,6 @@ FormWindow::FormWindow(std::shared_ptr<Surroundings> surroundings, Form& form)
 }
 
 FormWindow::~FormWindow() {
-    retired_ = false;  // messages of the windows that go now must not delete a second time
-    ++depth_;
     if (window() != nullptr) ::ShowWindow(window(), SW_HIDE);
     destroyChildren();
     if (toolTips_ != nullptr) ::DestroyWindow(toolTips_);
@@ -59,10 +57,10 @@ void FormWindow::retire(std::unique_ptr<FormWindow> window) {
         modal->releaseOwner();
         modal->end();
     }
-    if (window->depth_ == 0) return;
+    if (window->modalEnded_) return;
     if (window->window() != nullptr) ::ShowWindow(window->window(), SW_HIDE);
-    window->retired_ = true;
-    (void)window.release();  // the last Entry deletes it
+    const Operations operations = window->surroundings_->operations();
+    operations.whenIdle([kept = std::shared_ptr<FormWindow>(std::move(window))]() mutable { kept.reset(); });
 }
 
 DWORD FormWindow::captionedStyle() const {
@@ -195,6 +193,7 @@ void FormWindow::rescale() {
 
 void FormWindow::embed(HWND parent) {
     embedded_ = true;
+    modalEnded_ = false;
     const LONG_PTR own = ::GetWindowLongPtrW(window(), GWL_STYLE) & (WS_DISABLED | WS_VISIBLE);
     ::SetWindowLongPtrW(window(), GWL_STYLE, own | WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS);
     ::SetWindowLongPtrW(window(), GWL_EXSTYLE, WS_EX_CONTROLPARENT);
@@ -230,6 +229,7 @@ void FormWindow::takeIcon(HWND owner) const {
 void FormWindow::runModal(HWND owner) {
     const auto modal = std::make_shared<ModalLoop>(owner);
     modal_ = modal;
+    const bool wasEmbedded = embedded_;  // from a handler of its own, perhaps
     makeTopLevel(modal->owner());
     RECT at = placement();
     const Rect& saved = model()->bounds();
@@ -252,10 +252,11 @@ void FormWindow::runModal(HWND owner) {
     keyboard_.enter();
     const HWND handle = window();
     modal->run(handle);
-    // From here the form and this window may be gone.
+    // From here the form may be gone; this object waits for the operation that shows it.
     modal->releaseOwner();
     if (::IsWindow(handle)) ::ShowWindow(handle, SW_HIDE);
     modal->restoreFocus();
+    modalEnded_ = !wasEmbedded;
 }
 
 void FormWindow::endModal() {
@@ -273,14 +274,15 @@ void FormWindow::popUp(Menu& menu, Control& over, Point at) {
     if (peer == nullptr) return;
     POINT where = at.left < 0 || at.top < 0 ? peer->keyboardMenuPoint() : scale_.pixels(at);
     ::ClientToScreen(peer->window(), &where);
-    const Entry stay(*this);
     PopupMenu shown(menu);
     std::optional<int> chosen;
     {
         const DialogKeys::Off keysOff(keys_);
+        inMenu_ = true;
         chosen = shown.track(window(), where);
+        inMenu_ = false;
     }
-    if (chosen) PopupMenu::run(menu, *chosen);
+    if (chosen && control() != nullptr) PopupMenu::run(menu, *chosen);
 }
 
 // --- messages
@@ -364,9 +366,13 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
                 ::SendMessageW(each->window(), message, wParam, lParam);
             break;
         case WM_DESTROY:
-            // The host has destroyed the window around this one without a word: the form is unloaded with it.
-            if (Form* form = model()) form->unload();
-            return 0;
+            // The host has destroyed the window around this one, or a dialog's owner, without a word.
+            if (inMenu_) ::EndMenu();
+            endModal();
+            break;
+        case WM_NCDESTROY:
+            if (Form* form = model()) form->windowGone();
+            break;
         default:
             break;
     }

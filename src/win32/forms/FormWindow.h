@@ -14,28 +14,15 @@
 namespace pellmark {
 
 /// The window of a form: a captioned window while it is shown modally, a borderless child while it is
-/// embedded. It lives until the last of its window procedures has returned, see retire().
+/// embedded. It may outlive its form, see retire().
 class FormWindow : public ContainerPeer {
   public:
     FormWindow(std::shared_ptr<Surroundings> surroundings, Form& form);
     ~FormWindow() override;
 
-    /// Lets go of the form and destroys the windows as soon as none of their procedures runs any more.
+    /// Lets go of the form. The windows are hidden at once and destroyed as soon as nothing of the component
+    /// runs any more, those of a modal form that has ended at once: nothing of theirs runs then.
     static void retire(std::unique_ptr<FormWindow> window);
-
-    /// Held by every window procedure of the form while it runs.
-    class Entry {
-      public:
-        explicit Entry(FormWindow& window) : window_(window) { ++window_.depth_; }
-        ~Entry() {
-            if (--window_.depth_ == 0 && window_.retired_) delete &window_;
-        }
-        Entry(const Entry&) = delete;
-        Entry& operator=(const Entry&) = delete;
-
-      private:
-        FormWindow& window_;
-    };
 
     Surroundings& surroundings() const { return *surroundings_; }
     const Scale& currentScale() const { return scale_; }
@@ -89,8 +76,8 @@ class FormWindow : public ContainerPeer {
     bool collecting_ = false;
     bool embedded_ = false;
     bool settled_ = false;  ///< false while the windows are being created
-    int depth_ = 0;
-    bool retired_ = false;
+    bool modalEnded_ = false;
+    bool inMenu_ = false;
 };
 
 }  // namespace pellmark

@@ -47,6 +47,7 @@ Win32Desktop::Win32Desktop(HINSTANCE component, const Operations& operations)
     : Desktop(operations), surroundings_(std::make_shared<Surroundings>(component, operations)) {}
 
 MessageAnswer Win32Desktop::showMessage(const MessageBox& message) {
+    const Operations::Scope scope(operations());
     const UINT buttons = message.buttons == MessageButtons::OkCancel ? MB_OKCANCEL : MB_OK;
     const std::wstring title = message.title.empty() ? kDefaultTitle : toWide(message.title);
     const HWND focus = ::GetFocus();

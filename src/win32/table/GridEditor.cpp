@@ -8,12 +8,11 @@
 namespace pellmark {
 
 namespace {
-constexpr UINT_PTR kId = 1;
 constexpr int kChoicesShown = 12;
 }  // namespace
 
 GridEditor::GridEditor(HWND list, const RECT& cell, const DisplayList& choices, const std::string& stored,
-                       HFONT font, Ended ended)
+                       HFONT font, const Operations& operations, Ended ended)
     : list_(list), choices_(choices), stored_(stored), ended_(std::move(ended)) {
     const bool isList = !choices_.empty();
     const int height = static_cast<int>(cell.bottom - cell.top);
@@ -28,7 +27,7 @@ GridEditor::GridEditor(HWND list, const RECT& cell, const DisplayList& choices, 
     } else {
         makeLine(cell, stored);
     }
-    ::SetWindowSubclass(box_, &procedure, kId, reinterpret_cast<DWORD_PTR>(this));
+    hook_.emplace(box_, *this, operations);
     ::ShowWindow(box_, SW_SHOWNA);
     ::SetFocus(box_);
     if (isList) ::SendMessageW(box_, CB_SHOWDROPDOWN, TRUE, 0);
@@ -36,7 +35,7 @@ GridEditor::GridEditor(HWND list, const RECT& cell, const DisplayList& choices, 
 
 GridEditor::~GridEditor() {
     const bool hadFocus = ::GetFocus() == box_;
-    ::RemoveWindowSubclass(box_, &procedure, kId);
+    hook_.reset();
     if (hadFocus) ::SetFocus(list_);
     ::DestroyWindow(box_);
 }
@@ -71,36 +70,34 @@ void GridEditor::end(End how) {
     ended(how);
 }
 
-LRESULT CALLBACK GridEditor::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                       DWORD_PTR reference) noexcept {
-    auto* editor = reinterpret_cast<GridEditor*>(reference);
+std::optional<LRESULT> GridEditor::seen(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     switch (message) {
         case WM_GETDLGCODE:
-            return DLGC_WANTALLKEYS | ::DefSubclassProc(window, message, wParam, lParam);
+            return DLGC_WANTALLKEYS | WindowHook::pass(window, message, wParam, lParam);
         case WM_CHAR:
             if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB) return 0;  // no beep
             break;
         case WM_KEYDOWN:
             if (wParam == VK_RETURN || wParam == VK_TAB) {
-                editor->end(End::Commit);
+                end(End::Commit);
                 return 0;
             }
             if (wParam == VK_ESCAPE) {
-                editor->end(End::Cancel);
+                end(End::Cancel);
                 return 0;
             }
             break;
         case WM_KILLFOCUS: {
-            const LRESULT result = ::DefSubclassProc(window, message, wParam, lParam);
+            const LRESULT result = WindowHook::pass(window, message, wParam, lParam);
             // The opened list of the box belongs to it.
             const HWND next = reinterpret_cast<HWND>(wParam);
-            if (next == nullptr || !::IsChild(window, next)) editor->end(End::LostFocus);
+            if (next == nullptr || !::IsChild(window, next)) end(End::LostFocus);
             return result;
         }
         default:
             break;
     }
-    return ::DefSubclassProc(window, message, wParam, lParam);
+    return std::nullopt;
 }
 
 }  // namespace pellmark

@@ -1,23 +1,25 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "controls/grid/DisplayList.h"
 #include "win32/WindowsApi.h"
+#include "win32/controls/WindowHook.h"
 
 namespace pellmark {
 
 /// The box laid over a grid's cell while it is edited: a drop-down list where there are choices, a line of
 /// text otherwise. It reports how the person ended it and decides nothing about the value.
-class GridEditor {
+class GridEditor : public WindowHook::Owner {
   public:
     enum class End { Commit, Cancel, LostFocus };
     /// May destroy the editor.
     using Ended = std::function<void(End)>;
 
     GridEditor(HWND list, const RECT& cell, const DisplayList& choices, const std::string& stored, HFONT font,
-               Ended ended);
+               const Operations& operations, Ended ended);
     ~GridEditor();
     GridEditor(const GridEditor&) = delete;
     GridEditor& operator=(const GridEditor&) = delete;
@@ -27,8 +29,7 @@ class GridEditor {
     std::string value() const;
 
   private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                      DWORD_PTR editor) noexcept;
+    std::optional<LRESULT> seen(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept override;
     void makeList(const RECT& cell, const std::string& stored);
     void makeLine(const RECT& cell, const std::string& stored);
     void end(End how);
@@ -38,6 +39,7 @@ class GridEditor {
     std::string stored_;
     HWND box_ = nullptr;
     Ended ended_;
+    std::optional<WindowHook> hook_;
 };
 
 }  // namespace pellmark

@@ -30,9 +30,9 @@ GridPeer::~GridPeer() = default;
 void GridPeer::detach() {
     gridChanged_.reset();
     paintRequested_.reset();
-    editor_.reset();
     gridTable().detach();
     TablePeer::detach();
+    editor_.reset();  // which moves the keyboard: nothing must reach the model any more
 }
 
 void GridPeer::rescale() {
@@ -167,7 +167,6 @@ void GridPeer::edit(Cell cell) {
     scrollTo(cell.row);
     if (!grid()->beginEdit(row, col) || control() == nullptr) return;
     const auto ended = [this](GridEditor::End how) {
-        const FormWindow::Entry stay(form());
         trap(form().surroundings().trace(), "GridPeer::endEdit", [&] {
             if (grid() == nullptr || !editor_) return;
             if (how == GridEditor::End::Cancel) {
@@ -182,7 +181,8 @@ void GridPeer::edit(Cell cell) {
     };
     const ActivationContext::Active themed(form().surroundings().theme());
     editor_ = std::make_unique<GridEditor>(window(), cellRect(cell), grid()->comboList(row, col),
-                                           grid()->editing()->text, form().font(), ended);
+                                           grid()->editing()->text, form().font(),
+                                           form().surroundings().operations(), ended);
 }
 
 // --- messages
@@ -195,7 +195,7 @@ std::optional<LRESULT> GridPeer::message(UINT message, WPARAM wParam, LPARAM lPa
             const Cell cell = cellAt(at);
             const bool wasCurrent =
                 cell.row >= 0 && cell.row == table().current() && ::GetFocus() == window();
-            const LRESULT result = defaultMessage(window(), message, wParam, lParam);
+            const LRESULT result = moveSelection(message, wParam, lParam);
             if (control() == nullptr) return result;
             takeCell(cell, false);
             if (control() == nullptr) return result;

@@ -66,13 +66,18 @@ void GridTable::setCurrent(int row) {
     if (grid_ != nullptr) grid_->setCurrent(gridRow(row), grid_->col());
 }
 
-void GridTable::eachSelected(const std::function<void(int row)>& visit) const {
-    for (int i = 0; i < selectedCount(); ++i)
-        visit(grid_->selectedRow(i) - grid_->fixedRows());
+void GridTable::eachSelected(const std::function<void(int first, int last)>& visit) const {
+    if (grid_ == nullptr) return;
+    const int fixed = grid_->fixedRows();
+    grid_->eachSelectedRun([&](int first, int last) { visit(first - fixed, last - fixed); });
 }
 
-void GridTable::setSelected(int row, bool selected) {
-    if (grid_ != nullptr) grid_->setSelected(gridRow(row), selected);
+void GridTable::setSelected(int first, int last, bool selected) {
+    if (grid_ != nullptr) grid_->setSelected(gridRow(first), gridRow(last), selected);
+}
+
+void GridTable::selectOnly(int first, int last) {
+    if (grid_ != nullptr) grid_->selectOnly(gridRow(first), gridRow(last));
 }
 
 void GridTable::clearSelection() {
@@ -80,10 +85,7 @@ void GridTable::clearSelection() {
 }
 
 void GridTable::selectAll() {
-    if (grid_ == nullptr || !grid_->hasData()) return;
-    const Grid::RedrawOff once(*grid_);
-    for (int row = grid_->fixedRows(); row < grid_->rows(); ++row)
-        grid_->setSelected(row, true);
+    if (grid_ != nullptr) grid_->selectAll();
 }
 
 }  // namespace pellmark

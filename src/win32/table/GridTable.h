@@ -34,9 +34,10 @@ class GridTable : public ShownTable {
     int current() const override;
     void setCurrent(int row) override;
     int selectedCount() const override { return grid_ ? grid_->selectedRows() : 0; }
-    void eachSelected(const std::function<void(int row)>& visit) const override;
+    void eachSelected(const std::function<void(int first, int last)>& visit) const override;
     bool isSelected(int row) const override { return grid_ && grid_->isSelected(gridRow(row)); }
-    void setSelected(int row, bool selected) override;
+    void setSelected(int first, int last, bool selected) override;
+    void selectOnly(int first, int last) override;
     void clearSelection() override;
     void selectAll() override;
 

@@ -21,9 +21,15 @@ void ListViewTable::userResized(int column, Twips width) {
     if (list_ != nullptr) list_->userResizedColumn(column, width);
 }
 
-void ListViewTable::eachSelected(const std::function<void(int row)>& visit) const {
-    for (int row = 0; row < rows(); ++row) {
-        if (list_->isSelected(row)) visit(row);
+void ListViewTable::eachSelected(const std::function<void(int first, int last)>& visit) const {
+    int found = 0;
+    for (int row = 0; found < selectedCount(); ++row) {
+        if (!list_->isSelected(row)) continue;
+        const int first = row;
+        while (list_->isSelected(row + 1))
+            ++row;
+        found += row - first + 1;
+        visit(first, row);
     }
 }
 
@@ -31,8 +37,12 @@ void ListViewTable::setCurrent(int row) {
     if (list_ != nullptr) list_->setCurrent(row);
 }
 
-void ListViewTable::setSelected(int row, bool selected) {
-    if (list_ != nullptr) list_->setSelected(row, selected);
+void ListViewTable::setSelected(int first, int last, bool selected) {
+    if (list_ != nullptr) list_->setSelected(first, last, selected);
+}
+
+void ListViewTable::selectOnly(int first, int last) {
+    if (list_ != nullptr) list_->selectOnly(first, last);
 }
 
 void ListViewTable::clearSelection() {

@@ -27,9 +27,10 @@ class ListViewTable : public ShownTable {
     int current() const override { return list_ ? list_->current() : -1; }
     void setCurrent(int row) override;
     int selectedCount() const override { return list_ ? list_->selectedCount() : 0; }
-    void eachSelected(const std::function<void(int row)>& visit) const override;
+    void eachSelected(const std::function<void(int first, int last)>& visit) const override;
     bool isSelected(int row) const override { return list_ && list_->isSelected(row); }
-    void setSelected(int row, bool selected) override;
+    void setSelected(int first, int last, bool selected) override;
+    void selectOnly(int first, int last) override;
     void clearSelection() override;
     void selectAll() override;
 

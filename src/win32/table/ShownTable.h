@@ -29,9 +29,12 @@ class ShownTable {
     virtual int current() const = 0;
     virtual void setCurrent(int row) = 0;
     virtual int selectedCount() const = 0;
-    virtual void eachSelected(const std::function<void(int row)>& visit) const = 0;
+    /// The first and last row of each run of selected rows, from the top.
+    virtual void eachSelected(const std::function<void(int first, int last)>& visit) const = 0;
     virtual bool isSelected(int row) const = 0;
-    virtual void setSelected(int row, bool selected) = 0;
+    /// Both ends belong to the rows.
+    virtual void setSelected(int first, int last, bool selected) = 0;
+    virtual void selectOnly(int first, int last) = 0;
     virtual void clearSelection() = 0;
     virtual void selectAll() = 0;
 };

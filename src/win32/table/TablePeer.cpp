@@ -1,6 +1,8 @@
 #include "win32/table/TablePeer.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <utility>
 
 #include "win32/WideText.h"
 #include "win32/forms/FormWindow.h"
@@ -12,6 +14,7 @@ namespace pellmark {
 namespace {
 
 constexpr Twips kSpaceBetweenLines = 5 * kTwipsPerPixelAt96Dpi;
+constexpr int kRowsOfALongWay = 32;
 constexpr int kRowsSearchedForATypedText = 20000;
 
 void paintEmpty(HWND header) {
@@ -19,6 +22,10 @@ void paintEmpty(HWND header) {
     const HDC canvas = ::BeginPaint(header, &paint);
     ::FillRect(canvas, &paint.rcPaint, ::GetSysColorBrush(COLOR_WINDOW));
     ::EndPaint(header, &paint);
+}
+
+bool isDown(int key) {
+    return ::GetKeyState(key) < 0;
 }
 
 bool beginsWith(const std::wstring& text, const std::wstring& prefix) {
@@ -221,6 +228,44 @@ void TablePeer::tipFor(POINT at) {
     form().setToolTip(window(), isCut ? table_->text(cell.row, cell.column) : control()->toolTip());
 }
 
+// --- moving the selection
+// ------------------------------------------------------------------------------------
+
+bool TablePeer::movesSelection(UINT message, WPARAM wParam) const {
+    if (message == WM_CHAR) return wParam > VK_SPACE;
+    if (message != WM_KEYDOWN) return false;
+    return wParam == VK_UP || wParam == VK_DOWN || wParam == VK_PRIOR || wParam == VK_NEXT ||
+           wParam == VK_HOME || wParam == VK_END;
+}
+
+LRESULT TablePeer::moveSelection(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_LBUTTONDOWN || message == WM_LBUTTONUP) return clickRow(message, wParam, lParam);
+    const auto perform = [&] { return defaultMessage(window(), message, wParam, lParam); };
+    if (!movesSelection(message, wParam) || isDown(VK_CONTROL) || isDown(VK_MENU)) return perform();
+    if (!isDown(VK_SHIFT)) return selection_->moveToOneRow(perform);
+    if (message == WM_CHAR) return perform();
+    return selection_->moveToRange(wParam == VK_HOME || wParam == VK_END, perform);
+}
+
+LRESULT TablePeer::clickRow(UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto perform = [&] { return defaultMessage(window(), message, wParam, lParam); };
+    LVHITTESTINFO test{};
+    test.pt = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    const auto row =
+        static_cast<int>(::SendMessageW(window(), LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&test)));
+    const bool isOnRow = row >= 0 && (test.flags & LVHT_ONITEM) != 0;
+    const bool isSelected = isOnRow && table_->isSelected(row);
+    const bool pressedSelected =
+        std::exchange(pressedSelected_, message == WM_LBUTTONDOWN && isSelected && (wParam & MK_SHIFT) == 0);
+    if ((wParam & MK_CONTROL) != 0 || !isOnRow) return perform();
+    if (message == WM_LBUTTONDOWN && (wParam & MK_SHIFT) != 0) {
+        const auto mark = static_cast<int>(::SendMessageW(window(), LVM_GETSELECTIONMARK, 0, 0));
+        return selection_->moveToRange(std::abs(row - mark) > kRowsOfALongWay, perform);
+    }
+    const bool selectsRow = message == WM_LBUTTONDOWN ? !isSelected : pressedSelected && isSelected;
+    return selectsRow ? selection_->moveToOneRow(perform) : perform();
+}
+
 std::optional<LRESULT> TablePeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     switch (message) {
@@ -229,6 +274,10 @@ std::optional<LRESULT> TablePeer::message(UINT message, WPARAM wParam, LPARAM lP
             return 0;
         case WM_ERASEBKGND:
             return 1;  // painted with the rows, in one go
+        case WM_CHAR:
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONUP:
+            return moveSelection(message, wParam, lParam);
         case WM_MOUSEMOVE:
             tipFor(at);
             break;
@@ -238,14 +287,14 @@ std::optional<LRESULT> TablePeer::message(UINT message, WPARAM wParam, LPARAM lP
             return result;
         }
         case WM_KEYDOWN:
-            if (wParam == 'A' && ::GetKeyState(VK_CONTROL) < 0 && ::GetKeyState(VK_MENU) >= 0) {
+            if (wParam == 'A' && isDown(VK_CONTROL) && !isDown(VK_MENU)) {
                 table_->selectAll();
                 if (control() != nullptr) selection_->show();
                 return 0;
             }
             // The window would measure every row to fit the columns.
-            if (wParam == VK_ADD && ::GetKeyState(VK_CONTROL) < 0) return 0;
-            break;
+            if (wParam == VK_ADD && isDown(VK_CONTROL)) return 0;
+            return moveSelection(message, wParam, lParam);
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
             if (const int current = table_->current(); current >= 0) showRow(current);

@@ -45,6 +45,9 @@ class TablePeer : public ControlPeer {
     Cell cellAt(POINT at) const;
     RECT cellRect(Cell cell) const;
 
+    /// Lets the window perform a message by which a person moves the selection.
+    LRESULT moveSelection(UINT message, WPARAM wParam, LPARAM lParam);
+
     // --- what a person does --------------------------------------------------------------------------------
     virtual void cellDoubleClicked(Cell /*cell*/) {}
     virtual void headingDoubleClicked(int /*column*/) {}
@@ -60,6 +63,8 @@ class TablePeer : public ControlPeer {
     void fillItem(LVITEMW& item) const;
     int findItem(const NMLVFINDITEMW& wanted) const;
     void tipFor(POINT at);
+    bool movesSelection(UINT message, WPARAM wParam) const;
+    LRESULT clickRow(UINT message, WPARAM wParam, LPARAM lParam);
     void fitRows();
     void paint();
 
@@ -68,6 +73,8 @@ class TablePeer : public ControlPeer {
     std::optional<TableHeader> header_;
     std::optional<TablePainter> painter_;
     Cell tipCell_;
+    bool pressedSelected_ =
+        false;  ///< the button went down on a selected row: its release selects that alone
     Handle<HIMAGELIST, &::ImageList_Destroy> rowHeight_;
 };
 

@@ -1,13 +1,16 @@
 #pragma once
 
-#include <vector>
+#include <functional>
 
+#include "controls/grid/RowSelection.h"
 #include "win32/WindowsApi.h"
 #include "win32/table/ShownTable.h"
 
 namespace pellmark {
 
-/// Keeps the selection and the current row of a list window and of its model alike, both ways.
+/// Keeps the selection and the current row of a list window and of its model alike, both ways. Nothing here
+/// is done per row that a person's move passes over, and the window is kept from doing it where that is
+/// possible: to deselect, some versions of the control walk all of its rows.
 class TableSelection {
   public:
     TableSelection(HWND list, ShownTable& table) : list_(list), table_(table) {}
@@ -20,6 +23,8 @@ class TableSelection {
     /// The window has another number of rows.
     void countChanged();
     bool isShowing() const { return showing_ > 0; }
+    /// How many rows the window shows as selected.
+    std::size_t shownCount() const { return shown_.count(); }
 
     /// A person's doing, as the window reports it. The current row comes last: it may end everything.
     void itemChanged(const NMLISTVIEW& change);
@@ -37,18 +42,27 @@ class TableSelection {
         TableSelection& selection_;
     };
 
+    using Perform = std::function<LRESULT()>;
+    /// Lets the window perform a key or a click that selects one row and no other. What was selected is taken
+    /// back before, so that the window finds nothing to deselect; where it then selects nothing, a person's
+    /// move having led nowhere, the model's selection is shown again.
+    LRESULT moveToOneRow(const Perform& perform);
+    /// Lets the window perform a key or a click that selects everything between the mark and the row that it
+    /// leads to. The window tells of each row that it deselects; the model takes the result at once. Where
+    /// the way `isLong`, rows are not drawn one by one.
+    LRESULT moveToRange(bool isLong, const Perform& perform);
+
   private:
     void setState(int row, UINT state, UINT mask) const;
-    void noteShown(int row);
-    void deselectShown();
+    void setStates(const RowSelection& rows, UINT state) const;
+    void takeRange();
+    void takeAll();
 
     HWND list_;
     ShownTable& table_;
     int showing_ = 0;
-    /// Rows that the window may show as selected. Asking it, or telling it to deselect all, walks all rows
-    /// in some versions of the control.
-    std::vector<int> shown_;
-    bool manyShown_ = false;
+    RowSelection shown_;    ///< what the window shows as selected; asking it walks all rows
+    bool cleared_ = false;  ///< the window's selection was taken back ahead of a move, the model's was not
     int focused_ = -1;
 };
 

@@ -21,7 +21,10 @@ class GridTableTest : public ::testing::Test, protected FormHarness {
     }
     std::vector<int> selected() const {
         std::vector<int> rows;
-        table.eachSelected([&](int row) { rows.push_back(row); });
+        table.eachSelected([&](int first, int last) {
+            for (int row = first; row <= last; ++row)
+                rows.push_back(row);
+        });
         return rows;
     }
 
@@ -69,7 +72,7 @@ TEST_F(GridTableTest, SelectingAllKeepsTheCurrentRow) {
 
 TEST_F(GridTableTest, WithoutItsGridItAnswersNothingAndDoesNothing) {
     table.detach();
-    table.setSelected(1, true);
+    table.setSelected(1, 1, true);
     table.selectAll();
     table.userResized(0, 100);
     EXPECT_EQ(table.rows(), 0);
