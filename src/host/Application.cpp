@@ -73,14 +73,16 @@ void Application::ShowWindowProcessCaseView(const std::shared_ptr<HostApplicatio
 
 std::string Application::OpenProcess(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
                                      const CaseDescription& description) {
-    ReturnProcessGuid.clear();
+    std::string answer;  // this object may be gone when the call has ended
     run("Application::OpenProcess", host, kManagerTitle, [&] {
+        ReturnProcessGuid.clear();
         interruptEmbeddedView([&] {
             captionForPicking();
             showModally(owner, description);
+            answer = ReturnProcessGuid;
         });
     });
-    return ReturnProcessGuid;
+    return answer;
 }
 
 void Application::EditFeatureCase(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
@@ -95,15 +97,16 @@ void Application::EditFeatureCase(const std::shared_ptr<HostApplication>& host, 
 
 std::string Application::OpenFeatureCase(const std::shared_ptr<HostApplication>& host, WindowHandle owner,
                                          const CaseDescription& description) {
-    const bool ran = run("Application::OpenFeatureCase", host, kManagerTitle, [&] {
+    std::string answer;  // a call that could not begin answers nothing
+    run("Application::OpenFeatureCase", host, kManagerTitle, [&] {
         interruptEmbeddedView([&] {
             mainForm().FeatureCasePick = true;
             captionForPicking();
             showModally(owner, description);
+            answer = ReturnFeatureCaseGuid;  // after a cancel that of the last confirmed pick
         });
     });
-    // A cancelled pick answers with the last confirmed one; a call that could not begin answers nothing.
-    return ran ? ReturnFeatureCaseGuid : std::string();
+    return answer;
 }
 
 void Application::EditProcess(const std::shared_ptr<HostApplication>& host, WindowHandle owner,

@@ -36,6 +36,7 @@ class Translation : public TranslationService, Counted {
     void setResourceFile(const std::string& path) override { note("ResourceFile " + path); }
     void setOutputLanguage(std::int16_t code) override { note("OutputLanguage " + std::to_string(code)); }
     std::string GetString(const std::string& english) override {
+        if (library_.onCall) library_.onCall("GetString");
         const auto found = library_.translations.find(english);
         return found == library_.translations.end() ? english : found->second;
     }
@@ -48,7 +49,10 @@ class Translation : public TranslationService, Counted {
 class Languages : public LanguageConverter, Counted {
   public:
     explicit Languages(FakeHostLibrary& library) : Counted(library.alive), library_(library) {}
-    std::int32_t localeOf(std::int16_t) override { return library_.locale; }
+    std::int32_t localeOf(std::int16_t) override {
+        if (library_.onCall) library_.onCall("LocaleOf");
+        return library_.locale;
+    }
 
   private:
     FakeHostLibrary& library_;

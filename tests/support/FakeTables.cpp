@@ -39,6 +39,7 @@ void FakeTables::called(const std::string& operation, const std::string& first, 
     if (!first.empty()) call += " " + first;
     if (!second.empty()) call += " " + second;
     calls.push_back(call);
+    if (onCall) onCall(operation);
     const auto failure = failures.find(operation);
     if (failure != failures.end()) throw failure->second;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -60,6 +61,8 @@ struct FakeTables {
     std::vector<FeatureType> featureTypes;
     std::vector<CuttingCycle> cuttingCycles;
 
+    /// Told of each call by its operation, before it is carried out: the host's code may do anything then.
+    std::function<void(const std::string& operation)> onCall;
     std::vector<std::string> calls;         ///< "attach {…} {…}", in order
     std::map<std::string, Error> failures;  ///< by operation
     std::set<std::string> refused;          ///< ids of processes and steps that deleteX and detach refuse

@@ -202,5 +202,122 @@ TEST_F(ApplicationPicksTest, ACallFromWithinAnOpenDialogIsRefusedAndTraced) {
     EXPECT_TRUE(trace.trapped("Application::ShowWindowProcessesView"));
 }
 
+TEST_F(ApplicationPicksTest, ACaseThatCannotBeCreatedIsToldAndAnswersNoEarlierPick) {
+    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK));
+    ASSERT_EQ(app.OpenFeatureCase(host, 9, description), caseM6);
+    description.valueIds = {m8, deep};
+    base.throwOn("createFeatureCase");
+    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK, [&](FrmMain&) {
+                             desktop.expectMessage("The knowledge base failed on purpose.");
+                         }));
+    EXPECT_EQ(app.OpenFeatureCase(host, 9, description), "");
+    EXPECT_EQ(desktop.windows().back(), "destroy FrmMain");
+}
+
+TEST_F(ApplicationPicksTest, ACaseWhoseValuesFailedHalfWayIsCompletedByTheNextOk) {
+    description.valueIds = {m8, deep};
+    base.throwOn("addValue");
+    const auto okThatFails = closing(
+        &FrmMain::CmdOK, [&](FrmMain&) { desktop.expectMessage("The knowledge base failed on purpose."); });
+    desktop.expectDialog("FrmMain", okThatFails);
+    EXPECT_EQ(app.OpenFeatureCase(host, 9, description), "");
+    base.stopThrowing();
+    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK));
+    const std::string completed = app.OpenFeatureCase(host, 9, description);
+    EXPECT_EQ(base.callsOf("createFeatureCase").size(), 1U);
+    EXPECT_EQ(base.tables().findFeatureCase(completed)->values, (std::set<std::string>{m8, deep}));
+}
+
+TEST_F(ApplicationPicksTest, AnotherCaseThanTheHalfMadeOneIsMadeAnew) {
+    description.valueIds = {m8, deep};
+    base.throwOn("addValue");
+    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK, [&](FrmMain&) {
+                             desktop.expectMessage("The knowledge base failed on purpose.");
+                         }));
+    app.OpenFeatureCase(host, 9, description);
+    base.stopThrowing();
+    description.valueIds = {m8};
+    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK));
+    app.OpenFeatureCase(host, 9, description);
+    EXPECT_EQ(base.callsOf("createFeatureCase").size(), 2U);
+}
+
+TEST_F(ApplicationPicksTest, WithoutTheRightToAddNoCaseIsMade) {
+    description.valueIds = {m8, deep};
+    base.allowed = {PermissionEdit};
+    desktop.expectDialog(
+        "FrmMain", closing(&FrmMain::CmdOK, [&](FrmMain&) {
+            desktop.expectMessage("You do not have permission to add new objects to the database!");
+        }));
+    EXPECT_EQ(app.OpenFeatureCase(host, 9, description), "");
+    EXPECT_THAT(base.calls(), Not(Contains(StartsWith("createFeatureCase"))));
+}
+
+TEST_F(ApplicationPicksTest, AChosenTypeWithoutValuesIsACaseForOkAndForANewProcess) {
+    description.valueIds = {};
+    std::string created;
+    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK));
+    created = app.OpenFeatureCase(host, 9, description);
+    EXPECT_NE(created, "");
+    desktop.expectDialog("FrmAddEditProcess",
+                         [](Form& form) { static_cast<FrmAddEditProcess&>(form).CmdOk.click(); });
+    app.EditProcess(host, 9, description);
+    EXPECT_EQ(base.tables().findFeatureCase(created)->processes.size(), 1U);
+}
+
+TEST_F(ApplicationPicksTest, TheEditorsOkChecksTheRightToEditOrToAdd) {
+    base.allowed = {};
+    const auto okThenCancel = [this](const char* message) {
+        desktop.expectDialog("FrmAddEditProcess", [this, message](Form& form) {
+            auto& dialog = static_cast<FrmAddEditProcess&>(form);
+            desktop.expectMessage(message);
+            dialog.CmdOk.click();
+            EXPECT_TRUE(dialog.isShown());
+            dialog.CmdCancel.click();
+        });
+    };
+    okThenCancel("You do not have permission to add new objects to the database!");
+    app.EditProcess(host, 9, description);
+    description.processGuid = exact;
+    okThenCancel("You do not have permission to edit objects in the database!");
+    app.EditProcess(host, 9, description);
+    EXPECT_THAT(base.callsOf("updateProcess"), testing::IsEmpty());
+    EXPECT_THAT(base.callsOf("addProcess"), testing::IsEmpty());
+}
+
+TEST_F(ApplicationPicksTest, AViewSpeaksTheLanguageOfTheLastCall) {
+    app.ShowWindowProcessCaseView(host, description);
+    library.translations = {{"Filters", "Filter"},   {"Process Case", "Prozessfall"},
+                            {"Name", "Bezeichnung"}, {"Any", "Alle"},
+                            {"Exit", "Ende"},        {"Norvex - Process Manager", "Verwaltung"}};
+    app.ShowWindowProcessCaseView(host, description);
+    const auto& main = static_cast<FrmMain&>(*desktop.loaded("FrmMain"));
+    EXPECT_EQ(main.caption(), "Verwaltung");
+    EXPECT_EQ(main.FrameFilters.caption(), "Filter");
+    EXPECT_EQ(main.SizerProcessCase.caption(), "Prozessfall");
+    EXPECT_EQ(main.VSFGProcessCaseResults.heading(2), "Bezeichnung");
+    EXPECT_EQ(main.CmbFTUnit.items().front().text, "Alle");
+    EXPECT_EQ(main.CmdCancel.caption(), "Ende");
+}
+
+TEST_F(ApplicationPicksTest, AfterAModalCallTheViewHasItsTitleAgain) {
+    library.translations["Norvex - Process Tech Loftwise"] = "Prozess";
+    app.ShowWindowProcessCaseView(host, description);
+    desktop.expectDialog("FrmAddEditProcess", [](Form& form) { form.close(); });
+    app.EditProcess(host, 9, description);
+    EXPECT_EQ(desktop.loaded("FrmMain")->caption(), "Norvex - Process Manager");
+}
+
+TEST_F(ApplicationPicksTest, ANewProcessIsAddedOnceThoughOkIsPressedTwiceOnASlowStore) {
+    desktop.expectDialog("FrmAddEditProcess", [this](Form& form) {
+        auto& dialog = static_cast<FrmAddEditProcess&>(form);
+        base.tables().onCall = [&](const std::string&) { dialog.CmdOk.click(); };
+        dialog.CmdOk.click();
+        base.tables().onCall = nullptr;
+    });
+    app.EditProcess(host, 9, description);
+    EXPECT_EQ(base.callsOf("addProcess").size(), 1U);
+}
+
 }  // namespace
 }  // namespace pellmark::test

@@ -252,5 +252,62 @@ TEST_F(FrmAddExistingProcessTest, RefreshShowsWhatTheStoreHoldsNow) {
     });
 }
 
+TEST_F(FrmAddExistingProcessTest, WhatIsAttachedButNotListedIsAMemberAndStaysAttached) {
+    base.processStore().attach(ream, featureCase);
+    base.processStore().attach(tap, featureCase);  // of the other unit
+    set("MaxProcessReturnNum", "1");
+    openCase({d8});
+    ASSERT_EQ(main.VSFGProcessCaseResults.dataRows(), 1);
+    run([&](FrmAddExistingProcess& dialog) {
+        EXPECT_THAT(shown(dialog.FrameProcesses.LV2), ElementsAre("Drill", "Ream", "Tap"));
+        dialog.CmdOk.click();
+    });
+    EXPECT_EQ(attached(), (std::set<std::string>{drill, ream, tap}));
+    EXPECT_THAT(base.callsOf("attach"), IsEmpty());
+}
+
+TEST_F(FrmAddExistingProcessTest, WithAStyleThatListsNothingOkDetachesNobody) {
+    set("ProcessListStyle", "7");
+    openCase({d8});
+    run([](FrmAddExistingProcess& dialog) { dialog.CmdOk.click(); });
+    EXPECT_EQ(attached(), (std::set<std::string>{drill}));
+}
+
+TEST_F(FrmAddExistingProcessTest, AProcessListedThroughAnotherCaseStaysThereAndOkSaysSo) {
+    const std::string wide = base.addFeatureCase(hole, {d8, m8}, {ream});
+    openCase({d8});
+    run([&](FrmAddExistingProcess& dialog) {
+        EXPECT_THAT(shown(dialog.FrameProcesses.LV2), ElementsAre("Drill", "Ream"));
+        dialog.FrameProcesses.CmdremoveAllft.click();
+        desktop.expectMessage("These processes belong to another feature case and stay in the list:\r\nReam");
+        dialog.CmdOk.click();
+    });
+    EXPECT_THAT(attached(), IsEmpty());
+    EXPECT_EQ(base.tables().findFeatureCase(wide)->processes, (std::set<std::string>{ream}));
+}
+
+TEST_F(FrmAddExistingProcessTest, MovingOutOfACaseThatIsNotStoredIsToldAndTheDialogStays) {
+    base.addFeatureCase(hole, {d8, m8}, {ream});
+    openCase({m8}, unit::kNone);
+    run([&](FrmAddExistingProcess& dialog) {
+        dialog.FrameProcesses.CmdremoveAllft.click();
+        desktop.expectMessage("The feature case is not stored yet. Choose its unit first.");
+        dialog.CmdOk.click();
+        EXPECT_TRUE(dialog.isShown());
+        dialog.CmdCancel.click();
+    });
+}
+
+TEST_F(FrmAddExistingProcessTest, OkPressedTwiceWhileTheStoreIsSlowIsCarriedOutOnce) {
+    openCase({d8});
+    run([&](FrmAddExistingProcess& dialog) {
+        dialog.FrameProcesses.CmdAddAllft.click();
+        base.tables().onCall = [&](const std::string&) { dialog.CmdOk.click(); };
+        dialog.CmdOk.click();
+        base.tables().onCall = nullptr;
+    });
+    EXPECT_EQ(base.callsOf("attach").size(), 2U);
+}
+
 }  // namespace
 }  // namespace pellmark::test
