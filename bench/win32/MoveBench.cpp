@@ -154,9 +154,9 @@ Comparison compare(const Move& move, const Subject& ours, const Subject& bare) {
 
 }  // namespace
 
-Table moves(pellmark::Win32Desktop& desktop) {
+Table moves(pellmark::Win32Desktop& desktop, const std::vector<int>& sizes) {
     Table table({"move", "rows", "ms", "bare ms", "ratio"});
-    for (const int rows : {20000}) {
+    for (const int rows : sizes) {
         const Host host;
         pellmark::test::SampleForm form(desktop);
         form.fill(rows);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -101,9 +102,13 @@ void addComparison(bench::Table& table, const char* what, const bench::Compariso
 
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
     NoTrace trace;
     pellmark::Win32Desktop desktop(::GetModuleHandleW(nullptr), pellmark::Operations(trace));
+    if (argc > 1) {  // only the moves, in a list of so many rows
+        bench::moves(desktop, {std::atoi(argv[1])}).print();
+        return 0;
+    }
     firstRows(desktop, 100);  // fonts, classes and themes are loaded once per process
     emptyWindow();
     pump();
@@ -157,6 +162,6 @@ int main() {
                    bench::number(ours / theirs, 2)});
     }
     table.print();
-    bench::moves(desktop).print();
+    bench::moves(desktop, {20000, 200000, 1000000}).print();
     return 0;
 }

@@ -12,7 +12,9 @@ Control::Control(Kind kind, Container* parent, std::string name)
 }
 
 Control::~Control() {
-    if (parent_ != nullptr) std::erase(parent_->children_, this);
+    if (parent_ == nullptr) return;
+    if (Form* root = form()) root->forget(*this);
+    std::erase(parent_->children_, this);
 }
 
 Form* Control::form() {
@@ -20,6 +22,11 @@ Form* Control::form() {
     while (root->parent_ != nullptr)
         root = root->parent_;
     return root->kind_ == Kind::Form ? static_cast<Form*>(root) : nullptr;
+}
+
+void Control::setFocus() {
+    if (Form* root = form()) root->askFocus(*this);
+    focusRequested.raise();
 }
 
 void Control::setCaption(std::string caption) {

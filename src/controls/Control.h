@@ -70,8 +70,8 @@ class Control {
     const Rect& designBounds() const { return design_; }
     Size designParent() const { return designParent_; }
 
-    /// Asks the peer to move the keyboard focus here; nothing happens while there is no window.
-    void setFocus() { focusRequested.raise(); }
+    /// Moves the keyboard here, or lets it arrive here when the form is shown.
+    void setFocus();
 
     /// For the peer.
     Event<ControlChange> changed;

@@ -7,17 +7,21 @@
 namespace pellmark {
 
 Form::Form(Desktop& desktop, std::string name)
-    : Container(Kind::Form, nullptr, std::move(name)), desktop_(desktop) {}
+    : Container(Kind::Form, nullptr, std::move(name)), desktop_(desktop) {
+    setTabStop(false);
+}
 
 Form::~Form() = default;
 
 void Form::load() {
     if (isLoaded()) return;
     abandoned_ = false;
+    if (!focusAsked_) focused_ = nullptr;
     Form_Load();
     if (abandoned_) return;
     arrange(clientSize_);
     peer_ = desktop_.createPeer(*this);
+    ++windows_;
 }
 
 void Form::unload() {
@@ -35,17 +39,22 @@ void Form::unload() {
 }
 
 void Form::windowGone() {
-    desktop_.operations().whenIdle([self = std::weak_ptr(self_)] {
-        if (const auto form = self.lock()) (*form)->unload();
+    desktop_.operations().whenIdle([self = std::weak_ptr(self_), gone = windows_] {
+        const auto form = self.lock();
+        if (form && (*form)->windows_ == gone) (*form)->unload();
     });
 }
 
-void Form::embed(WindowHandle parent) {
+void Form::embed(const EmbeddedPlace& place) {
     load();
     if (!isLoaded()) return;
     shown_ = true;
-    embeddedIn_ = parent;
-    peer_->embed(parent);
+    embeddedIn_ = place.parent;
+    peer_->embed(place);
+}
+
+std::optional<EmbeddedPlace> Form::embeddedPlace() const {
+    return peer_ && isEmbedded() ? peer_->embeddedPlace() : std::nullopt;
 }
 
 /// The state of a modal show. Whatever way it ends, and a loop ends by itself when the host is quitting, the
@@ -87,6 +96,22 @@ void Form::close() {
     } else {
         unload();
     }
+}
+
+void Form::askFocus(Control& control) {
+    focused_ = &control;
+    focusAsked_ = true;
+}
+
+void Form::focusArrived(Control& control) {
+    focused_ = &control;
+    focusAsked_ = false;
+}
+
+void Form::forget(const Control& control) {
+    if (focused_ != &control) return;
+    focused_ = nullptr;
+    focusAsked_ = false;
 }
 
 void Form::resized(Size client) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "controls/Controls.h"
@@ -9,7 +10,8 @@
 
 namespace pellmark {
 
-enum class BorderStyle { FixedDialog, Sizable };
+/// A tool window has a narrow caption without a maximize box and takes no place among the task bar's windows.
+enum class BorderStyle { FixedDialog, Sizable, SizableToolWindow };
 
 /// The numbers under which the state is stored.
 enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
@@ -33,7 +35,12 @@ class Form : public Container {
     bool isEmbedded() const { return embeddedIn_ != 0; }
     WindowHandle embeddedIn() const { return embeddedIn_; }
 
-    void embed(WindowHandle parent);
+    /// Fills the host's window, or takes the place in it that is given.
+    void embed(WindowHandle parent) { embed(EmbeddedPlace{parent, {}}); }
+    void embed(const EmbeddedPlace& place);
+    /// Where the form stands in the host now, for bringing it back there; nothing while it is not embedded or
+    /// its window has gone with the host's.
+    std::optional<EmbeddedPlace> embeddedPlace() const;
     void showModal(WindowHandle owner);
     void popUp(Menu& menu, Control& over, Point at);
 
@@ -54,6 +61,7 @@ class Form : public Container {
     void setWindowState(WindowState state) { windowState_ = state; }
 
     BorderStyle borderStyle() const { return borderStyle_; }
+    bool isSizable() const { return borderStyle_ != BorderStyle::FixedDialog; }
     Size clientSize() const { return clientSize_; }
     /// Not smaller than this when a person resizes the window.
     Size minimumSize() const { return minimumSize_; }
@@ -61,6 +69,19 @@ class Form : public Container {
     /// Pressed by Enter and Escape; null for none.
     Button* defaultButton() const { return defaultButton_; }
     Button* cancelButton() const { return cancelButton_; }
+
+    // --- the keyboard ------------------------------------------------------------------------------------
+    /// The control that has the keyboard within this form, had it last, or has asked for it and gets it when
+    /// the form is shown. Null when there is none.
+    Control* focused() const { return focused_; }
+    /// True until the control that asked has got the keyboard.
+    bool isFocusAsked() const { return focusAsked_; }
+    /// A control asks for the keyboard: see Control::setFocus.
+    void askFocus(Control& control);
+    /// The peer tells that the keyboard has arrived at a control.
+    void focusArrived(Control& control);
+    /// A control of the form goes.
+    void forget(const Control& control);
 
     /// The peer tells the size of the client area; the form lays itself out.
     void resized(Size client);
@@ -85,6 +106,9 @@ class Form : public Container {
     std::unique_ptr<FormPeer> peer_;
     std::unique_ptr<FormPeer> retiring_;
     std::shared_ptr<Form*> self_ = std::make_shared<Form*>(this);  ///< for what may find the form gone
+    int windows_ = 0;  ///< how many windows there have been: one that goes may not be the present one
+    Control* focused_ = nullptr;
+    bool focusAsked_ = false;
     bool abandoned_ = false;
     bool shown_ = false;
     bool modal_ = false;

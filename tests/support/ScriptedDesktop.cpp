@@ -16,7 +16,11 @@ class ScriptedDesktop::Peer : public FormPeer {
     }
 
     WindowHandle handle() const override { return reinterpret_cast<WindowHandle>(this); }
-    void embed(WindowHandle parent) override { note("embed", parent); }
+    void embed(const EmbeddedPlace& place) override {
+        note("embed", place.parent);
+        place_ = place;
+    }
+    std::optional<EmbeddedPlace> embeddedPlace() const override { return place_; }
     void runModal(WindowHandle owner) override {
         note("modal", owner);
         Expected expected;
@@ -41,6 +45,7 @@ class ScriptedDesktop::Peer : public FormPeer {
     Form& form_;
     std::string name_;
     bool ended_ = false;
+    std::optional<EmbeddedPlace> place_;
 };
 
 ScriptedDesktop::~ScriptedDesktop() {

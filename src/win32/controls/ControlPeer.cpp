@@ -112,7 +112,7 @@ void ControlPeer::controlChanged(ControlChange change) {
 
 std::optional<LRESULT> ControlPeer::message(UINT message, WPARAM, LPARAM) {
     if (message == WM_SETFOCUS && control_->kind() != Control::Kind::Form) {
-        form_.keyboard().arrived(window_);
+        form_.keyboard().arrived(*this);
         control_->entered.raise();
     }
     return std::nullopt;

@@ -1,7 +1,5 @@
 #include "win32/forms/FormKeyboard.h"
 
-#include <utility>
-
 #include "win32/controls/ButtonPeer.h"
 #include "win32/controls/TabStripPeer.h"
 #include "win32/forms/FormWindow.h"
@@ -14,22 +12,28 @@ Form* FormKeyboard::model() const {
 }
 
 void FormKeyboard::focus(const ControlPeer& peer) {
-    if (::IsWindowVisible(form_.window())) {
-        ::SetFocus(peer.window());
-    } else {
-        wish_ = peer.window();
-    }
+    if (::IsWindowVisible(form_.window())) ::SetFocus(peer.window());
+}
+
+void FormKeyboard::arrived(const ControlPeer& peer) {
+    if (model() != nullptr) model()->focusArrived(*peer.control());
+}
+
+HWND FormKeyboard::remembered() const {
+    const Control* wanted = model()->focused();
+    const ControlPeer* peer = wanted != nullptr ? form_.find(*wanted) : nullptr;
+    const HWND window = peer != nullptr ? peer->window() : nullptr;
+    return window != nullptr && ::IsWindowVisible(window) && ::IsWindowEnabled(window) ? window : nullptr;
 }
 
 void FormKeyboard::shownEmbedded() {
-    if (wish_ != nullptr) ::SetFocus(std::exchange(wish_, nullptr));
+    if (model() == nullptr || !model()->isFocusAsked()) return;
+    if (const HWND wanted = remembered()) ::SetFocus(wanted);
 }
 
 void FormKeyboard::enter() {
     if (model() == nullptr) return;
-    HWND wanted = std::exchange(wish_, nullptr);
-    const bool isLastThere = last_ != nullptr && ::IsChild(form_.window(), last_) && ::IsWindowVisible(last_);
-    if (wanted == nullptr && isLastThere && ::IsWindowEnabled(last_)) wanted = last_;
+    HWND wanted = remembered();
     if (wanted == nullptr) {
         if (const ControlPeer* peer = TabOrder(form_).first()) wanted = peer->window();
     }

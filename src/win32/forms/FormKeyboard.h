@@ -14,14 +14,14 @@ class FormKeyboard {
     explicit FormKeyboard(FormWindow& form) : form_(form) {}
 
     // --- focus -------------------------------------------------------------------------------------------
-    /// Gives the keyboard to the control, now or when the form is shown.
+    /// A control has asked for the keyboard and gets it when the form is shown: at once where it is.
     void focus(const ControlPeer& peer);
     /// The form has been shown inside the host: the keyboard stays where it is unless a control asked.
     void shownEmbedded();
     /// Gives the keyboard to the control that asked for it, had it last or comes first.
     void enter();
     /// A control has got the keyboard.
-    void arrived(HWND control) { last_ = control; }
+    void arrived(const ControlPeer& peer);
     /// Draws the button that has the focus as the default one, or with null the form's own.
     void showDefaultButton(HWND focused);
 
@@ -40,12 +40,12 @@ class FormKeyboard {
 
   private:
     Form* model() const;
+    /// The window of the control that the model remembers, null where it cannot take the keyboard.
+    HWND remembered() const;
     ControlPeer* focused() const;
     TabStripPeer* stripAround(HWND focused) const;
 
     FormWindow& form_;
-    HWND wish_ = nullptr;          ///< asked for the keyboard while the form was hidden
-    HWND last_ = nullptr;          ///< had the keyboard last
     HWND defaultShown_ = nullptr;  ///< the button drawn as the one that Enter presses
 };
 

@@ -35,8 +35,7 @@ FormWindow::FormWindow(std::shared_ptr<Surroundings> surroundings, Form& form)
     : ContainerPeer(*this, form), surroundings_(std::move(surroundings)), keyboard_(*this), keys_(*this) {
     const ActivationContext::Active themed(surroundings_->theme());
     scale_ = Scale(surroundings_->dpiOf(::GetDesktopWindow()));
-    createWindow(nullptr, surroundings_->formClass(), captionedStyle(),
-                 WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME);
+    createWindow(nullptr, surroundings_->formClass(), captionedStyle(), captionedExStyle());
     scale_ = Scale(surroundings_->dpiOf(window()));
     font_ = surroundings_->messageFont(scale_.dpi());
     createChildren();
@@ -65,8 +64,14 @@ void FormWindow::retire(std::unique_ptr<FormWindow> window) {
 
 DWORD FormWindow::captionedStyle() const {
     DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
-    if (model()->borderStyle() == BorderStyle::Sizable) style |= WS_THICKFRAME | WS_MAXIMIZEBOX;
+    if (model()->isSizable()) style |= WS_THICKFRAME;
+    if (model()->borderStyle() == BorderStyle::Sizable) style |= WS_MAXIMIZEBOX;
     return style;
+}
+
+DWORD FormWindow::captionedExStyle() const {
+    const bool isTool = model()->borderStyle() == BorderStyle::SizableToolWindow;
+    return WS_EX_CONTROLPARENT | (isTool ? WS_EX_TOOLWINDOW : WS_EX_DLGMODALFRAME);
 }
 
 // --- place and size
@@ -84,7 +89,7 @@ RECT FormWindow::outerRect(Size client) const {
 RECT FormWindow::placement() const {
     RECT outer = outerRect(model()->clientSize());
     const Rect& saved = model()->bounds();
-    if (model()->borderStyle() == BorderStyle::Sizable && saved.width > 0 && saved.height > 0) {
+    if (model()->isSizable() && saved.width > 0 && saved.height > 0) {
         outer.right = scale_.pixels(saved.width);
         outer.bottom = scale_.pixels(saved.height);
     }
@@ -191,7 +196,8 @@ void FormWindow::rescale() {
 // --- showing
 // -------------------------------------------------------------------------------------------------
 
-void FormWindow::embed(HWND parent) {
+void FormWindow::embed(const EmbeddedPlace& place) {
+    const auto parent = reinterpret_cast<HWND>(place.parent);
     embedded_ = true;
     modalEnded_ = false;
     const LONG_PTR own = ::GetWindowLongPtrW(window(), GWL_STYLE) & (WS_DISABLED | WS_VISIBLE);
@@ -201,10 +207,24 @@ void FormWindow::embed(HWND parent) {
     takeResolution(surroundings_->dpiOf(window()));
     RECT client{};
     ::GetClientRect(parent, &client);
-    ::SetWindowPos(window(), HWND_TOP, 0, 0, client.right, client.bottom, SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    const Rect area = place.area.value_or(Rect{0, 0, client.right, client.bottom});
+    ::SetWindowPos(window(), HWND_TOP, area.left, area.top, area.width, area.height,
+                   SWP_NOACTIVATE | SWP_FRAMECHANGED);
     arrange();
     ::ShowWindow(window(), SW_SHOWNORMAL);
     keyboard_.shownEmbedded();
+}
+
+std::optional<EmbeddedPlace> FormWindow::embeddedPlace() const {
+    const HWND parent = embedded_ && window() != nullptr ? ::GetAncestor(window(), GA_PARENT) : nullptr;
+    if (parent == nullptr) return std::nullopt;
+    RECT at{};
+    ::GetWindowRect(window(), &at);
+    ::MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&at), 2);
+    return EmbeddedPlace{
+        reinterpret_cast<WindowHandle>(parent),
+        Rect{static_cast<Twips>(at.left), static_cast<Twips>(at.top), static_cast<Twips>(at.right - at.left),
+             static_cast<Twips>(at.bottom - at.top)}};
 }
 
 void FormWindow::makeTopLevel(HWND owner) {
@@ -213,7 +233,7 @@ void FormWindow::makeTopLevel(HWND owner) {
         ::ShowWindow(window(), SW_HIDE);
         ::SetParent(window(), nullptr);
         ::SetWindowLongPtrW(window(), GWL_STYLE, static_cast<LONG_PTR>(captionedStyle()));
-        ::SetWindowLongPtrW(window(), GWL_EXSTYLE, WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME);
+        ::SetWindowLongPtrW(window(), GWL_EXSTYLE, static_cast<LONG_PTR>(captionedExStyle()));
     }
     ::SetWindowLongPtrW(window(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
 }

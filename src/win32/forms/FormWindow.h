@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,7 +30,8 @@ class FormWindow : public ContainerPeer {
     HFONT font() const { return font_.get(); }
     bool isEmbedded() const { return embedded_; }
 
-    void embed(HWND parent);
+    void embed(const EmbeddedPlace& place);
+    std::optional<EmbeddedPlace> embeddedPlace() const;
     void runModal(HWND owner);
     void endModal();
     void hide();
@@ -55,6 +57,7 @@ class FormWindow : public ContainerPeer {
   private:
     Form* model() const { return static_cast<Form*>(control()); }
     DWORD captionedStyle() const;
+    DWORD captionedExStyle() const;
     void makeTopLevel(HWND owner);
     /// A window of the host's bears the host's icon.
     void takeIcon(HWND owner) const;

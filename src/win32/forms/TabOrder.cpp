@@ -14,9 +14,9 @@ wchar_t lower(wchar_t letter) {
     return static_cast<wchar_t>(reinterpret_cast<std::uintptr_t>(::CharLowerW(code)));
 }
 
+/// The window's own style does not tell: in a top-level window the bit of WS_TABSTOP is WS_MAXIMIZEBOX.
 bool takesKeyboard(const ControlPeer& peer) {
-    const auto style = ::GetWindowLongPtrW(peer.window(), GWL_STYLE);
-    return (style & WS_TABSTOP) != 0 && ::IsWindowVisible(peer.window()) && ::IsWindowEnabled(peer.window());
+    return peer.control()->tabStop() && ::IsWindowVisible(peer.window()) && ::IsWindowEnabled(peer.window());
 }
 
 }  // namespace

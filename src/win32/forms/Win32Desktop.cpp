@@ -31,7 +31,8 @@ class FormWindowPeer : public FormPeer {
     ~FormWindowPeer() override { FormWindow::retire(std::move(window_)); }
 
     WindowHandle handle() const override { return reinterpret_cast<WindowHandle>(window_->window()); }
-    void embed(WindowHandle parent) override { window_->embed(reinterpret_cast<HWND>(parent)); }
+    void embed(const EmbeddedPlace& place) override { window_->embed(place); }
+    std::optional<EmbeddedPlace> embeddedPlace() const override { return window_->embeddedPlace(); }
     void runModal(WindowHandle owner) override { window_->runModal(reinterpret_cast<HWND>(owner)); }
     void endModal() override { window_->endModal(); }
     void hide() override { window_->hide(); }

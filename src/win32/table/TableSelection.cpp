@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include "win32/table/RedrawPause.h"
+#include "win32/table/LongMove.h"
 
 namespace pellmark {
 
@@ -50,8 +50,8 @@ void TableSelection::show() {
     const auto rows = static_cast<std::size_t>(table_.rows());
     RowSelection stale = difference(shown_, wanted);
     RowSelection fresh = difference(wanted, shown_);
-    std::optional<RedrawPause> pause;
-    if (stale.count() + fresh.count() > kMany) pause.emplace(list_);
+    std::optional<LongMove> together;
+    if (stale.count() + fresh.count() > kMany) together.emplace(list_);
     if (fresh.count() > kMany && wanted.count() == rows) {
         setState(kAllRows, LVIS_SELECTED, LVIS_SELECTED);
         fresh.clear();
@@ -148,7 +148,7 @@ void TableSelection::rangeChanged(const NMLVODSTATECHANGE& change) {
 
 LRESULT TableSelection::moveToOneRow(const Perform& perform) {
     if (shown_.count() > kMany) {
-        const RedrawPause pause(list_);  // the window deselects them, drawing none
+        const LongMove together(list_);  // the window deselects them, drawing none
         return perform();
     }
     if (shown_.count() > 0) {
@@ -165,8 +165,8 @@ LRESULT TableSelection::moveToOneRow(const Perform& perform) {
 LRESULT TableSelection::moveToRange(bool isLong, const Perform& perform) {
     LRESULT result = 0;
     {
-        std::optional<RedrawPause> pause;
-        if (isLong || shown_.count() > kMany) pause.emplace(list_);
+        std::optional<LongMove> together;
+        if (isLong || shown_.count() > kMany) together.emplace(list_);
         const Showing quiet(*this);
         result = perform();
         takeRange();

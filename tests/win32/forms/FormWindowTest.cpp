@@ -335,6 +335,121 @@ TEST_F(FormWindowTest, AnExceptionInAHandlerIsRecordedAndNotThrownAcross) {
     trace.clear();
 }
 
+TEST_F(FormWindowTest, AControlThatAskedBeforeThereWasAWindowGetsTheKeyboardWhenTheFormIsEmbedded) {
+    form->help.setFocus();
+    EXPECT_EQ(form->focused(), &form->help);
+    embed();
+    EXPECT_TRUE(hasFocus(form->help));
+    EXPECT_FALSE(form->isFocusAsked());
+}
+
+TEST_F(FormWindowTest, AControlThatAskedWhileTheFormWasHiddenGetsTheKeyboardInAModalForm) {
+    form->load();
+    form->help.setFocus();
+    bool arrived = false;
+    runModal({[&] { return isShownModally(); },
+              [&] {
+                  arrived = hasFocus(form->help);
+                  form->unload();
+                  return true;
+              }});
+    EXPECT_TRUE(arrived);
+}
+
+TEST_F(FormWindowTest, AnEmbeddedFormThatNobodyAskedLeavesTheKeyboardWithTheHost) {
+    embed();
+    EXPECT_EQ(::GetFocus(), hostBox());
+    EXPECT_EQ(form->focused(), nullptr);
+}
+
+TEST_F(FormWindowTest, TheFormRemembersWhichControlHadTheKeyboardUntilItIsLoadedAnew) {
+    embed();
+    focus(form->cancel);
+    form->unload();
+    EXPECT_EQ(form->focused(), &form->cancel);
+    embed();
+    EXPECT_EQ(form->focused(), nullptr);
+}
+
+TEST_F(FormWindowTest, AnEmbeddedFormComesBackWhereTheHostHadMovedIt) {
+    embed();
+    ::MoveWindow(window(), 40, 30, 500, 400, TRUE);
+    const auto place = form->embeddedPlace();
+    ASSERT_TRUE(place);
+    form->unload();
+    EXPECT_FALSE(form->embeddedPlace());
+    form->embed(*place);
+    RECT at{};
+    ::GetWindowRect(window(), &at);
+    ::MapWindowPoints(nullptr, ::GetParent(window()), reinterpret_cast<POINT*>(&at), 2);
+    EXPECT_EQ(at.left, 40);
+    EXPECT_EQ(at.top, 30);
+    EXPECT_EQ(at.right - at.left, 500);
+    EXPECT_EQ(at.bottom - at.top, 400);
+    EXPECT_EQ(form->clientSize(), (Size{7500, 6000}));
+}
+
+class ModalKeyboardTest : public FormWindowTest, public ::testing::WithParamInterface<BorderStyle> {};
+
+TEST_P(ModalKeyboardTest, TheFirstControlHasTheKeyboardAndTabGoesRoundAllOfThem) {
+    form->setBorderStyle(GetParam());
+    std::vector<Control*> visited;
+    const auto step = [&](std::initializer_list<WORD> keys) {
+        visited.push_back(form->focused());
+        Person::sendKeys(keys);
+        return true;
+    };
+    const auto moved = [&] { return form->focused() != visited.back(); };
+    runModal({[&] { return isShownModally() && hasFocus(form->ok); }, [&] { return step({VK_TAB}); },
+              [&] { return moved() && step({VK_TAB}); }, [&] { return moved() && step({VK_TAB}); },
+              [&] { return moved() && step({VK_TAB}); }, [&] { return moved() && step({VK_TAB}); },
+              [&] {
+                  return moved() && step({VK_SHIFT, VK_TAB});
+              },
+              [&] {
+                  if (!moved()) return false;
+                  visited.push_back(form->focused());
+                  form->unload();
+                  return true;
+              }});
+    EXPECT_THAT(visited, ::testing::ElementsAre(&form->ok, &form->cancel, &form->help, &form->tabs,
+                                                &form->grid, &form->ok, &form->grid));
+}
+
+TEST_P(ModalKeyboardTest, ALetterTypedIntoATextBoxIsNoAccessKey) {
+    form->setBorderStyle(GetParam());
+    form->tabs.setIndex(1);
+    form->name.setFocus();
+    int helps = 0;
+    const auto help = form->help.clicked.subscribe([&] { ++helps; });
+    runModal({[&] { return isShownModally() && hasFocus(form->name); },
+              [&] {
+                  Person::sendKeys({'H'});
+                  return true;
+              },
+              [&] {
+                  if (form->name.text().empty() && helps == 0) return false;
+                  form->unload();
+                  return true;
+              }});
+    EXPECT_EQ(form->name.text(), "h");
+    EXPECT_EQ(helps, 0);
+}
+
+TEST_P(ModalKeyboardTest, OnlyAnOrdinarySizableFormHasAMaximizeBoxAndOnlyAFixedOneCannotBeResized) {
+    form->setBorderStyle(GetParam());
+    form->load();
+    const auto style = ::GetWindowLongPtrW(window(), GWL_STYLE);
+    const auto exStyle = ::GetWindowLongPtrW(window(), GWL_EXSTYLE);
+    EXPECT_EQ((style & WS_MAXIMIZEBOX) != 0, GetParam() == BorderStyle::Sizable);
+    EXPECT_EQ((style & WS_THICKFRAME) != 0, GetParam() != BorderStyle::FixedDialog);
+    EXPECT_EQ((exStyle & WS_EX_TOOLWINDOW) != 0, GetParam() == BorderStyle::SizableToolWindow);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryKind, ModalKeyboardTest,
+                         ::testing::Values(BorderStyle::FixedDialog, BorderStyle::Sizable,
+                                           BorderStyle::SizableToolWindow));
+
 TEST_F(FormWindowTest, ShowingAndUnloadingLeaksNothing) {
     const auto showOnce = [&] {
         embed();

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace pellmark::test {
@@ -49,6 +50,15 @@ TEST(RowOrderTest, BehavesLikeAVectorOfSlots) {
             const std::size_t probe = random() % model.size();
             ASSERT_EQ(order.slotAt(probe), model[probe]) << "start " << start << " step " << step;
             ASSERT_EQ(order.rankOf(model[probe]), probe);
+            const std::size_t end = probe + random() % (model.size() - probe);
+            std::vector<std::size_t> visited;
+            order.eachRun(probe, end, [&](std::size_t first, std::size_t last) {
+                for (std::size_t slot = first; slot <= last; ++slot)
+                    visited.push_back(slot);
+            });
+            ASSERT_TRUE(std::equal(visited.begin(), visited.end(),
+                                   model.begin() + static_cast<std::ptrdiff_t>(probe),
+                                   model.begin() + static_cast<std::ptrdiff_t>(end) + 1));
         }
     }
 }
