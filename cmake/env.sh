@@ -6,7 +6,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=$root/build
 logs=$build/logs
 
-packages_native=(g++ cmake ninja-build ccache googletest libsqlite3-dev)
+packages_native=(g++ cmake ninja-build ccache googletest)
 packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64 xvfb xauth
     fonts-liberation fonts-wine)
 packages_checks=(clang-format clang-tidy git python3)

@@ -20,6 +20,15 @@ constexpr const char* kSettings =
     // damages the file.
     "PRAGMA synchronous = NORMAL;";
 
+/// A file may come from anywhere, and a schema can hold more than tables: views and triggers that call what
+/// they should not, and statements that damage the file on purpose.
+void refuseWhatNoFileNeeds(sqlite3* database) {
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+}
+
 std::string adviceFor(int resultCode, const std::string& detail) {
     switch (resultCode & 0xFF) {
         case SQLITE_BUSY:
@@ -61,6 +70,7 @@ Connection::Connection(std::string path, bool create, std::chrono::milliseconds 
     }
     sqlite3_busy_timeout(database_, static_cast<int>(busyTimeout.count()));
     try {
+        refuseWhatNoFileNeeds(database_);
         execute(kSettings);
     } catch (...) {
         sqlite3_close_v2(std::exchange(database_, nullptr));
