@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -31,6 +32,7 @@ class FormWindow : public ContainerPeer {
 
     void embed(HWND parent);
     void runModal(HWND owner);
+    void runWhile(HWND owner, const std::function<void()>& work);
     void endModal();
     void hide();
     void popUp(Menu& menu, Control& over, Point at);
@@ -56,6 +58,7 @@ class FormWindow : public ContainerPeer {
     Form* model() const { return static_cast<Form*>(control()); }
     DWORD captionedStyle() const;
     void makeTopLevel(HWND owner);
+    void showAbove(HWND owner, const std::function<void(ModalLoop&)>& run);
     /// A window of the host's bears the host's icon.
     void takeIcon(HWND owner) const;
     void layOut(int width, int height);

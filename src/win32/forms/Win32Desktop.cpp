@@ -34,6 +34,9 @@ class FormWindowPeer : public FormPeer {
     void embed(WindowHandle parent) override { window_->embed(reinterpret_cast<HWND>(parent)); }
     void runModal(WindowHandle owner) override { window_->runModal(reinterpret_cast<HWND>(owner)); }
     void endModal() override { window_->endModal(); }
+    void runWhile(WindowHandle owner, const std::function<void()>& work) override {
+        window_->runWhile(reinterpret_cast<HWND>(owner), work);
+    }
     void hide() override { window_->hide(); }
     void popUp(Menu& menu, Control& over, Point at) override { window_->popUp(menu, over, at); }
 
