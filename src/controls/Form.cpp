@@ -86,6 +86,13 @@ void Form::showModal(WindowHandle owner) {
     peer_->runModal(owner);
 }
 
+void Form::showWhile(WindowHandle owner, const std::function<void()>& work) {
+    load();
+    if (!isLoaded()) return;
+    const ModalShow show(*this);
+    peer_->runWhile(owner, work);
+}
+
 void Form::popUp(Menu& menu, Control& over, Point at) {
     if (peer_) peer_->popUp(menu, over, at);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -42,6 +43,9 @@ class Form : public Container {
     /// its window has gone with the host's.
     std::optional<EmbeddedPlace> embeddedPlace() const;
     void showModal(WindowHandle owner);
+    /// Shows the window as showModal does, but only while the work runs, which has to let the window breathe
+    /// (Idle). What the work throws comes out of here.
+    void showWhile(WindowHandle owner, const std::function<void()>& work);
     void popUp(Menu& menu, Control& over, Point at);
 
     /// The window's handle, 0 while not loaded.

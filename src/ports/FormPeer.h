@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "base/Geometry.h"
@@ -31,6 +32,8 @@ class FormPeer {
     /// enabled again and gets the focus back, whatever way the dialog ended.
     virtual void runModal(WindowHandle owner) = 0;
     virtual void endModal() = 0;
+    /// The same while the work runs instead of a loop. What it throws is thrown on.
+    virtual void runWhile(WindowHandle owner, const std::function<void()>& work) = 0;
     virtual void hide() = 0;
     /// Pops a menu up and returns when it has been closed; the chosen item's handler has run by then. A
     /// negative place means where the keyboard is in the control: at a grid's current row.

@@ -29,8 +29,7 @@ std::string cVSGridOps::GetTempFolderPath() {
     return files_.temporaryFolder();
 }
 
-std::string cVSGridOps::SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
-                                                     const std::string& separator) {
+std::string cVSGridOps::SelectionAsDelimitedText(const Grid& grid, const std::string& separator) {
     std::string header;
     std::string lines;
     for (int i = 0; i < grid.selectedRows(); ++i) {
@@ -44,7 +43,12 @@ std::string cVSGridOps::SaveSelectionAsDelimitedFile(const Grid& grid, const std
         }
         lines += "\r\n";
     }
-    const std::string text = header + "\r\n" + lines + "\r\n";
+    return header + "\r\n" + lines + "\r\n";
+}
+
+std::string cVSGridOps::SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
+                                                     const std::string& separator) {
+    std::string text = SelectionAsDelimitedText(grid, separator);
     fileIO_.WriteFile(path, text);  // which traces why it could not: the text is of use without the file
     return text;
 }

@@ -28,6 +28,12 @@ class ScriptedDesktop::Peer : public FormPeer {
         expected.onForm(form_);
         if (!ended_) ADD_FAILURE() << "the script left the dialog " << name_ << " open";
     }
+    void runWhile(WindowHandle owner, const std::function<void()>& work) override {
+        note("while", owner);
+        Expected expected;
+        if (desktop_.take("dialog", name_, expected)) expected.onForm(form_);
+        work();
+    }
     void endModal() override { ended_ = true; }
     void hide() override { note("hide"); }
     void popUp(Menu& menu, Control&, Point) override {

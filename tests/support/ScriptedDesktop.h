@@ -22,7 +22,8 @@ class ScriptedDesktop : public Desktop {
 
     /// The next box must show this text.
     void expectMessage(const std::string& text, MessageAnswer answer = MessageAnswer::Ok);
-    /// The next modal form must have this name; the script works its controls and must close it.
+    /// The next modal form must have this name; the script works its controls and must close it. For a form
+    /// that is shown while something runs, the script comes first.
     void expectDialog(const std::string& name, std::function<void(Form&)> script);
     /// The next pop-up menu must have this name; the script may run one of its commands.
     void expectMenu(const std::string& name, std::function<void(Menu&)> script);

@@ -1,6 +1,7 @@
 #include "win32/forms/FormWindow.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "win32/WideText.h"
 #include "win32/forms/PopupMenu.h"
@@ -247,6 +248,24 @@ void FormWindow::takeIcon(HWND owner) const {
 }
 
 void FormWindow::runModal(HWND owner) {
+    const HWND handle = window();
+    showAbove(owner, [handle](ModalLoop& loop) { loop.run(handle); });
+}
+
+void FormWindow::runWhile(HWND owner, const std::function<void()>& work) {
+    std::exception_ptr failure;
+    showAbove(owner, [&](ModalLoop&) {
+        ::UpdateWindow(window());
+        try {
+            work();
+        } catch (...) {
+            failure = std::current_exception();  // thrown on when the owner can be used again
+        }
+    });
+    if (failure) std::rethrow_exception(failure);
+}
+
+void FormWindow::showAbove(HWND owner, const std::function<void(ModalLoop&)>& run) {
     const auto modal = std::make_shared<ModalLoop>(owner);
     modal_ = modal;
     const bool wasEmbedded = embedded_;  // from a handler of its own, perhaps
@@ -271,7 +290,7 @@ void FormWindow::runModal(HWND owner) {
     ::SetActiveWindow(window());
     keyboard_.enter();
     const HWND handle = window();
-    modal->run(handle);
+    run(*modal);
     // From here the form may be gone; this object waits for the operation that shows it.
     modal->releaseOwner();
     if (::IsWindow(handle)) ::ShowWindow(handle, SW_HIDE);

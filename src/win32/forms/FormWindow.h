@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -33,6 +34,7 @@ class FormWindow : public ContainerPeer {
     void embed(const EmbeddedPlace& place);
     std::optional<EmbeddedPlace> embeddedPlace() const;
     void runModal(HWND owner);
+    void runWhile(HWND owner, const std::function<void()>& work);
     void endModal();
     void hide();
     void popUp(Menu& menu, Control& over, Point at);
@@ -59,6 +61,7 @@ class FormWindow : public ContainerPeer {
     DWORD captionedStyle() const;
     DWORD captionedExStyle() const;
     void makeTopLevel(HWND owner);
+    void showAbove(HWND owner, const std::function<void(ModalLoop&)>& run);
     /// A window of the host's bears the host's icon.
     void takeIcon(HWND owner) const;
     void layOut(int width, int height);

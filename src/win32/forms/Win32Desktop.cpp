@@ -35,6 +35,9 @@ class FormWindowPeer : public FormPeer {
     std::optional<EmbeddedPlace> embeddedPlace() const override { return window_->embeddedPlace(); }
     void runModal(WindowHandle owner) override { window_->runModal(reinterpret_cast<HWND>(owner)); }
     void endModal() override { window_->endModal(); }
+    void runWhile(WindowHandle owner, const std::function<void()>& work) override {
+        window_->runWhile(reinterpret_cast<HWND>(owner), work);
+    }
     void hide() override { window_->hide(); }
     void popUp(Menu& menu, Control& over, Point at) override { window_->popUp(menu, over, at); }
 

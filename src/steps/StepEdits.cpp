@@ -1,0 +1,95 @@
+#include "steps/StepEdits.h"
+
+#include <charconv>
+#include <limits>
+
+#include "base/Convert.h"
+#include "base/Error.h"
+#include "steps/StepRows.h"
+
+namespace pellmark {
+
+namespace {
+
+std::int16_t smallNumber(const std::string& text) {
+    const std::int32_t number = text.empty() ? 0 : toInt32(text);
+    if (number < std::numeric_limits<std::int16_t>::min() ||
+        number > std::numeric_limits<std::int16_t>::max())
+        throw Error(errors::kOverflow, "Pellmark.cProcessSteps", "Overflow: " + text + " is out of range.");
+    return static_cast<std::int16_t>(number);
+}
+
+}  // namespace
+
+std::optional<std::int16_t> priorityFrom(const std::string& text) {
+    constexpr const char* kBlanks = " \t";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string::npos || text[first] == '-') return std::nullopt;
+    const char* const end = text.data() + text.find_last_not_of(kBlanks) + 1;
+    std::int16_t priority = 0;
+    const auto result = std::from_chars(text.data() + first, end, priority);
+    if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+    return priority;
+}
+
+StepEdits::StepEdits(const StepServices& services, Grid& grid) : services_(services), grid_(grid) {
+    subscriptions_.push_back(grid.beforeEdit.subscribe([this](CellEdit& edit) { begin(edit); }));
+    subscriptions_.push_back(grid.validateEdit.subscribe([this](CellEdit& edit) { validate(edit); }));
+    subscriptions_.push_back(grid.afterEdit.subscribe([this](int row, int col) { write(row, col); }));
+}
+
+void StepEdits::begin(CellEdit& edit) {
+    edit.cancel = true;  // also when the knowledge base cannot tell whether it is allowed
+    trapAndTell(services_.person, "cProcessSteps::BeforeEdit", [&] {
+        edit.cancel = !services_.rights.CheckPermission(PermissionEdit);
+        before_ = edit.text;
+    });
+}
+
+void StepEdits::validate(CellEdit& edit) {
+    if (edit.col != grid_.colIndex(field::kPriority)) return;
+    if (const auto priority = priorityFrom(edit.text)) {
+        edit.text = std::to_string(*priority);
+        return;
+    }
+    edit.cancel = true;
+    // The message takes the keyboard from the cell, which then offers its value once more.
+    if (telling_) return;
+    telling_ = true;
+    trap(services_.person.operations(), "cProcessSteps::ValidateEdit", [this] {
+        services_.person.show(
+            {services_.person.texts.GetString("The priority must be a whole number from 0 to 32767"), "",
+             MessageIcon::Information});
+    });
+    telling_ = false;
+}
+
+ProcessStepRecord StepEdits::recordOf(int row) const {
+    return {grid_.rowData(row), grid_.text(row, field::kName), grid_.text(row, field::kProcessId),
+            smallNumber(grid_.text(row, field::kPriority)),
+            smallNumber(grid_.text(row, field::kCuttingCycleId))};
+}
+
+void StepEdits::write(int row, int col) {
+    constexpr const char* kOperation = "cProcessSteps::AfterEdit";
+    const std::string id = grid_.rowData(row);
+    ProcessStepStore& store = services_.knowledgeBase.stepStore();
+    trap(services_.person.operations(), kOperation, [&] {
+        try {
+            store.updateStep(recordOf(row));
+        } catch (...) {
+            grid_.setText(grid_.findRow(id), col, before_);
+            bool exists = true;
+            trap(services_.person.operations(), kOperation,
+                 [&] { exists = showStoredStep(grid_, store, id); });
+            if (exists) {
+                services_.person.tellCurrentFailure(kOperation);
+            } else {
+                tellStepIsGone(services_.person);
+            }
+            throw;
+        }
+    });
+}
+
+}  // namespace pellmark

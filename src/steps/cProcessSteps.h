@@ -1,0 +1,78 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Event.h"
+#include "controls/grid/Grid.h"
+#include "steps/ProcessFiles.h"
+#include "steps/StepEdits.h"
+#include "steps/StepServices.h"
+
+namespace pellmark {
+
+/// The list of the steps of the process that is selected in the process list, and the commands on them.
+class cProcessSteps {
+  public:
+    /// `processes` is the grid of the process list, null where there is none; it must outlive this object.
+    cProcessSteps(const StepServices& services, const Grid* processes);
+    cProcessSteps(const cProcessSteps&) = delete;
+    cProcessSteps& operator=(const cProcessSteps&) = delete;
+
+    /// Keeps the grid, which must outlive the list, lays it out and fills it.
+    void Init(Grid& grid);
+    /// Reads the steps of the selected process and the cutting cycles anew, and selects the step, or the
+    /// first one when it is not listed.
+    void RefreshList(const std::string& selectId);
+    void SetProcessStepGui(const std::string& id) { RefreshList(id); }
+    /// For whoever hears that another process has been selected, or that the process list was filled anew:
+    /// reads the steps that belong there, and nothing else. The selected step stays selected.
+    void FollowProcess();
+    /// Shows what the knowledge base holds of a step now, in its row; a step that is gone loses its row.
+    /// Nothing happens for a step that is not listed.
+    void UpdateFromDb(const std::string& id);
+    /// "" when there is no current row.
+    std::string SelectedStepID() const;
+
+    /// Deletes the selected steps for good, after asking.
+    void Delete();
+    /// Opens the dialog that adds a step to the current process; does nothing without one.
+    void AddNewWizard();
+    /// Opens the host's step wizard on the current step and stores what the person changed there.
+    void Editwizard();
+    /// Adds the steps of a process file to the current process; does nothing without one.
+    void OpenPrc();
+    /// Saves the list as a process file or as a table.
+    void Save();
+
+    Grid& grid() const { return *grid_; }
+
+    /// A step has been added to that process, values and all; the process list may want to show it anew.
+    Event<const std::string&> processStepsStored;
+
+  private:
+    ProcessStepStore& store() const { return services_.knowledgeBase.stepStore(); }
+    WindowHandle ownerWindow() const;
+    std::string selectedProcess() const;
+    void listen();
+    void fill(const std::string& selectId);
+    void offerCuttingCycles();
+    void decorate();
+    void selectStep(const std::string& id);
+    std::vector<std::string> selectedIdsBottomUp() const;
+    void deleteSteps(const std::vector<std::string>& ids);
+    void runWizard(const std::string& id);
+    void tellImport(const ProcessFiles::Import& outcome, bool failed);
+    void offerSelection(DragData& drag);
+
+    StepServices services_;
+    const Grid* processes_;
+    Grid* grid_ = nullptr;
+    ProcessFiles files_;
+    std::unique_ptr<StepEdits> edits_;
+    std::string shownProcess_;
+    std::vector<Subscription> subscriptions_;
+};
+
+}  // namespace pellmark

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "ports/FileDialogs.h"
+#include "ports/FileSystem.h"
+
+namespace pellmark {
+
+/// Hears what happens in an open file dialog.
+class FileDialogEvents {
+  public:
+    virtual ~FileDialogEvents() = default;
+    virtual void InitDialog() {}
+    virtual void TypeChange() {}
+    /// False keeps the dialog open.
+    virtual bool ConfirmOK() { return true; }
+    virtual void FolderChange() {}
+    virtual void FileChange() {}
+    virtual void DialogClose() {}
+};
+
+/// The system's dialogs for files behind plain calls. A dialog that cannot be shown throws Error with the
+/// system's extended error code as its number.
+class cCommonDialog {
+  public:
+    /// `executableName` is the host executable's name without folder and extension, the first half of an
+    /// error's source. The ports must outlive this object.
+    cCommonDialog(FileDialogs& dialogs, FileSystem& files, std::string executableName)
+        : dialogs_(dialogs), files_(files), executableName_(std::move(executableName)) {}
+
+    /// Each shows its dialog and returns true when the person confirmed: fileName, fileTitle and filterIndex
+    /// of the request are then what was chosen. After a cancel the request is as it was.
+    bool VBGetOpenFileName(FileDialogRequest& request);
+    /// `overwritePrompt` lets the dialog ask before an existing file is chosen.
+    bool VBGetSaveFileName(FileDialogRequest& request, bool overwritePrompt);
+    /// The paths chosen in the last open dialog; none after a cancel.
+    const std::vector<std::string>& GetFileNames() const { return fileNames_; }
+    /// The display name of a path.
+    std::string VBGetFileTitle(const std::string& path);
+    /// True when the path names an existing file, hidden ones included; a pattern names none.
+    bool FileExists(const std::string& path);
+
+    /// Whether the last dialog was confirmed, as the system's call returned it: 1 or 0.
+    std::int32_t APIReturn() const { return apiReturn_; }
+    /// The system's reason why the last dialog failed, 0 for none.
+    std::uint32_t ExtendedError() const { return extendedError_; }
+
+    /// Hears the dialogs from now on; null for nobody. It must outlive them or be replaced.
+    void setEvents(FileDialogEvents* events) { events_ = events; }
+    /// Passes a dialog's message on. False when OK is refused.
+    bool DialogHook(FileDialogMessage message);
+
+  private:
+    bool finish(const FileDialogResult& result, FileDialogRequest& request);
+
+    FileDialogs& dialogs_;
+    FileSystem& files_;
+    std::string executableName_;
+    FileDialogEvents* events_ = nullptr;
+    std::vector<std::string> fileNames_;
+    std::int32_t apiReturn_ = 0;
+    std::uint32_t extendedError_ = 0;
+};
+
+}  // namespace pellmark

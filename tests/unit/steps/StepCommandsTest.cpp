@@ -1,0 +1,358 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "steps/FrmAddEditProcessTechStep.h"
+#include "steps/cProcessSteps.h"
+#include "support/StepsHarness.h"
+
+namespace pellmark::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+using testing::UnorderedElementsAre;
+
+constexpr const char* kQuestion = "Permanently delete selected item(s) from the database?";
+constexpr const char* kGone = "The process step does not exist any more. Somebody else has deleted it.";
+
+class StepCommandsTest : public testing::Test, protected StepsHarness {
+  protected:
+    StepCommandsTest() {
+        process = base.addProcess("A");
+        for (const char* name : {"a", "b", "c", "d"})
+            ids.push_back(base.addStep(process, name, static_cast<std::int16_t>(ids.size() + 1), 602));
+        start();
+    }
+    void pressDelete() {
+        KeyPress key;
+        key.keyCode = KeyPress::kDelete;
+        grid.keyPressed.raise(key);
+        EXPECT_TRUE(key.handled);
+    }
+    void select(const std::vector<int>& rows) {
+        grid.clearSelection();
+        for (const int row : rows)
+            grid.setSelected(row, true);
+    }
+    void storeValue(std::int32_t code, const std::string& value) {
+        base.tables().requireStep(ids[0]).values[code] = value;
+    }
+
+    std::string process;
+    std::vector<std::string> ids;
+};
+
+// --- deleting
+// ------------------------------------------------------------------------------------------------
+
+TEST_F(StepCommandsTest, SelectedStepsAreDeletedFromTheBottomUpAfterOneQuestion) {
+    select({1, 4, 2});
+    desktop.expectMessage(kQuestion);
+    pressDelete();
+    EXPECT_THAT(changes(),
+                ElementsAre("deleteStep " + ids[3], "deleteStep " + ids[1], "deleteStep " + ids[0]));
+    EXPECT_THAT(names(), ElementsAre("c"));
+    EXPECT_TRUE(grid.isSelected(1));
+    EXPECT_EQ(steps.SelectedStepID(), ids[2]);
+    EXPECT_EQ(desktop.messages()[0].icon, MessageIcon::Question);
+    EXPECT_EQ(desktop.messages()[0].buttons, MessageButtons::OkCancel);
+    EXPECT_EQ(desktop.messages()[0].title, "Norvex - Process Manager");
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(StepCommandsTest, ACancelDeletesNothing) {
+    select({1, 2});
+    desktop.expectMessage(kQuestion, MessageAnswer::Cancel);
+    steps.Delete();
+    EXPECT_THAT(changes(), IsEmpty());
+    EXPECT_EQ(grid.dataRows(), 4);
+    EXPECT_EQ(grid.selectedRows(), 2);
+}
+
+TEST_F(StepCommandsTest, OtherKeysDoNothing) {
+    KeyPress key;
+    key.keyCode = 45;
+    grid.keyPressed.raise(key);
+    EXPECT_FALSE(key.handled);
+}
+
+TEST_F(StepCommandsTest, WithoutTheRightNothingIsDeletedAndNothingAsked) {
+    base.allowed.erase(PermissionDelete);
+    desktop.expectMessage("You do not have permission to delete objects from the database!");
+    steps.Delete();
+    EXPECT_EQ(grid.dataRows(), 4);
+}
+
+TEST_F(StepCommandsTest, WithoutASelectionNothingIsAsked) {
+    grid.clearSelection();
+    steps.Delete();
+    grid.bind(nullptr);
+    steps.Delete();
+    EXPECT_THAT(desktop.messages(), IsEmpty());
+}
+
+TEST_F(StepCommandsTest, ARefusedStepKeepsItsRowAndTheOthersGo) {
+    base.refuse(ids[1]);
+    select({1, 2, 3});
+    desktop.expectMessage(kQuestion);
+    steps.Delete();
+    EXPECT_THAT(names(), ElementsAre("b", "d"));
+    EXPECT_TRUE(grid.isSelected(1));
+    EXPECT_EQ(grid.selectedRows(), 1);
+}
+
+TEST_F(StepCommandsTest, AFailureIsToldOnceAndTheOthersAreTried) {
+    select({1, 2, 3});
+    base.throwOn("deleteStep", errors::kKnowledgeBase, "The knowledge base is locked.");
+    desktop.expectMessage(kQuestion);
+    desktop.expectMessage("The knowledge base is locked.");
+    steps.Delete();
+    EXPECT_EQ(base.callsOf("deleteStep").size(), 3U);
+    EXPECT_EQ(grid.dataRows(), 4);
+    EXPECT_TRUE(trace.trapped("cProcessSteps::Delete"));
+}
+
+TEST_F(StepCommandsTest, WhatWasSelectedBeforeTheQuestionIsDeletedWhateverTheListShowsThen) {
+    class Refreshing : public Desktop {
+      public:
+        Refreshing(const Operations& operations, cProcessSteps*& list) : Desktop(operations), list_(list) {}
+        MessageAnswer showMessage(const MessageBox&) override {
+            list_->RefreshList("");
+            return MessageAnswer::Ok;
+        }
+        std::unique_ptr<FormPeer> createPeer(Form&) override { return nullptr; }
+
+      private:
+        cProcessSteps*& list_;
+    };
+    cProcessSteps* list = nullptr;
+    Refreshing desk(operations, list);
+    const UserInterface watched{desk, texts, help};
+    const StepServices mine{watched, rights,  base,   technology, settings,
+                            gridOps, dialogs, fileIO, files,      idle};
+    cProcessSteps second(mine, &processGrid);
+    list = &second;
+    Grid view(form, "view");
+    second.Init(view);
+    base.addStep(process, "before all", 0);
+    view.select(2, 0);
+    second.Delete();
+    EXPECT_THAT(changes(), ElementsAre("deleteStep " + ids[1]));
+}
+
+TEST_F(StepCommandsTest, TheLastStepLeavesAnEmptyList) {
+    gridOps.SelectAll(grid);
+    desktop.expectMessage(kQuestion);
+    steps.Delete();
+    EXPECT_FALSE(grid.hasData());
+    EXPECT_EQ(steps.SelectedStepID(), "");
+}
+
+// --- adding
+// --------------------------------------------------------------------------------------------------
+
+TEST_F(StepCommandsTest, AddingOpensTheDialogAndShowsTheNewStep) {
+    technology.setDefaults(FakeTechnology(602, "New one").add(1, 2.5, TechnologyParameter::kKindKept));
+    technology.editor = [](FakeTechnology&) { return TechnologyService::kAccepted; };
+    std::vector<std::string> told;
+    const Subscription heard =
+        steps.processStepsStored.subscribe([&](const std::string& id) { told.push_back(id); });
+    desktop.expectDialog("frmAddEditProcessTechStep",
+                         [](Form& shown) { dynamic_cast<frmAddEditProcessTechStep&>(shown).CmdOk.click(); });
+    steps.AddNewWizard();
+    EXPECT_THAT(names(), ElementsAre("New one", "a", "b", "c", "d"));
+    EXPECT_EQ(steps.SelectedStepID(), grid.rowData(1));
+    EXPECT_THAT(told, ElementsAre(process));
+    EXPECT_THAT(desktop.windows(),
+                testing::Contains("modal frmAddEditProcessTechStep " + std::to_string(form.handle())));
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(StepCommandsTest, ACancelledDialogLeavesTheStepsAndTheirSelection) {
+    grid.select(3, 4);
+    desktop.expectDialog("frmAddEditProcessTechStep", [this](Form& shown) {
+        base.setTechnologySource(ids[0], TechnologySource::User);
+        shown.close();
+    });
+    steps.AddNewWizard();
+    EXPECT_EQ(steps.SelectedStepID(), ids[2]);
+    EXPECT_EQ(grid.text(1, "FixedRow"), "User");
+    EXPECT_THAT(base.callsOf("steps"), IsEmpty());
+}
+
+TEST_F(StepCommandsTest, WithoutTheRightOrAProcessNoStepIsAdded) {
+    base.allowed.erase(PermissionAdd);
+    desktop.expectMessage("You do not have permission to add new objects to the database!");
+    steps.AddNewWizard();
+    base.allowed.insert(PermissionAdd);
+    processGrid.bind(nullptr);
+    steps.AddNewWizard();
+    EXPECT_THAT(changes(), IsEmpty());
+}
+
+// --- the wizard
+// ----------------------------------------------------------------------------------------------
+
+TEST_F(StepCommandsTest, TheWizardGetsTheStoredValuesByTheirCodes) {
+    technology.setDefaults(FakeTechnology(602, "\"Default\"")
+                               .add(10, 1.0)
+                               .add(11, std::string("text"))
+                               .add(12, Variant{})
+                               .add(432, 1.0)
+                               .add(1764, 1.0)
+                               .add(1767, Variant{})
+                               .add(13, 4.0));
+    for (const auto& [code, value] : std::vector<std::pair<int, std::string>>{{10, "2.5"},
+                                                                              {11, "\"M\"8"},
+                                                                              {12, "0,5"},
+                                                                              {432, "1\"2"},
+                                                                              {1764, "007"},
+                                                                              {1767, "3"},
+                                                                              {99, "not in this cycle"}})
+        storeValue(code, value);
+    base.stepStore().updateStep({ids[0], "say \"a\"", process, 1, 602});
+    bool seen = false;
+    technology.wizard = [&](FakeTechnology& shown) {
+        EXPECT_EQ(shown.operationName(), "say a");
+        EXPECT_EQ(shown.parameterOf(10)->value(), Variant(2.5));
+        EXPECT_EQ(shown.parameterOf(11)->value(), Variant(std::string("M8")));
+        EXPECT_EQ(shown.parameterOf(12)->value(), Variant(0.5));
+        EXPECT_EQ(shown.parameterOf(432)->value(), Variant(std::string("12")));
+        EXPECT_EQ(shown.parameterOf(1764)->value(), Variant(std::string("007")));
+        EXPECT_EQ(shown.parameterOf(1767)->value(), Variant(std::string("3")));
+        EXPECT_EQ(shown.parameterOf(13)->value(), Variant(4.0));
+        seen = true;
+        return true;
+    };
+    base.forgetCalls();
+    grid.doubleClicked.raise(1);
+    EXPECT_TRUE(seen);
+    EXPECT_THAT(technology.calls,
+                ElementsAre("create 602 " + process, "runStepWizard " + std::to_string(form.handle())));
+    EXPECT_THAT(changes(), IsEmpty()) << "nothing was changed in the wizard";
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(StepCommandsTest, WhatWasChangedIsStoredAndNothingElse) {
+    technology.setDefaults(FakeTechnology(602)
+                               .add(10, 1.0)
+                               .add(11, std::string("text"))
+                               .add(12, Variant{})
+                               .add(13, 4.0)
+                               .add(14, 5.0)
+                               .add(15, Variant{}));
+    storeValue(10, "2,500");
+    storeValue(11, "\"quoted\"");
+    storeValue(14, "6");
+    storeValue(99, "not in this cycle");
+    technology.wizard = [](FakeTechnology& shown) {
+        shown.parameterOf(12)->type(std::string("new"));
+        shown.parameterOf(13)->type(4.25);
+        shown.parameterOf(14)->type(Variant{});
+        return true;
+    };
+    steps.Editwizard();
+    EXPECT_THAT(valuesOf(ids[0]),
+                UnorderedElementsAre(Pair(10, "2,500"), Pair(11, "\"quoted\""), Pair(12, "new"),
+                                     Pair(13, "4.25"), Pair(99, "not in this cycle")));
+    EXPECT_THAT(changes(), ElementsAre("setStepValue " + ids[0] + " 12", "setStepValue " + ids[0] + " 13",
+                                       "deleteStepValue " + ids[0] + " 14"));
+    EXPECT_EQ(technology.calls.back(), "stored " + ids[0]);
+    EXPECT_EQ(base.calls().back(), "technologySources 4");
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(StepCommandsTest, ACancelledWizardChangesNothing) {
+    technology.setDefaults(FakeTechnology(602).add(10, 1.0));
+    technology.wizard = [](FakeTechnology& shown) {
+        shown.parameterOf(10)->type(9.0);
+        shown.setOperationName("other");
+        return false;
+    };
+    steps.Editwizard();
+    EXPECT_THAT(changes(), IsEmpty());
+    EXPECT_EQ(names()[0], "a");
+}
+
+TEST_F(StepCommandsTest, AChangedOperationNameRenamesTheStepAndNothingElseOfIt) {
+    technology.wizard = [this](FakeTechnology& shown) {
+        base.tables().requireStep(ids[0]).record.priority = 9;  // by somebody else
+        shown.setOperationName("\"Drill deep\"");
+        return true;
+    };
+    steps.Editwizard();
+    EXPECT_EQ(base.tables().requireStep(ids[0]).record,
+              (ProcessStepRecord{ids[0], "Drill deep", process, 9, 602}));
+    EXPECT_EQ(grid.text(1, field::kName), "Drill deep");
+    EXPECT_EQ(grid.text(1, field::kPriority), "9");
+    EXPECT_THAT(technology.calls, testing::Not(testing::Contains("stored " + ids[0])));
+}
+
+TEST_F(StepCommandsTest, AFailingWizardIsToldAndChangesNothing) {
+    technology.throwOn("runStepWizard", errors::kHostInterface, "The wizard broke.");
+    desktop.expectMessage("The wizard broke.");
+    steps.Editwizard();
+    EXPECT_THAT(changes(), IsEmpty());
+    EXPECT_TRUE(trace.trapped("cProcessSteps::Editwizard"));
+}
+
+TEST_F(StepCommandsTest, AStepThatIsGoneIsSaidAndItsRowGoes) {
+    base.stepStore().deleteStep(ids[0]);
+    desktop.expectMessage(kGone);
+    steps.Editwizard();
+    EXPECT_THAT(names(), ElementsAre("b", "c", "d"));
+    EXPECT_THAT(technology.calls, IsEmpty());
+}
+
+TEST_F(StepCommandsTest, AStepDeletedWhileTheWizardIsOpenIsSaidAndItsRowGoes) {
+    technology.setDefaults(FakeTechnology(602).add(10, 1.0));
+    technology.wizard = [this](FakeTechnology& shown) {
+        base.stepStore().deleteStep(ids[0]);
+        steps.UpdateFromDb(ids[1]);  // the host may call back
+        shown.parameterOf(10)->type(9.0);
+        return true;
+    };
+    desktop.expectMessage(kGone);
+    steps.Editwizard();
+    EXPECT_THAT(names(), ElementsAre("b", "c", "d"));
+}
+
+TEST_F(StepCommandsTest, ARefusedValueIsToldAndTheStepStays) {
+    technology.setDefaults(FakeTechnology(602).add(10, 1.0));
+    technology.wizard = [](FakeTechnology& shown) {
+        shown.parameterOf(10)->type(9.0);
+        return true;
+    };
+    base.throwOn("setStepValue", errors::kNotFound, "There is no such thing.");
+    desktop.expectMessage("There is no such thing.");
+    steps.Editwizard();
+    EXPECT_EQ(grid.dataRows(), 4);
+}
+
+TEST_F(StepCommandsTest, AHostThatCannotNoteASourceIsTracedAlone) {
+    technology.setDefaults(FakeTechnology(602).add(10, 1.0));
+    technology.wizard = [](FakeTechnology& shown) {
+        shown.parameterOf(10)->type(9.0);
+        return true;
+    };
+    technology.throwOn("stored");
+    steps.Editwizard();
+    EXPECT_EQ(valuesOf(ids[0])[10], "9");
+    EXPECT_TRUE(trace.trapped("cProcessSteps::Editwizard"));
+}
+
+TEST_F(StepCommandsTest, WithoutTheRightOrAStepNoWizardOpens) {
+    base.allowed.erase(PermissionEdit);
+    desktop.expectMessage("You do not have permission to edit objects in the database!");
+    steps.Editwizard();
+    base.allowed.insert(PermissionEdit);
+    grid.doubleClicked.raise(0);
+    grid.doubleClicked.raise(-1);
+    grid.bind(nullptr);
+    steps.Editwizard();
+    EXPECT_THAT(technology.calls, IsEmpty());
+}
+
+}  // namespace
+}  // namespace pellmark::test
