@@ -46,9 +46,10 @@ ComponentRoot::ComponentRoot()
       trace_(&writeToDebugger, registry_, codePage_, files_, clock_, executableName()),
       operations_(trace_),
       help_(trace_),
+      fileDialogs_(operations_),
       desktop_(module::instance(), operations_),
-      application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, hostLibrary_, operations_,
-                            componentFolder(), executableName()}) {}
+      application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, fileDialogs_, hostLibrary_,
+                            operations_, componentFolder(), executableName()}) {}
 
 void ComponentRoot::showProcesses(IDispatch* host, const std::string& processGuid) {
     application_.ShowWindowProcessesView(hostFrom(host), processGuid);

@@ -11,6 +11,7 @@
 #include "win32/ports/HtmlHelpViewer.h"
 #include "win32/ports/Win32Clock.h"
 #include "win32/ports/Win32CodePage.h"
+#include "win32/ports/Win32FileDialogs.h"
 #include "win32/ports/Win32FileSystem.h"
 #include "win32/ports/Win32Idle.h"
 #include "win32/ports/Win32Registry.h"
@@ -50,6 +51,7 @@ class ComponentRoot final : public ApplicationCalls {
     TraceLog trace_;
     Operations operations_;
     HtmlHelpViewer help_;
+    Win32FileDialogs fileDialogs_;
     Win32Desktop desktop_;
     AutomationHostLibrary hostLibrary_;
     Application application_;

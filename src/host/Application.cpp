@@ -161,11 +161,13 @@ void Application::showModally(WindowHandle owner, const CaseDescription& descrip
 template <class Show>
 void Application::interruptEmbeddedView(Show&& show) {
     FrmMain& form = mainForm();
-    const WindowHandle parent = form.embeddedIn();
-    if (parent == 0) {
+    const std::optional<EmbeddedPlace> place = form.embeddedPlace();
+    if (!place) {
+        form.unload();  // its window may have gone with the host's
         show();
         return;
     }
+    Control* const focused = form.focused();
     const FRView view = form.view();
     const CaseDescription before = shown();
     form.unload();
@@ -173,7 +175,8 @@ void Application::interruptEmbeddedView(Show&& show) {
     services_->texts.setTitle(services_->texts.GetString(kManagerTitle));
     form.SetView(view);
     captionForViewing();
-    form.embed(parent);
+    if (focused != nullptr) focused->setFocus();
+    form.embed(*place);
     if (CaseView* restored = form.caseView()) {
         restored->show(before);
     } else if (cProcess* list = form.processes()) {

@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "host/MainLayout.h"
-#include "knowledge/Records.h"
-#include "settings/NumberOptions.h"
 
 namespace pellmark {
 
@@ -103,26 +101,9 @@ void FrmMain::buildProcessCaseView() {
         std::make_unique<CaseView>(services_,
                                    FeatureCaseControls{CmbFTNvxFeatureType, CmbFTPartType, CmbPartMaterial,
                                                        CmbFTUnit, CmbProcessCaseUnit, VSFGProcessCase},
-                                   VSFGProcessCaseResults);
-    layOutSteps();
-    menus_.serve(*caseView_, VSFGProcessCase, VSFGProcessStep);
+                                   VSFGProcessCaseResults, VSFGProcessStep);
+    menus_.serve(*caseView_, VSFGProcessCase);
     VSFGProcessCaseResults.setFocus();
-}
-
-void FrmMain::layOutSteps() {
-    constexpr ColumnSpec kColumns[] = {
-        {"", "FixedRow", 750},
-        {"ID", field::kId, 1000, true},
-        {"ProcessID", field::kProcessId, 1000, true},
-        {"Priority", field::kPriority, 1000, true},
-        {"Name", field::kName, 4000},
-        {"Cutting Cycle", field::kCuttingCycleId, 2000},
-    };
-    Grid::RedrawOff off(VSFGProcessStep);
-    layOutColumns(VSFGProcessStep, kColumns,
-                  [this](const std::string& english) { return services_.person.texts.GetString(english); });
-    VSFGProcessStep.setFixedCols(1);
-    hideInternalColumns(VSFGProcessStep, kColumns, services_.settings.orDefault(option::kDebugMode) == 0);
 }
 
 void FrmMain::SetViewByUserClick(FRView view) {

@@ -131,7 +131,6 @@ class FrmMain : public Form {
     void placeFilters();
     void translateCaptions();
     void tabClicked(int index);
-    void layOutSteps();
     void gridEntered(Grid& active, Grid& other);
 
     ViewServices services_;

@@ -64,13 +64,19 @@ void FrmMenu::buildProcessMenu() {
 }
 
 void FrmMenu::buildStepMenu() {
-    mnuProcessStep.add("mnuProcessStepAddNew", "New...");
-    mnuProcessStep.add("mnuProcessStepEdit", "Edit...");
+    using Command = void (cProcessSteps::*)();
+    const auto list = [this](Command command) -> std::function<void()> {
+        return [this, command] {
+            if (steps_ != nullptr) std::invoke(command, *steps_);
+        };
+    };
+    mnuProcessStep.add("mnuProcessStepAddNew", "New...", list(&cProcessSteps::AddNewWizard));
+    mnuProcessStep.add("mnuProcessStepEdit", "Edit...", list(&cProcessSteps::Editwizard));
     mnuProcessStep.add("mnuProcessStepBar2", "-");
-    mnuProcessStep.add("mnuProcessStepDelete", "Delete");
+    mnuProcessStep.add("mnuProcessStepDelete", "Delete", list(&cProcessSteps::Delete));
     mnuProcessStep.add("mnuProcessStepBar1", "-");
-    mnuProcessStep.add("mnuProcessStepOpen", "Open...");
-    mnuProcessStep.add("mnuProcessStepSave", "Save...");
+    mnuProcessStep.add("mnuProcessStepOpen", "Open...", list(&cProcessSteps::OpenPrc));
+    mnuProcessStep.add("mnuProcessStepSave", "Save...", list(&cProcessSteps::Save));
     mnuProcessStep.add("mnuProcessStepPrint", "Print...");
     mnuProcessStep.add("mnuProcessStepFormatColumns", "Format Columns...");
 }
@@ -97,14 +103,15 @@ void FrmMenu::serve(cProcess& processes) {
     serveProcesses(processes);
 }
 
-void FrmMenu::serve(CaseView& view, Grid& processCase, Grid& processStep) {
+void FrmMenu::serve(CaseView& view, Grid& processCase) {
     release();
     featureCase_ = &view.featureCase;
+    steps_ = &view.steps;
     FGProcessCase = &processCase;
-    FGProcessStep = &processStep;
+    FGProcessStep = &view.steps.grid();
     serveProcesses(view.processes);
     listen(processCase, "FrmMenu::FGProcessCase_MouseDown", mnufetaureCaseContext, nullptr);
-    listen(processStep, "FrmMenu::FGProcessStep_MouseDown", mnuProcessStep, &FrmMenu::prepareStepMenu);
+    listen(*FGProcessStep, "FrmMenu::FGProcessStep_MouseDown", mnuProcessStep, &FrmMenu::prepareStepMenu);
 }
 
 void FrmMenu::serveProcesses(cProcess& processes) {
@@ -122,6 +129,7 @@ void FrmMenu::release() {
     subscriptions_.clear();
     processes_ = nullptr;
     featureCase_ = nullptr;
+    steps_ = nullptr;
     FGProcesses = nullptr;
     FGProcessCase = nullptr;
     FGProcessStep = nullptr;

@@ -11,6 +11,7 @@ namespace pellmark {
 class CaseView;
 class cFeatureCase;
 class cProcess;
+class cProcessSteps;
 
 /// The pop-up menus of the grids. The form is never shown: it keeps the menus, opens the one of the grid that
 /// was clicked, and hands each command to the list that owns the grid. Commands report their own failures.
@@ -22,7 +23,7 @@ class FrmMenu : public Form {
     /// Opens the menus of the list of all processes over its grid. The list must outlive this or be released.
     void serve(cProcess& processes);
     /// The same for the three grids of a feature case.
-    void serve(CaseView& view, Grid& processCase, Grid& processStep);
+    void serve(CaseView& view, Grid& processCase);
     /// Before the lists go: no grid opens a menu from here.
     void release();
 
@@ -51,6 +52,7 @@ class FrmMenu : public Form {
     cVSGridOps& gridOps_;
     cProcess* processes_ = nullptr;
     cFeatureCase* featureCase_ = nullptr;
+    cProcessSteps* steps_ = nullptr;
     Grid* FGProcesses = nullptr;
     Grid* FGProcessCase = nullptr;
     Grid* FGProcessStep = nullptr;

@@ -5,6 +5,7 @@
 #include "base/Operations.h"
 #include "ports/CodePage.h"
 #include "ports/Desktop.h"
+#include "ports/FileDialogs.h"
 #include "ports/FileSystem.h"
 #include "ports/HelpViewer.h"
 #include "ports/HostInterfaces.h"
@@ -21,6 +22,7 @@ struct Platform {
     FileSystem& files;
     Idle& idle;
     HelpViewer& help;
+    FileDialogs& fileDialogs;
     HostLibrary& hostLibrary;
     Operations operations;  ///< with the component's trace
     /// The folder of the component's own DLL, without a trailing "\".

@@ -3,16 +3,19 @@
 #include <exception>
 
 #include "knowledge/AbsentKnowledgeBase.h"
+#include "ports/AbsentTechnology.h"
 
 namespace pellmark {
 
 Services::Services(const Platform& platform)
     : platform_(platform),
       knowledgeBase_(createKnowledgeBase()),
+      technology_(createTechnology()),
       files(platform.files, platform.codePage, platform.idle, platform.operations.trace()),
       settings(platform.registry, platform.codePage, platform.files, platform.executableName,
                platform.operations.trace()),
       gridOps(platform.files, files),
+      dialogs(platform.fileDialogs, platform.files, platform.executableName),
       texts(platform.operations),
       help(platform.help, std::string()),
       person{platform.desktop, texts, help},
@@ -24,20 +27,44 @@ Services::Services(const Platform& platform)
          [this] { texts.setService(platform_.hostLibrary.createTranslationService()); });
 }
 
-/// A host library that is not there must not keep the Application from being created: its calls say so.
-std::unique_ptr<KnowledgeBaseService> Services::createKnowledgeBase() {
+ViewServices Services::forViews() {
+    const StepServices steps{person,  rights,  *knowledgeBase_, *technology_,    settings,
+                             gridOps, dialogs, files,           platform_.files, platform_.idle};
+    return {person, *knowledgeBase_, rights, settings, gridOps, host, creation, steps};
+}
+
+namespace {
+
+/// Creates a service of the host's library, or its stand-in with the reason why there is none: a library that
+/// is not there must not keep the Application from being created.
+template <class Absent, class Service, class Create>
+std::unique_ptr<Service> createOr(const Operations& operations, const char* operation, Create&& create) {
     std::string reason;
-    std::unique_ptr<KnowledgeBaseService> created;
-    trap(platform_.operations, "Services::createKnowledgeBase", [&] {
+    std::unique_ptr<Service> created;
+    trap(operations, operation, [&] {
         try {
-            created = platform_.hostLibrary.createKnowledgeBaseService();
+            created = create();
         } catch (const std::exception& error) {
             reason = error.what();
             throw;
         }
     });
     if (created) return created;
-    return std::make_unique<AbsentKnowledgeBase>(reason);
+    return std::make_unique<Absent>(reason);
+}
+
+}  // namespace
+
+std::unique_ptr<KnowledgeBaseService> Services::createKnowledgeBase() {
+    return createOr<AbsentKnowledgeBase, KnowledgeBaseService>(
+        platform_.operations, "Services::createKnowledgeBase",
+        [this] { return platform_.hostLibrary.createKnowledgeBaseService(); });
+}
+
+std::unique_ptr<TechnologyService> Services::createTechnology() {
+    return createOr<AbsentTechnology, TechnologyService>(
+        platform_.operations, "Services::createTechnology",
+        [this] { return platform_.hostLibrary.createTechnologyService(); });
 }
 
 void Services::configureTexts(HostApplication& application, const std::string& englishTitle) {

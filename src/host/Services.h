@@ -12,6 +12,7 @@
 #include "util/Rights.h"
 #include "util/Texts.h"
 #include "util/UserInterface.h"
+#include "util/cCommonDialog.h"
 #include "util/cFileIO.h"
 #include "util/cVSGridOps.h"
 
@@ -31,20 +32,23 @@ class Services {
     /// False also when the host's service could not be created.
     bool isConnected();
 
-    ViewServices forViews() { return {person, *knowledgeBase_, rights, settings, gridOps, host, creation}; }
+    ViewServices forViews();
 
   private:
     std::string helpFileOf(HostApplication& host);
     std::unique_ptr<KnowledgeBaseService> createKnowledgeBase();
+    std::unique_ptr<TechnologyService> createTechnology();
 
     Platform platform_;
     std::unique_ptr<KnowledgeBaseService> knowledgeBase_;
+    std::unique_ptr<TechnologyService> technology_;
     std::unique_ptr<LanguageConverter> languages_;
 
   public:
     cFileIO files;
     cQDLExtSettings settings;
     cVSGridOps gridOps;
+    cCommonDialog dialogs;
     Texts texts;
     HTMLHelp help;
     UserInterface person;

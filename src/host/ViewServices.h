@@ -4,6 +4,7 @@
 #include "knowledge/KnowledgeBaseService.h"
 #include "ports/HostInterfaces.h"
 #include "settings/cQDLExtSettings.h"
+#include "steps/StepServices.h"
 #include "util/Rights.h"
 #include "util/UserInterface.h"
 #include "util/cVSGridOps.h"
@@ -20,6 +21,7 @@ struct ViewServices {
     cVSGridOps& gridOps;
     HostApplication& host;
     FeatureCaseCreation& creation;
+    StepServices steps;
 };
 
 }  // namespace pellmark

@@ -8,21 +8,41 @@ ProcessesView::ProcessesView(const ViewServices& services, Grid& grid)
     processes.Init(grid);
 }
 
-CaseView::CaseView(const ViewServices& services, const FeatureCaseControls& filters, Grid& processGrid)
+CaseView::CaseView(const ViewServices& services, const FeatureCaseControls& filters, Grid& processGrid,
+                   Grid& stepGrid)
     : featureCase(services.person, services.knowledgeBase, services.creation),
       processes(services.person, services.knowledgeBase, services.rights, services.settings, services.gridOps,
-                services.host, &featureCase) {
+                services.host, &featureCase),
+      steps(services.steps, &processGrid) {
     featureCase.Init(filters);
     processes.Init(processGrid);
-    subscriptions_.push_back(featureCase.caseChanged.subscribe([this] { caseChanged(); }));
+    steps.Init(stepGrid);
+    const auto on = [this](Subscription subscription) { subscriptions_.push_back(std::move(subscription)); };
+    on(featureCase.caseChanged.subscribe([this] { caseChanged(); }));
+    on(processes.currentChanged.subscribe([this] { processChanged(); }));
+    on(steps.processStepsStored.subscribe([this](const std::string& processId) {
+        ProcessRecord stored;
+        stored.Id = processId;
+        processes.UpdateFromDb(stored);
+    }));
 }
 
 void CaseView::caseChanged() {
     processes.RefreshList(wantedProcess_.empty() ? processes.SelectedProcessID() : wantedProcess_);
 }
 
+void CaseView::processChanged() {
+    if (wantedStep_.empty()) {
+        steps.FollowProcess();
+    } else {
+        steps.SetProcessStepGui(wantedStep_);
+    }
+}
+
 void CaseView::show(const CaseDescription& description) {
+    // What the host names is selected as the lists are filled, so that nothing is read twice for it.
     wantedProcess_ = description.processGuid;
+    wantedStep_ = description.processStepGuid;
     featureCase.SetFeatureCaseUnitGui(description.unit);
     featureCase.SetNvxFeatureTypeGui(description.nvxFeatureType);
     featureCase.SetPartTypeGui(description.partTypeId);
@@ -31,11 +51,12 @@ void CaseView::show(const CaseDescription& description) {
     featureCase.SetProcessUnitGui(description.processUnit);
     featureCase.SetValuesGui(description.valueIds);
     wantedProcess_.clear();
+    wantedStep_.clear();
     if (!description.processGuid.empty()) processes.SetProcessGui(description.processGuid);
 }
 
 CaseDescription CaseView::shown() {
-    CaseDescription now{featureCase.description(), processes.SelectedProcessID(), ""};
+    CaseDescription now{featureCase.description(), processes.SelectedProcessID(), steps.SelectedStepID()};
     return now;
 }
 

@@ -6,6 +6,7 @@
 #include "featurecases/cFeatureCase.h"
 #include "host/ViewServices.h"
 #include "processes/cProcess.h"
+#include "steps/cProcessSteps.h"
 
 namespace pellmark {
 
@@ -24,10 +25,12 @@ class ProcessesView {
     cProcess processes;
 };
 
-/// The controllers of a feature case, wired to each other: the case decides which processes are listed.
+/// The controllers of a feature case, wired to each other: the case decides which processes are listed, and
+/// the selected process which steps.
 class CaseView {
   public:
-    CaseView(const ViewServices& services, const FeatureCaseControls& filters, Grid& processGrid);
+    CaseView(const ViewServices& services, const FeatureCaseControls& filters, Grid& processGrid,
+             Grid& stepGrid);
 
     /// Shows what the host describes. Filters that the description leaves open stay as they are, and so does
     /// a selection where it names none.
@@ -37,11 +40,14 @@ class CaseView {
 
     cFeatureCase featureCase;
     cProcess processes;
+    cProcessSteps steps;
 
   private:
     void caseChanged();
+    void processChanged();
 
     std::string wantedProcess_;
+    std::string wantedStep_;
     std::vector<Subscription> subscriptions_;
 };
 

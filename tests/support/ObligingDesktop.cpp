@@ -1,5 +1,7 @@
 #include "support/ObligingDesktop.h"
 
+#include <optional>
+
 namespace pellmark::test {
 
 class ObligingDesktop::Peer : public FormPeer {
@@ -10,7 +12,15 @@ class ObligingDesktop::Peer : public FormPeer {
     ~Peer() override { std::erase(desktop_.loaded_, &form_); }
 
     WindowHandle handle() const override { return reinterpret_cast<WindowHandle>(this); }
-    void embed(WindowHandle) override { desktop_.shown("embedded " + form_.name()); }
+    void embed(const EmbeddedPlace& place) override {
+        place_ = place;
+        desktop_.shown("embedded " + form_.name());
+    }
+    std::optional<EmbeddedPlace> embeddedPlace() const override { return place_; }
+    void runWhile(WindowHandle, const std::function<void()>& work) override {
+        desktop_.shown("progress " + form_.name());
+        work();
+    }
     void runModal(WindowHandle) override {
         desktop_.shown("dialog " + form_.name());
         if (ended_) return;
@@ -31,6 +41,7 @@ class ObligingDesktop::Peer : public FormPeer {
   private:
     ObligingDesktop& desktop_;
     Form& form_;
+    std::optional<EmbeddedPlace> place_;
     bool ended_ = false;
 };
 

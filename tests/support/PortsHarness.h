@@ -15,6 +15,7 @@
 #include "support/PortableCodePage.h"
 #include "support/RecordingTrace.h"
 #include "support/ScriptedDesktop.h"
+#include "support/ScriptedFileDialogs.h"
 
 namespace pellmark::test {
 
@@ -44,8 +45,8 @@ struct PortsHarness {
         registry.setText(Registry::kCurrentUser, kSettings, option, value);
     }
     Platform platform() {
-        return {desktop, registry, codePage,   files,          idle,
-                help,    library,  operations, "C:\\Pellmark", "Norvex"};
+        return {desktop,     registry, codePage,   files,          idle,    help,
+                fileDialogs, library,  operations, "C:\\Pellmark", "Norvex"};
     }
 
     FakeKnowledgeBase base;
@@ -56,6 +57,7 @@ struct PortsHarness {
     RecordingTrace trace;
     Operations operations{trace};
     RecordingHelp help;
+    ScriptedFileDialogs fileDialogs;
     FakeHostLibrary library{base};
     ScriptedDesktop desktop{operations};
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();

@@ -91,14 +91,16 @@ class Sweep {
     MemoryFileSystem files;
     NoIdle idle;
     RecordingHelp help;
+    ScriptedFileDialogs fileDialogs;
     FakeHostLibrary library{base};
     ObligingDesktop desktop{operations};
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();
     CaseDescription description;
     std::string other;
     std::vector<std::string> processes;
-    std::unique_ptr<Application> app = std::make_unique<Application>(Platform{
-        desktop, registry, codePage, files, idle, help, library, operations, "C:\\Pellmark", "Norvex"});
+    std::unique_ptr<Application> app =
+        std::make_unique<Application>(Platform{desktop, registry, codePage, files, idle, help, fileDialogs,
+                                               library, operations, "C:\\Pellmark", "Norvex"});
 
     /// The moments that have passed, and what the host does at one of them.
     std::vector<std::string> moments;
