@@ -17,8 +17,7 @@ namespace {
 constexpr std::int16_t kUnits[] = {pellmark::unit::kNone, pellmark::unit::kInch, pellmark::unit::kMetric};
 
 std::string fieldOf(RecordSet& records, std::size_t record, const char* name) {
-    const auto index = records.fieldIndex(name);
-    return index ? records.text(record, *index) : std::string();
+    return records.text(record, records.requireField(name));
 }
 
 }  // namespace

@@ -174,9 +174,11 @@ class VariantArg {
         std::swap(owner.value_, value);
         return owner;
     }
-    /// A copy with references (VT_BYREF) resolved, as a script's variables arrive.
+    /// A copy with references (VT_BYREF) resolved, as a script's variables arrive. A reference to nowhere is
+    /// Empty.
     static VariantArg dereferenced(const VARIANT& value) {
         VariantArg copy;
+        if ((value.vt & VT_BYREF) != 0 && value.byref == nullptr) return copy;
         if (FAILED(VariantCopyInd(&copy.value_, const_cast<VARIANT*>(&value)))) VariantClear(&copy.value_);
         return copy;
     }

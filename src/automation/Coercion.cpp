@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "automation/ArrayReader.h"
 #include "automation/Guard.h"
 
 namespace pellmark {
@@ -19,6 +20,7 @@ constexpr std::int32_t kGreatestScriptArray = 1'000'000;
 VariantArg valueOf(const VARIANT& argument, const char* expected) {
     const VARIANT& value = innermost(argument);
     if ((value.vt & VT_BYREF) != 0 && value.byref == nullptr) mismatch(expected);
+    if (isArray(value)) mismatch(expected);  // not even copied: its data may be gone
     return VariantArg::dereferenced(value);
 }
 
@@ -38,31 +40,6 @@ VariantArg changed(const VARIANT& argument, VARTYPE type, const char* expected) 
     if (FAILED(code)) mismatch(expected);
     return result;
 }
-
-SAFEARRAY* arrayOf(const VARIANT& value) {
-    if ((value.vt & VT_BYREF) == 0) return value.parray;
-    return value.pparray == nullptr ? nullptr : *value.pparray;
-}
-
-/// Keeps an array's memory in place while it is read.
-class ArrayAccess {
-  public:
-    explicit ArrayAccess(SAFEARRAY* array) : array_(array) {
-        if (FAILED(::SafeArrayAccessData(array_, &data_))) mismatch("must be an array that can be read");
-    }
-    ArrayAccess(const ArrayAccess&) = delete;
-    ArrayAccess& operator=(const ArrayAccess&) = delete;
-    ~ArrayAccess() { ::SafeArrayUnaccessData(array_); }
-
-    template <class Element>
-    const Element* elements() const {
-        return static_cast<const Element*>(data_);
-    }
-
-  private:
-    SAFEARRAY* array_;
-    void* data_ = nullptr;
-};
 
 VariantArg getMember(IDispatch* object, std::wstring name) {
     LPOLESTR names = name.data();
@@ -139,29 +116,27 @@ std::string toText(const VARIANT& value) {
     return Bstr::toUtf8(changed(value, VT_BSTR, "must be a text").get().bstrVal);
 }
 
-std::vector<std::string> toTexts(SAFEARRAY* array) {
-    if (array == nullptr) return {};
-    if (::SafeArrayGetDim(array) != 1) mismatch("must be an array of one dimension");
-    LONG first = 0;
-    LONG last = -1;
-    VARTYPE type = VT_EMPTY;
-    if (FAILED(::SafeArrayGetLBound(array, 1, &first)) || FAILED(::SafeArrayGetUBound(array, 1, &last)) ||
-        FAILED(::SafeArrayGetVartype(array, &type)) || (type != VT_BSTR && type != VT_VARIANT)) {
+namespace {
+
+std::vector<std::string> textsOf(const ArrayReader& array) {
+    if (array.type() != VT_BSTR && array.type() != VT_VARIANT && array.type() != VT_EMPTY) {
         mismatch("must be an array of texts");
     }
     std::vector<std::string> texts;
-    const ArrayAccess access(array);
-    const auto count = static_cast<std::size_t>(std::int64_t{last} - first + 1);
-    for (std::size_t i = 0; i < count; ++i) {
-        texts.push_back(type == VT_BSTR ? Bstr::toUtf8(access.elements<BSTR>()[i])
-                                        : toText(access.elements<VARIANT>()[i]));
-    }
+    for (std::size_t i = 0; i < array.size(); ++i)
+        texts.push_back(toText(array[i]));
     return texts;
+}
+
+}  // namespace
+
+std::vector<std::string> toTexts(SAFEARRAY* array) {
+    return textsOf(ArrayReader(array));
 }
 
 std::vector<std::string> toTexts(const VARIANT& value) {
     const VARIANT& inner = innermost(value);
-    if ((inner.vt & VT_ARRAY) != 0) return toTexts(arrayOf(inner));
+    if (isArray(inner)) return textsOf(ArrayReader(inner));
     const VariantArg single = valueOf(inner, "must be an array of texts");
     switch (single.type()) {
         case VT_EMPTY:

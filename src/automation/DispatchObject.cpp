@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <vector>
 
+#include "automation/ArrayReader.h"
+#include "automation/Guard.h"
 #include "base/Error.h"
 
 namespace pellmark {
@@ -74,8 +76,16 @@ const char* reasonOf(HRESULT code) {
 }  // namespace
 
 DispatchResult::DispatchResult(VariantArg value, std::string member)
-    : value_((value.type() & VT_BYREF) != 0 ? VariantArg::dereferenced(value.get()) : std::move(value)),
-      member_(std::move(member)) {}
+    : value_(std::move(value)), member_(std::move(member)) {
+    if ((value_.type() & VT_BYREF) == 0) return;
+    try {
+        // what is copied must be sound first
+        if (isArray(value_.get())) const ArrayReader sound(value_.get());
+    } catch (const CallError& error) {
+        failBecause(std::string("answered with an array that ") + error.what() + ".");
+    }
+    value_ = VariantArg::dereferenced(value_.get());
+}
 
 void DispatchResult::failBecause(const std::string& reason) const {
     throwInterfaceError(member_, reason);

@@ -14,9 +14,9 @@ std::optional<std::size_t> RecordSet::fieldIndex(std::string_view name) const {
 }
 
 std::size_t RecordSet::requireField(std::string_view name) const {
-    if (const auto index = fieldIndex(name)) return *index;
-    throw Error(errors::kHostInterface, "RecordSet",
-                "The host's records lack the field " + std::string(name) + ".");
+    if (const auto position = fieldIndex(name)) return *position;
+    throw Error(errors::kHostInterface, origin(),
+                "The record set of " + origin() + " lacks the field " + std::string(name) + ".");
 }
 
 }  // namespace pellmark

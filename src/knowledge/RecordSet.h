@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/Guid.h"
@@ -30,8 +31,13 @@ class RecordSet {
 
     /// Position of a field by its name, case ignored; nothing when there is no such field.
     std::optional<std::size_t> fieldIndex(std::string_view name) const;
-    /// The same for a field that must be there: throws Error (host interface) that names it.
+
+    /// The same of a field that must be there. Throws errors::kHostInterface, which names the field and the
+    /// record set: another field in its place would show, or store, what nobody meant.
     std::size_t requireField(std::string_view name) const;
+
+    /// What errors call the record set: where a host answered with it.
+    virtual std::string origin() const { return "RecordSet"; }
 };
 
 }  // namespace pellmark

@@ -5,8 +5,8 @@
 #include <cmath>
 #include <limits>
 
-#include "com/TestObject.h"
 #include "automation/Guard.h"
+#include "com/TestObject.h"
 
 namespace pellmark {
 namespace {

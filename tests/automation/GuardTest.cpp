@@ -4,8 +4,8 @@
 
 #include <new>
 
-#include "com/ErrorText.h"
 #include "base/Error.h"
+#include "com/ErrorText.h"
 
 namespace pellmark {
 namespace {

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "automation/ArrayReader.h"
+#include "automation/Guard.h"
 #include "com/adapters/HostRecordSet.h"
 #include "knowledge/PackedText.h"
 
@@ -9,79 +11,74 @@ namespace pellmark {
 
 namespace {
 
-bool isArray(const VariantArg& value) {
-    return (value.type() & VT_ARRAY) != 0;
-}
+using FieldNames = std::initializer_list<const char*>;
 
-/// The elements of a one-dimensional array of any element type.
-std::vector<VariantArg> elementsOf(const VariantArg& value, const DispatchResult& result) {
-    SAFEARRAY* array = value.get().parray;
-    std::vector<VariantArg> elements;
-    if (array == nullptr) return elements;
-    const VARTYPE type = value.type() & VT_TYPEMASK;
-    if (SafeArrayGetDim(array) != 1) result.failBecause("answered with an array of several dimensions.");
-    if (type == VT_RECORD) result.failBecause("answered with structures, which cannot be read by name.");
-    LONG lower = 0;
-    LONG upper = -1;
-    SafeArrayGetLBound(array, 1, &lower);
-    SafeArrayGetUBound(array, 1, &upper);
-    for (LONG at = lower; at <= upper; ++at) {
-        VariantArg element;
-        HRESULT code = S_OK;
-        if (type == VT_VARIANT) {
-            code = SafeArrayGetElement(array, &at, &element.get());
-        } else {
-            code = SafeArrayGetElement(array, &at, &element.get().byref);
-            if (SUCCEEDED(code)) element.get().vt = type;
-        }
-        if (FAILED(code)) result.failBecause("answered with an array that cannot be read.");
-        elements.push_back(VariantArg::dereferenced(element.get()));
-    }
-    return elements;
-}
-
-HostRecord recordFrom(const std::vector<VariantArg>& values, std::size_t fields,
-                      const DispatchResult& result) {
+HostRecord recordFrom(const ArrayReader& values, std::size_t fields, const DispatchResult& result) {
     if (values.size() != fields) {
         result.failBecause("answered with a record of " + std::to_string(values.size()) +
                            " values instead of " + std::to_string(fields) + ".");
     }
     HostRecord record;
-    for (const auto& value : values)
-        record.push_back(DispatchResult(value, result.member()).text());
+    for (std::size_t at = 0; at < fields; ++at) {
+        const VARIANT value = values[at];
+        if (isArray(value)) result.failBecause("mixed records and values in one array.");
+        record.push_back(DispatchResult(VariantArg::dereferenced(value), result.member()).text());
+    }
     return record;
 }
 
-std::vector<HostRecord> recordsFromArray(const DispatchResult& result, std::size_t fields) {
-    const auto elements = elementsOf(result.value(), result);
+HostRecord recordFromStructure(const ArrayReader& structures, std::size_t at, const FieldNames& fields,
+                               const DispatchResult& result) {
+    HostRecord record;
+    for (const char* name : fields) {
+        VariantArg value = structures.field(at, wideFromUtf8(name).c_str());
+        record.push_back(DispatchResult(std::move(value), result.member()).text());
+    }
+    return record;
+}
+
+std::vector<HostRecord> recordsFrom(const ArrayReader& array, const FieldNames& fields,
+                                    const DispatchResult& result) {
     std::vector<HostRecord> records;
-    if (elements.empty()) return records;
-    if (!isArray(elements.front()) && fields == 1) {
+    if (array.size() == 0) return records;
+    const bool plain = array.type() != VT_RECORD && !isArray(array[0]);
+    if (plain && fields.size() == 1) {
         // records of one field need no array each
-        for (const auto& element : elements)
-            records.push_back(recordFrom({element}, fields, result));
+        for (std::size_t at = 0; at < array.size(); ++at) {
+            const VARIANT value = array[at];
+            if (isArray(value)) result.failBecause("mixed records and values in one array.");
+            records.push_back({DispatchResult(VariantArg::dereferenced(value), result.member()).text()});
+        }
         return records;
     }
-    if (!isArray(elements.front())) {
-        records.push_back(recordFrom(elements, fields, result));
+    if (plain) {
+        records.push_back(recordFrom(array, fields.size(), result));
         return records;
     }
-    for (const auto& element : elements) {
+    for (std::size_t at = 0; at < array.size(); ++at) {
+        if (array.type() == VT_RECORD) {
+            records.push_back(recordFromStructure(array, at, fields, result));
+            continue;
+        }
+        const VARIANT element = array[at];
         if (!isArray(element)) result.failBecause("mixed records and values in one array.");
-        records.push_back(recordFrom(elementsOf(element, result), fields, result));
+        records.push_back(recordFrom(ArrayReader(element), fields.size(), result));
     }
     return records;
 }
 
-std::vector<HostRecord> recordsFromSet(RecordSet& set, const DispatchResult& result,
-                                       std::initializer_list<const char*> fields) {
-    std::vector<std::size_t> positions;
-    for (const char* name : fields) {
-        const auto position = set.fieldIndex(name);
-        if (!position)
-            result.failBecause(std::string("answered with a record set that lacks the field ") + name + ".");
-        positions.push_back(*position);
+std::vector<HostRecord> recordsFromArray(const DispatchResult& result, const FieldNames& fields) {
+    try {
+        return recordsFrom(ArrayReader(result.value().get()), fields, result);
+    } catch (const CallError& error) {
+        result.failBecause(std::string("answered with an array that ") + error.what() + ".");
     }
+}
+
+std::vector<HostRecord> recordsFromSet(RecordSet& set, const FieldNames& fields) {
+    std::vector<std::size_t> positions;
+    for (const char* name : fields)
+        positions.push_back(set.requireField(name));
     std::vector<HostRecord> records(set.count());
     for (std::size_t at = 0; at < records.size(); ++at) {
         for (const std::size_t position : positions)
@@ -123,9 +120,9 @@ Number numberOf(const std::string& text, const DispatchResult& result) {
 std::vector<HostRecord> readRecords(const DispatchResult& result, std::initializer_list<const char*> fields) {
     if (result.value().type() == VT_BSTR)
         return unpackRecords(unitsOf(result.value().get().bstrVal), fields.size());
-    if (isArray(result.value())) return recordsFromArray(result, fields.size());
+    if (isArray(result.value().get())) return recordsFromArray(result, fields);
     if (result.value().type() != VT_DISPATCH) result.failBecause("did not answer with records.");
-    return recordsFromSet(*adaptRecordSet(result.object()), result, fields);
+    return recordsFromSet(*adaptRecordSet(result.object()), fields);
 }
 
 HostRecord readRecord(const DispatchResult& result, std::initializer_list<const char*> fields) {

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstring>
 
+#include "automation/ArrayReader.h"
+#include "automation/Guard.h"
+#include "base/Error.h"
 #include "knowledge/PackedText.h"
 
 namespace pellmark {
@@ -11,42 +14,36 @@ namespace {
 
 constexpr std::size_t kKeyBytes = sizeof(Guid::bytes);
 
-std::vector<Guid> keysFromBytes(const void* bytes, std::size_t size) {
+std::vector<Guid> keysFromBytes(const void* bytes, std::size_t size, const DispatchResult& result) {
+    if (size % kKeyBytes != 0) result.failBecause("did not answer with one key per record.");
     std::vector<Guid> keys(size / kKeyBytes);
-    if (!keys.empty()) std::memcpy(keys.data(), bytes, keys.size() * kKeyBytes);
+    if (!keys.empty()) std::memcpy(keys.data(), bytes, size);
     return keys;
 }
 
 std::vector<Guid> keysFromArray(const DispatchResult& result) {
-    SAFEARRAY* array = result.value().get().parray;
-    if (array == nullptr || SafeArrayGetDim(array) != 1)
-        result.failBecause("did not answer with an array of bytes.");
-    LONG lower = 0;
-    LONG upper = -1;
-    SafeArrayGetLBound(array, 1, &lower);
-    SafeArrayGetUBound(array, 1, &upper);
-    void* bytes = nullptr;
-    if (FAILED(SafeArrayAccessData(array, &bytes))) result.failBecause("gave an array that cannot be read.");
-    auto keys = keysFromBytes(bytes, static_cast<std::size_t>(upper - lower + 1));
-    SafeArrayUnaccessData(array);
-    return keys;
+    try {
+        const ArrayReader array(result.value().get());
+        if (array.type() != VT_UI1) result.failBecause("did not answer with an array of bytes.");
+        return keysFromBytes(array.bytes().data(), array.bytes().size(), result);
+    } catch (const CallError& error) {
+        result.failBecause(std::string("answered with an array that ") + error.what() + ".");
+    }
 }
 
 }  // namespace
 
 std::size_t PagedRecordSet::count() {
-    if (!count_) {
-        const DispatchResult result = object_.call("Count");
-        const std::int32_t records = result.int32();
-        if (records < 0) result.failBecause("answered with a negative number.");
-        count_ = static_cast<std::size_t>(records);
-    }
+    const auto held = alive();
+    if (!count_) count_ = askCount();
     return *count_;
 }
 
 std::string PagedRecordSet::text(std::size_t record, std::size_t field) {
     if (record >= count() || field >= fields().size()) return {};
+    const auto held = alive();
     const Page& holding = page(record / kPageRecords);
+    if (holding.failure) std::rethrow_exception(holding.failure);
     const std::size_t row = record % kPageRecords;
     return row < holding.records.size() ? holding.records[row][field] : std::string();
 }
@@ -58,25 +55,41 @@ const PagedRecordSet::Page& PagedRecordSet::page(std::size_t number) {
         pages_.splice(pages_.begin(), pages_, kept);
         return pages_.front();
     }
-    const std::size_t first = number * kPageRecords;
-    const std::size_t records = std::min(kPageRecords, count() - first);
-    const DispatchResult result = object_.call("Page", {VariantArg(static_cast<std::int32_t>(first)),
-                                                        VariantArg(static_cast<std::int32_t>(records))});
-    if (result.value().type() != VT_BSTR) result.failBecause("did not answer with a packed text.");
-    Page fresh{number, unpackRecords(unitsOf(result.value().get().bstrVal), fields().size())};
+    if (std::find(fetching_.begin(), fetching_.end(), number) != fetching_.end()) refuseReentry();
+    fetching_.push_back(number);
+    Page fresh{number, {}, nullptr};
+    try {
+        fresh = fetch(number);
+    } catch (const Error&) {
+        fresh.failure = std::current_exception();
+    } catch (...) {
+        std::erase(fetching_, number);
+        throw;
+    }
+    std::erase(fetching_, number);
     pages_.push_front(std::move(fresh));
     if (pages_.size() > kKeptPages) pages_.pop_back();
     return pages_.front();
 }
 
+PagedRecordSet::Page PagedRecordSet::fetch(std::size_t number) {
+    const std::size_t first = number * kPageRecords;
+    const std::size_t records = std::min(kPageRecords, count() - first);
+    const DispatchResult result = object_.call("Page", {VariantArg(static_cast<std::int32_t>(first)),
+                                                        VariantArg(static_cast<std::int32_t>(records))});
+    if (result.value().type() != VT_BSTR) result.failBecause("did not answer with a packed text.");
+    return {number, unpackRecords(unitsOf(result.value().get().bstrVal), fields().size()), nullptr};
+}
+
 std::optional<std::vector<Guid>> PagedRecordSet::keys() {
+    const auto held = alive();
     if (!object_.has("Keys")) return std::nullopt;
     const DispatchResult result = object_.call("Keys");
     std::optional<std::vector<Guid>> keys;
     if (result.value().type() == VT_BSTR) {
         const BSTR bytes = result.value().get().bstrVal;
-        keys = keysFromBytes(bytes, SysStringByteLen(bytes));
-    } else if (result.value().type() == (VT_ARRAY | VT_UI1)) {
+        keys = keysFromBytes(bytes, SysStringByteLen(bytes), result);
+    } else if (isArray(result.value().get())) {
         keys = keysFromArray(result);
     } else if (result.value().type() != VT_EMPTY && result.value().type() != VT_NULL) {
         result.failBecause("did not answer with an array of bytes.");

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <utility>
 
 #include "com/adapters/ExpectError.h"
+#include "com/adapters/ForwardRecordSet.h"
 #include "com/adapters/PagedRecordSet.h"
 #include "com/adapters/ScriptedObject.h"
 #include "knowledge/PackedText.h"
@@ -127,6 +129,39 @@ TEST_F(PagedRecordSetTest, KeysThatDoNotMatchTheCountAreRefused) {
     expectError(errors::kHostInterface, "one key per record", [&] { records->keys(); });
 }
 
+TEST_F(PagedRecordSetTest, KeysMayComeAsAnArrayOfBytes) {
+    const auto bytes = [](ULONG count) {
+        VariantArg array;
+        array.get().vt = VT_ARRAY | VT_UI1;
+        array.get().parray = SafeArrayCreateVector(VT_UI1, 0, count);
+        return array;
+    };
+    script_->on(L"Keys", bytes(ULONG{5 * sizeof(Guid)}));
+    EXPECT_EQ(ofSize(5)->keys()->at(4), Guid{});
+    constexpr ULONG kWhole = 5 * sizeof(Guid);
+    for (const ULONG count : {kWhole - 1, kWhole + 1, 0UL}) {
+        script_ = ScriptedObject::make();
+        script_->on(L"Keys", bytes(count));
+        expectError(errors::kHostInterface, "one key per record", [&] { ofSize(5)->keys(); });
+    }
+}
+
+TEST_F(PagedRecordSetTest, KeysThatAreNoBytesAreRefused) {
+    script_->on(L"Keys", test::scriptArray({"key"}));
+    expectError(errors::kHostInterface, "an array of bytes", [&] { ofSize(1)->keys(); });
+}
+
+TEST_F(PagedRecordSetTest, KeysWhoseDataWasDestroyedAreRefused) {
+    script_->on(L"Keys", [](const ScriptedObject::Values&) {
+        VariantArg array;
+        array.get().vt = VT_ARRAY | VT_UI1;
+        array.get().parray = SafeArrayCreateVector(VT_UI1, 0, sizeof(Guid));
+        SafeArrayDestroyData(array.get().parray);
+        return array;
+    });
+    expectError(errors::kHostInterface, "has lost its elements", [&] { ofSize(1)->keys(); });
+}
+
 TEST_F(PagedRecordSetTest, AShortPageReadsAsEmptyCells) {
     script_->on(L"Page", VariantArg("2:id4:Bore"));
     const auto records = ofSize(2);
@@ -150,6 +185,73 @@ TEST_F(PagedRecordSetTest, ANegativeCountIsAnError) {
     script_->on(L"Count", VariantArg(-1));
     const auto records = ofSize(2);
     expectError(errors::kHostInterface, "Records.Count", [&] { records->count(); });
+}
+
+TEST_F(PagedRecordSetTest, APageThatFailedIsNotAskedForAgain) {
+    EXCEPINFO details{};
+    details.scode = static_cast<SCODE>(0x800A0000U + errors::kKnowledgeBase);
+    script_->failing(L"Page", DISP_E_EXCEPTION, details);
+    const auto records = ofSize(1000);
+    for (int paint = 0; paint < 3; ++paint) {
+        for (std::size_t row = 0; row < 40; ++row)
+            expectError(errors::kKnowledgeBase, "Records.Page", [&] { records->text(row, 1); });
+    }
+    EXPECT_EQ(script_->calls(L"Page"), 1);
+    expectError(errors::kKnowledgeBase, "Records.Page", [&] { records->text(999, 1); });
+    EXPECT_EQ(script_->calls(L"Page"), 2);
+}
+
+TEST_F(PagedRecordSetTest, APageThatCannotBeReadIsNotAskedForAgain) {
+    script_->on(L"Page", VariantArg("9:too short"));
+    const auto records = ofSize(2);
+    for (int paint = 0; paint < 3; ++paint)
+        expectError(errors::kHostInterface, "malformed", [&] { records->text(0, 0); });
+    EXPECT_EQ(script_->calls(L"Page"), 1);
+}
+
+TEST_F(PagedRecordSetTest, APageThatIsAskedForWhileTheHostGivesItIsRefusedInThere) {
+    std::shared_ptr<RecordSet> records;
+    int refused = 0;
+    script_->on(L"Page", [&](const ScriptedObject::Values&) {
+        expectError(errors::kHostInterface, "asked for again", [&] { records->text(0, 1); });
+        ++refused;
+        return VariantArg("2:id4:Bore");
+    });
+    records = ofSize(1);
+    EXPECT_EQ(records->text(0, 1), "Bore");
+    EXPECT_EQ(refused, 1);
+}
+
+TEST_F(PagedRecordSetTest, AnotherPageCanBeReadWhileTheHostGivesOne) {
+    std::shared_ptr<RecordSet> records;
+    std::string read;
+    script_->on(L"Page", [&](const ScriptedObject::Values& values) {
+        const bool first = DispatchResult(values.at(0), "").int32() == 0;
+        if (first) read = records->text(PagedRecordSet::kPageRecords, 1);
+        return VariantArg(first ? "2:id4:Bore" : "2:id4:Ream");
+    });
+    records = ofSize(1000);
+    EXPECT_EQ(records->text(0, 1), "Bore");
+    EXPECT_EQ(read, "Ream");
+}
+
+TEST_F(PagedRecordSetTest, ARecordSetThatIsLetGoOfWhileTheHostAnswersReadsToItsEnd) {
+    std::shared_ptr<RecordSet> records;
+    script_->on(L"Page", [&](const ScriptedObject::Values&) {
+        records = nullptr;
+        return VariantArg("2:id4:Bore");
+    });
+    records = ofSize(1);
+    RecordSet* const bare = records.get();
+    EXPECT_EQ(bare->text(0, 1), "Bore");
+    EXPECT_EQ(script_->references(), 1U);
+}
+
+TEST_F(PagedRecordSetTest, AFieldThatIsMissingIsAnErrorWithItsNameAndThatOfTheMember) {
+    const auto records = ofSize(1);
+    EXPECT_EQ(records->requireField("_name"), 1U);
+    expectError(errors::kHostInterface, "Records lacks the field _Unit",
+                [&] { records->requireField("_Unit"); });
 }
 
 /// The same as a script writes it: a cursor over rows of values.
@@ -213,6 +315,81 @@ TEST_F(ForwardRecordSetTest, AnEmptyRecordSetHasNoRecords) {
     const auto records = of({});
     EXPECT_EQ(records->count(), 0U);
     EXPECT_EQ(records->text(0, 0), "");
+}
+
+TEST_F(ForwardRecordSetTest, FromInsideTheHostOnlyWhatIsKnownCanBeRead) {
+    std::shared_ptr<RecordSet> records;
+    int refused = 0;
+    for (const wchar_t* member : {L"EOF", L"Field", L"MoveNext"}) {
+        script_ = ScriptedObject::make();
+        cursor_ = 0;
+        of({{"a", 70}, {"b", 71}, {"c", 72}});
+        const ComPtr<ScriptedObject> plain = script_;
+        script_ = ScriptedObject::make();
+        for (const wchar_t* each : {L"Fields", L"EOF", L"Field", L"MoveNext"}) {
+            script_->on(each, [&, each](const ScriptedObject::Values& values) {
+                if (records && cursor_ == 1 && std::wstring(each) == member) {
+                    EXPECT_EQ(records->text(0, 0), "a");
+                    expectError(errors::kHostInterface, "asked for again", [&] { records->text(2, 0); });
+                    expectError(errors::kHostInterface, "asked for again", [&] { records->count(); });
+                    ++refused;
+                }
+                DispatchObject inner(test::dispatchOf(plain), "plain");
+                const auto answer = values.empty() ? inner.call(utf8FromWide(each))
+                                                   : inner.call(utf8FromWide(each), {values[0]});
+                return answer.value();
+            });
+        }
+        records = adaptRecordSet(DispatchObject(test::dispatchOf(script_), "Records"));
+        EXPECT_EQ(records->count(), 3U);
+        EXPECT_EQ(records->text(1, 0), "b");
+        EXPECT_EQ(records->text(2, 1), "72");
+        records = nullptr;
+    }
+    EXPECT_GE(refused, 3);
+}
+
+TEST_F(ForwardRecordSetTest, ARecordSetThatIsLetGoOfWhileTheHostAnswersReadsToItsEnd) {
+    std::shared_ptr<RecordSet> records = of({{"a", 70}, {"b", 71}});
+    script_->on(L"Count", [&](const ScriptedObject::Values&) {
+        records = nullptr;
+        return VariantArg(2);
+    });
+    RecordSet* const bare = records.get();
+    EXPECT_EQ(bare->count(), 2U);
+    EXPECT_EQ(script_->references(), 1U);
+}
+
+TEST_F(ForwardRecordSetTest, AMoveThatFailsCostsNoRecordAndGivesNoneTwice) {
+    bool fails = true;
+    script_->on(L"MoveNext", [&](const ScriptedObject::Values&) {
+        if (std::exchange(fails, false)) throw Error(errors::kKnowledgeBase, "Records", "the line is down");
+        ++cursor_;
+        return VariantArg();
+    });
+    const auto records = of({{"a", 70}, {"b", 71}});
+    expectError(errors::kKnowledgeBase, "the line is down", [&] { records->count(); });
+    EXPECT_EQ(records->count(), 2U);
+    EXPECT_EQ(records->text(1, 0), "b");
+}
+
+TEST_F(ForwardRecordSetTest, AHostWhoseRecordsNeverEndIsAnErrorThatSaysSo) {
+    auto endless = ScriptedObject::make();
+    endless->on(L"Fields", VariantArg("_Id"))
+        .on(L"EOF", VariantArg(false))
+        .on(L"MoveNext", VariantArg())
+        .on(L"Field", VariantArg("again"));
+    ForwardRecordSet records(DispatchObject(test::dispatchOf(endless), "Records"), 100);
+    expectError(errors::kHostInterface, "Records did not end after 100 records", [&] { records.count(); });
+    EXPECT_EQ(endless->calls(L"MoveNext"), 100);
+    EXPECT_EQ(records.text(99, 0), "again");
+    expectError(errors::kHostInterface, "did not end", [&] { records.text(100, 0); });
+}
+
+TEST_F(ForwardRecordSetTest, AsManyRecordsAsThereMayBeAreRead) {
+    of({{"a", 70}, {"b", 71}});
+    ForwardRecordSet records(DispatchObject(test::dispatchOf(script_), "Records"), 2);
+    EXPECT_EQ(records.count(), 2U);
 }
 
 TEST_F(ForwardRecordSetTest, AnObjectThatIsNoRecordSetIsAnError) {

@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include "Pellmark.h"
+#include "automation/Module.h"
+#include "base/Error.h"
 #include "com/adapters/ExpectError.h"
 #include "com/adapters/ScriptedObject.h"
 
 namespace pellmark {
 namespace {
+
+constexpr GUID kNodeRecord{0x99bb9e4d, 0x893c, 0x4178, {0xbd, 0x2b, 0xe0, 0xab, 0xce, 0x16, 0x67, 0x69}};
 
 using test::expectError;
 using test::objectValue;
@@ -130,6 +135,117 @@ TEST_F(KnowledgeBaseAdapterTest, FoundProcessesMayComeAsAnArrayOfArrays) {
     ASSERT_EQ(nodes.size(), 2U);
     EXPECT_EQ(nodes[0], (pNode{"p", "c", "Bore", 70, "r", "d", true}));
     EXPECT_FALSE(nodes[1].ExactMatch);
+}
+
+/// Processes found as an array of the component's own record, as a host with the type library makes it. Made
+/// anew for each answer: copying such an array is not safe under every version of Wine.
+VariantArg arrayOfNodes(const std::vector<pNode>& nodes) {
+    const std::wstring program = module::pathOf(nullptr);
+    const std::wstring library = program.substr(0, program.find_last_of(L'\\') + 1) + L"Pellmark.dll";
+    ComPtr<ITypeLib> types;
+    ComPtr<ITypeInfo> type;
+    ComPtr<IRecordInfo> description;
+    if (FAILED(LoadTypeLibEx(library.c_str(), REGKIND_NONE, types.receive())) ||
+        FAILED(types->GetTypeInfoOfGuid(kNodeRecord, type.receive())) ||
+        FAILED(GetRecordInfoFromTypeInfo(type.get(), description.receive()))) {
+        throw std::runtime_error("the record is not described");
+    }
+    VariantArg array;
+    array.get().parray =
+        SafeArrayCreateVectorEx(VT_RECORD, 0, static_cast<ULONG>(nodes.size()), description.get());
+    array.get().vt = VT_ARRAY | VT_RECORD;
+    auto* record = static_cast<::pNode*>(array.get().parray->pvData);
+    for (const pNode& node : nodes) {
+        *record++ = {Bstr(node.id).release(),
+                     Bstr(node.FeatureCaseId).release(),
+                     Bstr(node.Name).release(),
+                     node.unit,
+                     Bstr(node.Rule).release(),
+                     Bstr(node.Description).release(),
+                     node.ExactMatch ? VARIANT_TRUE : VARIANT_FALSE};
+    }
+    return array;
+}
+
+TEST_F(KnowledgeBaseAdapterTest, FoundProcessesMayComeAsAnArrayOfTheComponentsRecord) {
+    const std::vector<pNode> nodes{{"p", "c", "Bohren \xC3\x98 8", 70, "r", "d", true},
+                                   {"q", "c", "Ream", 71, "", "", false}};
+    cases_->on(L"ProcessesOfValues", [&](const ScriptedObject::Values&) { return arrayOfNodes(nodes); });
+    EXPECT_EQ(adapter_.featureCaseStore().processesOfValues({}, 0), nodes);
+}
+
+TEST_F(KnowledgeBaseAdapterTest, NoFoundProcessesMayComeAsAnEmptyArrayOfThatRecord) {
+    cases_->on(L"ProcessesOfValues", [](const ScriptedObject::Values&) { return arrayOfNodes({}); });
+    EXPECT_TRUE(adapter_.featureCaseStore().processesOfValues({}, 0).empty());
+}
+
+TEST_F(KnowledgeBaseAdapterTest, ARecordOfAnotherKindIsAnErrorThatNamesTheMember) {
+    processes_->on(L"Process", [](const ScriptedObject::Values&) { return arrayOfNodes({pNode{}}); });
+    expectError(errors::kHostInterface, "ProcessStore.Process answered with an array that has structures of",
+                [&] { adapter_.processStore().process("{1}"); });
+}
+
+/// The member's answer is an array that a host destroyed half.
+class SpoiledArrayTest : public KnowledgeBaseAdapterTest {
+  protected:
+    static VariantArg spoiled(VariantArg array) {
+        SafeArrayDestroyData(array.get().parray);
+        return array;
+    }
+    // answered shallow, since no copy can be made of it
+    void answer(const VARIANT& value) {
+        cases_->on(L"ProcessesOfValues", [value](const ScriptedObject::Values&) {
+            VARIANT shallow = value;
+            return VariantArg::adopt(shallow);
+        });
+    }
+    void expectRefused(const char* why) {
+        expectError(errors::kHostInterface, why,
+                    [&] { adapter_.featureCaseStore().processesOfValues({}, 0); });
+    }
+};
+
+TEST_F(SpoiledArrayTest, ItIsAnErrorThatNamesTheMember) {
+    answer(spoiled(scriptArray({"a"})).release());
+    expectRefused("FeatureCaseStore.ProcessesOfValues answered with an array that has lost its elements");
+}
+
+TEST_F(SpoiledArrayTest, ItIsAnErrorOfStructures) {
+    answer(spoiled(arrayOfNodes({pNode{}})).release());
+    expectRefused("has lost its elements");
+}
+
+TEST_F(SpoiledArrayTest, ItIsAnErrorInsideAnotherArray) {
+    VariantArg outer = scriptArray({VariantArg()});
+    static_cast<VARIANT*>(outer.get().parray->pvData)[0] = spoiled(scriptArray({"a"})).release();
+    answer(outer.release());
+    expectRefused("has lost its elements");
+}
+
+TEST_F(SpoiledArrayTest, ItIsAnErrorByReference) {
+    VariantArg array = spoiled(scriptArray({"a"}));
+    VARIANT reference{};
+    reference.vt = VT_BYREF | VT_ARRAY | VT_VARIANT;
+    reference.pparray = &array.get().parray;
+    answer(reference);
+    expectRefused("has lost its elements");
+}
+
+TEST_F(SpoiledArrayTest, ItIsAnErrorInsideAnArrayThatIsAReference) {
+    VariantArg outer = scriptArray({VariantArg()});
+    static_cast<VARIANT*>(outer.get().parray->pvData)[0] = spoiled(scriptArray({"a"})).release();
+    VARIANT reference{};
+    reference.vt = VT_BYREF | VT_ARRAY | VT_VARIANT;
+    reference.pparray = &outer.get().parray;
+    answer(reference);
+    EXPECT_THROW(adapter_.featureCaseStore().processesOfValues({}, 0), Error);
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AnArrayAtTheGreatestIndexIsReadToItsEnd) {
+    VariantArg array = scriptArray({scriptArray({"p", "c", "Bore", 70, "r", "d", true})});
+    array.get().parray->rgsabound[0].lLbound = 0x7FFFFFFF;
+    cases_->on(L"ProcessesOfValues", array);
+    EXPECT_EQ(adapter_.featureCaseStore().processesOfValues({}, 0).size(), 1U);
 }
 
 TEST_F(KnowledgeBaseAdapterTest, AnEmptyArrayIsNoProcesses) {
