@@ -57,15 +57,21 @@ EditorRow OperationEditor::row(std::size_t index) const {
     const Definition& definition = *parameter.definition;
     const bool isShown = definition.kind == kKindShown;
     const std::string value = textOf(definition.code);
-    EditorRow row{definition.caption,
+    EditorRow row{captionOf(definition),
                   value,
                   unitText(definition.quantity, operation_.unit()),
                   {},
                   !isShown,
                   definition.quantity == Quantity::Choice};
-    if (definition.code == code::kOperationName) row.caption = "Operation name";
     if (!value.empty()) row.source = isShown ? originText(Origin::Formula) : originText(parameter.origin);
     return row;
+}
+
+/// On the lathe it is the part that turns, and its diameter that counts.
+std::string OperationEditor::captionOf(const Definition& definition) const {
+    const bool isPart = (operation_.cycle().family & ~static_cast<std::uint32_t>(kOnTheLathe)) == 0;
+    if (definition.code == code::kToolDiameter && isPart) return "Part diameter";
+    return definition.code == code::kOperationName ? "Operation name" : definition.caption;
 }
 
 /// The name is the one under which the step is known; the parameter may still have an older one.
@@ -78,8 +84,7 @@ std::string OperationEditor::setText(std::size_t index, const std::string& typed
     std::string text = trimmed(typed);
     if (!definition.isText()) text = withPoint(text);
     if (text == textOf(definition.code)) return {};
-    if (definition.kind == kKindShown)
-        return std::string(definition.caption) + " follows from the other values.";
+    if (std::string reason = lockOf(index); !reason.empty()) return reason;
     if (std::string reason = reasonAgainst(definition, text); !reason.empty()) return reason;
     double figure = 0;
     Variant value = text;
@@ -92,6 +97,12 @@ std::string OperationEditor::setText(std::size_t index, const std::string& typed
     if (definition.code == code::kOperationName) operation_.setName(text);
     refreshShown();
     return {};
+}
+
+std::string OperationEditor::lockOf(std::size_t index) const {
+    const Definition& definition = *parameterAt(index).definition;
+    if (definition.kind != kKindShown) return {};
+    return captionOf(definition) + " follows from the other values.";
 }
 
 std::string OperationEditor::takeFromTable(char materialClass) {
@@ -144,19 +155,19 @@ std::string OperationEditor::reasonAgainst(const Definition& definition, const s
     if (text.empty()) return {};
     if (!definition.isText()) return reasonAgainstFigure(definition, text);
     if (pellmark::utf16Length(text) > pellmark::limit::kName) {
-        return std::string(definition.caption) + " may have " + std::to_string(pellmark::limit::kName) +
+        return captionOf(definition) + " may have " + std::to_string(pellmark::limit::kName) +
                " characters at most.";
     }
     const auto list = choices();
     const bool isOffered = std::find(list.begin(), list.end(), text) != list.end();
     if (definition.quantity == Quantity::Choice && !isOffered)
-        return std::string(definition.caption) + " is one of " + listOfChoices() + ".";
+        return captionOf(definition) + " is one of " + listOfChoices() + ".";
     return {};
 }
 
 std::string OperationEditor::reasonAgainstFigure(const Definition& definition,
                                                  const std::string& text) const {
-    const std::string caption = definition.caption;
+    const std::string caption = captionOf(definition);
     double figure = 0;
     if (!readNumber(text, figure)) return caption + " must be a number; \"" + text + "\" is none.";
     const bool isWhole = std::floor(figure) == figure;

@@ -31,6 +31,8 @@ class OperationEditor {
     std::size_t count() const { return shown_.size(); }
     EditorRow row(std::size_t index) const;
 
+    /// Why nobody types into that row; "" where people may.
+    std::string lockOf(std::size_t index) const;
     /// Puts what a person typed into a row. Returns why it is impossible; "" when it was done. The row then
     /// keeps what it had.
     std::string setText(std::size_t index, const std::string& typed);
@@ -54,6 +56,7 @@ class OperationEditor {
 
   private:
     const Parameter& parameterAt(std::size_t index) const;
+    std::string captionOf(const Definition& definition) const;
     std::string textOf(std::int32_t code) const;
     std::string reasonAgainst(const Definition& definition, const std::string& text) const;
     std::string reasonAgainstFigure(const Definition& definition, const std::string& text) const;

@@ -82,6 +82,14 @@ TEST_F(OperationEditorTest, AnEmptyCellTakesTheValueAway) {
     EXPECT_EQ(source("Point angle"), "");
 }
 
+TEST_F(OperationEditorTest, OnTheLatheTheDiameterIsThePartsAndTheSpindleFollowsIt) {
+    editor = of(4302);
+    EXPECT_EQ(value("Part diameter"), "50");
+    EXPECT_EQ(type("Part diameter", "0"), "Part diameter must be more than 0 and at most 500 mm.");
+    EXPECT_EQ(editor.computeSpindleSpeed(), "");
+    EXPECT_EQ(value("Spindle speed"), "1020");  // 160000 / (pi * 50)
+}
+
 TEST_F(OperationEditorTest, TheNameIsTheOperationsName) {
     EXPECT_EQ(value("Operation name"), "Drilling");
     EXPECT_EQ(type("Operation name", "Drill 6.8"), "");
