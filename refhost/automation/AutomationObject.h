@@ -21,6 +21,8 @@ class Arguments {
     std::string text(std::size_t position) const;
     std::int16_t int16(std::size_t position) const;
     std::int32_t int32(std::size_t position) const;
+    /// As it came, for what the other readers do not take.
+    const VARIANT& value(std::size_t position) const { return at(position); }
     std::vector<std::string> texts(std::size_t position) const;
     /// The units of a text argument, which must be one.
     std::u16string packedText(std::size_t position) const;

@@ -8,6 +8,7 @@
 #include "refhost/automation/Identifiers.h"
 #include "refhost/automation/KnowledgeBaseServiceObject.h"
 #include "refhost/automation/Registration.h"
+#include "refhost/automation/TechnologyServiceObject.h"
 #include "refhost/automation/TextServiceObjects.h"
 
 namespace {
@@ -19,6 +20,7 @@ ClassFactory::Make makerOf(REFCLSID classId) {
     if (classId == kKnowledgeBaseServiceClass) return &makeObject<KnowledgeBaseServiceObject>;
     if (classId == kTranslationServiceClass) return &makeObject<TranslationServiceObject>;
     if (classId == kLanguageConverterClass) return &makeObject<LanguageConverterObject>;
+    if (classId == kTechnologyServiceClass) return &makeObject<TechnologyServiceObject>;
     return nullptr;
 }
 

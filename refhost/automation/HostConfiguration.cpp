@@ -16,6 +16,7 @@ constexpr const wchar_t* kKnowledgeBase = L"NORVEX_KNOWLEDGE_BASE";
 constexpr const wchar_t* kUser = L"NORVEX_USER";
 constexpr const wchar_t* kLanguage = L"NORVEX_LANGUAGE";
 constexpr const wchar_t* kUnit = L"NORVEX_UNIT";
+constexpr const wchar_t* kProcessFolder = L"NORVEX_PROCESS_FOLDER";
 constexpr const wchar_t* kConfigKey = L"Software\\Orvane\\Norvex\\Config";
 
 std::string environment(const wchar_t* name) {
@@ -103,6 +104,21 @@ void setCurrentUnit(std::int16_t unit) {
 std::string installationFolder() {
     const std::wstring path = pellmark::module::path();
     return pellmark::utf8FromWide(path.substr(0, path.find_last_of(L'\\') + 1));
+}
+
+std::string processFolder() {
+    std::string folder = environment(kProcessFolder);
+    if (folder.empty()) folder = environment(L"USERPROFILE") + "\\Documents\\Norvex";
+    if (folder.ends_with('\\')) folder.pop_back();
+    makeFolderOf(folder + "\\");
+    return folder;
+}
+
+void makeFolderOf(const std::string& path) {
+    std::wstring folder = pellmark::wideFromUtf8(path);
+    for (std::size_t at = folder.find(L'\\'); at != std::wstring::npos; at = folder.find(L'\\', at + 1)) {
+        CreateDirectoryW(folder.substr(0, at).c_str(), nullptr);
+    }
 }
 
 }  // namespace norvex::configuration

@@ -24,6 +24,14 @@ void setLanguageCode(std::int16_t code);
 std::int16_t currentUnit();
 void setCurrentUnit(std::int16_t unit);
 
+/// Where people keep process files, without a trailing "\": %NORVEX_PROCESS_FOLDER%, else Documents\Norvex of
+/// the user. It is made when it is missing.
+std::string processFolder();
+
+/// Makes the folders above a file that are missing. What cannot be made is reported by the opening of the
+/// file, which names it.
+void makeFolderOf(const std::string& path);
+
 /// The folder of this library, with its trailing "\".
 std::string installationFolder();
 

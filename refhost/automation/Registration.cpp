@@ -13,6 +13,7 @@ const CreatableClass kClasses[kCreatableClasses] = {
     {kKnowledgeBaseServiceClass, L"Norvex.KnowledgeBaseService", L"Norvex machining knowledge base"},
     {kTranslationServiceClass, L"Norvex.TranslationService", L"Norvex texts in the language of the user"},
     {kLanguageConverterClass, L"Norvex.LanguageConverter", L"Norvex language codes and Windows locales"},
+    {kTechnologyServiceClass, L"Norvex.TechnologyService", L"Norvex technology of process steps"},
 };
 
 namespace {

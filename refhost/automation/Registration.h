@@ -11,7 +11,7 @@ struct CreatableClass {
     const wchar_t* description;
 };
 
-inline constexpr std::size_t kCreatableClasses = 4;
+inline constexpr std::size_t kCreatableClasses = 5;
 extern const CreatableClass kClasses[kCreatableClasses];
 
 /// Writes the classes and the type library below Software\Classes of the hive, for the DLL that this code is

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "refhost/store/CuttingData.h"
 #include "refhost/store/FileCheck.h"
 #include "refhost/store/Schema.h"
 #include "refhost/store/SeedData.h"
@@ -41,6 +42,8 @@ void KnowledgeBase::prepare() {
     const int version = schemaVersion(connection_);
     migrate(connection_, migrations());
     if (version == 0 && options_.seed) writeSeedData(shared_from_this());
+    // The table of speeds and feeds came with the second version.
+    if (version == 1) writeCuttingData(connection_);
     change.commit();
 }
 

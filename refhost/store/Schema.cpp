@@ -146,10 +146,22 @@ CREATE TABLE user_account (
 ) WITHOUT ROWID;
 )sql";
 
-/// Where the technology of a step comes from (pellmark::TechnologySource); null for what earlier versions and
-/// other tools have stored.
 constexpr const char* kVersion2 = R"sql(
+-- Where the technology of the step comes from (pellmark::TechnologySource); null for what earlier versions and
+-- other tools have stored.
 ALTER TABLE process_step ADD COLUMN source INTEGER;
+
+-- Starting values for speeds and feeds, metric. The feed is per tooth or per revolution, as the work has it.
+CREATE TABLE cutting_data (
+    row INTEGER PRIMARY KEY,
+    material_class TEXT NOT NULL,
+    material TEXT NOT NULL,
+    work TEXT NOT NULL,
+    speed REAL NOT NULL,
+    feed REAL NOT NULL,
+    feed_of_diameter INTEGER NOT NULL,
+    UNIQUE (material_class, work)
+);
 )sql";
 
 constexpr std::array kMigrations{

@@ -1,5 +1,6 @@
 #include "refhost/store/SeedData.h"
 
+#include "refhost/store/CuttingData.h"
 #include "refhost/store/ModelWriter.h"
 #include "refhost/store/SeedModel.h"
 #include "refhost/store/SeedProcesses.h"
@@ -13,6 +14,7 @@ void writeSeedData(const std::shared_ptr<KnowledgeBase>& base) {
     accounts.addUser("Programmer", true, true, false);
     accounts.addUser("Operator", false, false, false);
 
+    writeCuttingData(base->connection());
     const seed::SeedModel model(base->connection());
     SqliteKnowledgeBaseService service(base);
     seed::SeedProcesses(service, model).write();

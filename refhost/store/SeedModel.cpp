@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "knowledge/Records.h"
 #include "refhost/store/SeedTables.h"
+#include "refhost/technology/Cycles.h"
 
 namespace norvex::seed {
 

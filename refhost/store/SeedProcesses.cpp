@@ -8,11 +8,13 @@
 #include "knowledge/Records.h"
 #include "refhost/store/ModelWriter.h"
 #include "refhost/store/SeedTables.h"
-#include "refhost/store/TechnologyCodes.h"
+#include "refhost/technology/Codes.h"
+#include "refhost/technology/Cycles.h"
 
 namespace norvex::seed {
 
 using pellmark::FeatureCaseDescription;
+using pellmark::TechnologySource;
 
 struct Units {
     std::int16_t code;
@@ -85,8 +87,18 @@ Tool carbide(const std::string& description, double diameter, int teeth = 0) {
 
 Step spotDrill(const Units& units, double speed) {
     const double diameter = units.spotDrill;
-    return {"Spot drill", cycle::kSpotDrilling, carbide("NC spot drill 90 deg", diameter),
-            speed * 0.6,  diameter * 0.012,     {{code::kToolPointAngle, "90"}}};
+    return {"Spot drill",
+            cycle::kSpotDrilling,
+            carbide("NC spot drill 90 deg", diameter),
+            speed * 0.6,
+            diameter * 0.012,
+            {{code::kToolPointAngle, "90"}},
+            TechnologySource::DbDefaults};
+}
+
+Step from(TechnologySource source, Step step) {
+    step.source = source;
+    return step;
 }
 
 }  // namespace
@@ -117,19 +129,22 @@ void SeedProcesses::writeThreads(const Units& units) {
              carbide("Tapping drill " + drill, thread.tappingDrill),
              drillSpeed,
              thread.tappingDrill * 0.018,
-             {{code::kToolPointAngle, "140"}}},
+             {{code::kToolPointAngle, "140"}},
+             TechnologySource::SfdbCalculated},
             {"Chamfer",
              cycle::kCountersinking,
              {"Countersink 90 deg", "HSS-E", thread.diameter * 1.5, 3},
              25 * units.speedFactor,
              thread.diameter * 0.005,
-             {{code::kToolPointAngle, "90"}}},
+             {{code::kToolPointAngle, "90"}},
+             TechnologySource::User},
             {"Tap " + size,
              cycle::kTapping,
              {"Machine tap " + size, "HSS-E TiN", thread.diameter, 0},
              12 * units.speedFactor,
              thread.pitch,
-             {{code::kThreadPitch, decimal(thread.pitch, 4)}}},
+             {{code::kThreadPitch, decimal(thread.pitch, 4)}},
+             TechnologySource::CalcoraComputed},
         };
         const std::string id = add(
             units, "Tap " + size, "Thread = \"" + size + "\" and Depth <= " + decimal(2 * thread.diameter, 3),
@@ -192,6 +207,32 @@ void SeedProcesses::writeHoles(const Units& units) {
         "Bearing seats. Bore in one pass without stopping; measure before the last cut.", {rough, bore},
         "PK");
     attach(bored, units, units.holeType, {large.name, value::kBored});
+    writeBearingSeat(units, rough, bore);
+}
+
+void SeedProcesses::writeBearingSeat(const Units& units, const Step& rough, const Step& bore) {
+    const SizeRange& large = units.ranges.back();
+    const Step chamfer{"Chamfer",
+                       cycle::kCountersinking,
+                       {"Countersink 90 deg", "HSS-E", large.tool * 1.5, 3},
+                       25 * units.speedFactor,
+                       large.tool * 0.005,
+                       {{code::kToolPointAngle, "90"}}};
+    Step deepen = from(TechnologySource::SfdbCalculated, rough);
+    deepen.name = "Drill";
+    Step open = from(TechnologySource::DbStep, bore);
+    open.name = "Bore, rough";
+    Step size = from(TechnologySource::CalcoraComputed, bore);
+    Step check = from(TechnologySource::File, bore);
+    check.name = "Bore, spring pass";
+    const std::string id =
+        add(units, "Bearing seat H6 " + std::string(large.name),
+            rangeRule("Diameter", large) + " and Tolerance = \"H6\" and Depth <= " + decimal(large.to * 2, 3),
+            "A seat in one set-up: spot, drill, bore twice, spring pass and chamfer.",
+            {spotDrill(units, 80 * units.speedFactor), deepen, open, size, check,
+             from(TechnologySource::User, chamfer)},
+            "PK");
+    attach(id, units, units.holeType, {large.name, value::kBored});
 }
 
 void SeedProcesses::writeSlots(const Units& units) {
@@ -328,6 +369,7 @@ void SeedProcesses::addStep(const Units& units, const std::string& processId, st
           decimal(step.feed, units.places + 1));
     for (const auto& [clCode, text] : step.more)
         value(clCode, text);
+    service_.stepStore().setTechnologySource(id, step.source);
 }
 
 void SeedProcesses::attach(const std::string& processId, const Units& units,

@@ -25,6 +25,7 @@ struct Step {
     double speed = 0;
     double feed = 0;  ///< per tooth for tools with teeth, per revolution otherwise
     std::vector<std::pair<std::int32_t, std::string>> more;
+    pellmark::TechnologySource source = pellmark::TechnologySource::DbStep;
 };
 
 /// One unit system: the names and figures in which the two sets of processes differ.
@@ -39,6 +40,8 @@ class SeedProcesses {
   private:
     void writeThreads(const Units& units);
     void writeHoles(const Units& units);
+    /// Its steps come from everywhere that steps come from.
+    void writeBearingSeat(const Units& units, const Step& rough, const Step& bore);
     void writeSlots(const Units& units);
     void writePockets(const Units& units);
     void writeFaces(const Units& units);

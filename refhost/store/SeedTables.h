@@ -41,16 +41,19 @@ struct CuttingData {
     double faceSpeed;      ///< indexable face mill
     double faceFeed;       ///< per tooth
     double reamSpeed;      ///< solid carbide reamer
+    double tapSpeed;       ///< coated high-speed steel
+    double turnSpeed;      ///< indexable insert
+    double turnFeed;       ///< per revolution
     const char* coolant;
 };
 
 inline constexpr std::array kCuttingData{
-    CuttingData{'P', "steel", 90, 0.020, 160, 0.0060, 220, 0.20, 20, "emulsion"},
-    CuttingData{'M', "stainless steel", 50, 0.015, 90, 0.0050, 140, 0.18, 12, "emulsion"},
-    CuttingData{'K', "cast iron", 100, 0.025, 140, 0.0070, 200, 0.25, 20, "dry"},
-    CuttingData{'N', "aluminium", 220, 0.030, 400, 0.0080, 800, 0.20, 40, "emulsion"},
-    CuttingData{'S', "titanium", 30, 0.012, 50, 0.0045, 45, 0.12, 8, "high pressure"},
-    CuttingData{'H', "hardened steel", 30, 0.010, 80, 0.0040, 110, 0.10, 8, "air"},
+    CuttingData{'P', "steel", 90, 0.020, 160, 0.0060, 220, 0.20, 20, 12, 220, 0.25, "emulsion"},
+    CuttingData{'M', "stainless steel", 50, 0.015, 90, 0.0050, 140, 0.18, 12, 8, 150, 0.20, "emulsion"},
+    CuttingData{'K', "cast iron", 100, 0.025, 140, 0.0070, 200, 0.25, 20, 15, 200, 0.30, "dry"},
+    CuttingData{'N', "aluminium", 220, 0.030, 400, 0.0080, 800, 0.20, 40, 20, 500, 0.25, "emulsion"},
+    CuttingData{'S', "titanium", 30, 0.012, 50, 0.0045, 45, 0.12, 8, 4, 45, 0.15, "high pressure"},
+    CuttingData{'H', "hardened steel", 30, 0.010, 80, 0.0040, 110, 0.10, 8, 3, 100, 0.10, "air"},
 };
 
 struct Thread {
@@ -95,52 +98,6 @@ inline constexpr std::array kInchRanges{
     SizeRange{"1/8 - 1/4 in", 0.125, 0.25, 0.1875},
     SizeRange{"1/4 - 1/2 in", 0.25, 0.5, 0.375},
     SizeRange{"1/2 - 1 in", 0.5, 1, 0.625},
-};
-
-struct CuttingCycle {
-    std::int16_t id;
-    const char* name;
-    int type;
-};
-
-namespace cycle {
-inline constexpr std::int16_t kFaceMilling = 401;
-inline constexpr std::int16_t kPocketRoughing = 402;
-inline constexpr std::int16_t kWallFinishing = 403;
-inline constexpr std::int16_t kFloorFinishing = 404;
-inline constexpr std::int16_t kSlotMilling = 405;
-inline constexpr std::int16_t kSpotDrilling = 601;
-inline constexpr std::int16_t kDrilling = 602;
-inline constexpr std::int16_t kPeckDrilling = 603;
-inline constexpr std::int16_t kCountersinking = 604;
-inline constexpr std::int16_t kTapping = 801;
-inline constexpr std::int16_t kReaming = 802;
-inline constexpr std::int16_t kBoring = 803;
-}  // namespace cycle
-
-/// By type: 4 milling, 6 drilling, 8 hole finishing, 43 turning, 45 grooving, 49 parting, 50 threading on the
-/// lathe, 101 probing, 104 deburring.
-inline constexpr std::array kCuttingCycles{
-    CuttingCycle{cycle::kFaceMilling, "Face milling", 4},
-    CuttingCycle{cycle::kPocketRoughing, "Pocket roughing", 4},
-    CuttingCycle{cycle::kWallFinishing, "Wall finishing", 4},
-    CuttingCycle{cycle::kFloorFinishing, "Floor finishing", 4},
-    CuttingCycle{cycle::kSlotMilling, "Slot milling", 4},
-    CuttingCycle{cycle::kSpotDrilling, "Spot drilling", 6},
-    CuttingCycle{cycle::kDrilling, "Drilling", 6},
-    CuttingCycle{cycle::kPeckDrilling, "Peck drilling", 6},
-    CuttingCycle{cycle::kCountersinking, "Countersinking", 6},
-    CuttingCycle{cycle::kTapping, "Tapping", 8},
-    CuttingCycle{cycle::kReaming, "Reaming", 8},
-    CuttingCycle{cycle::kBoring, "Boring", 8},
-    CuttingCycle{4301, "Face turning", 43},
-    CuttingCycle{4302, "Rough turning", 43},
-    CuttingCycle{4303, "Finish turning", 43},
-    CuttingCycle{4501, "Grooving", 45},
-    CuttingCycle{4901, "Parting off", 49},
-    CuttingCycle{5001, "Thread turning", 50},
-    CuttingCycle{10101, "Probing a bore", 101},
-    CuttingCycle{10401, "Deburring", 104},
 };
 
 }  // namespace norvex::seed

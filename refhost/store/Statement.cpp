@@ -25,6 +25,11 @@ Statement& Statement::bind(std::int64_t value) {
     return *this;
 }
 
+Statement& Statement::bind(double value) {
+    check(sqlite3_bind_double(statement_, next_++, value));
+    return *this;
+}
+
 Statement& Statement::bind(std::string_view text) {
     // A null pointer would bind NULL, and an empty view may have one.
     check(sqlite3_bind_text64(statement_, next_++, text.empty() ? "" : text.data(), text.size(),
@@ -71,6 +76,10 @@ bool Statement::isNull(int column) const {
 
 std::int64_t Statement::integer(int column) const {
     return sqlite3_column_int64(statement_, column);
+}
+
+double Statement::real(int column) const {
+    return sqlite3_column_double(statement_, column);
 }
 
 std::string_view Statement::view(int column) const {

@@ -24,6 +24,7 @@ class Statement {
 
     /// Parameters in their order. Bound views must live until reset() or the end of the scope.
     Statement& bind(std::int64_t value);
+    Statement& bind(double value);
     Statement& bind(std::string_view text);
     Statement& bind(const pellmark::Guid& id);
     Statement& bindNull();
@@ -39,6 +40,7 @@ class Statement {
 
     bool isNull(int column) const;
     std::int64_t integer(int column) const;
+    double real(int column) const;
     /// Whatever the column holds as UTF-8 text; null is "". Valid until the next step.
     std::string_view view(int column) const;
     std::string text(int column) const { return std::string(view(column)); }

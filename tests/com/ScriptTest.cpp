@@ -143,6 +143,18 @@ TEST_F(ScriptTest, TheProcessThatIsSelectedWhenTheUserConfirmsIsTheScriptsResult
     EXPECT_TRUE(says(result, "Picked: {"));
 }
 
+TEST_F(ScriptTest, AClassOfAScriptOffersTheTechnologyService) {
+    const ChildResult result = run(L"vbscript\\technology.vbs");
+    EXPECT_TRUE(says(result, "Taken over: True\n"));
+    EXPECT_TRUE(says(result, "Finished: True\n"));
+    EXPECT_TRUE(says(result, "Written: True\n"));
+    EXPECT_TRUE(says(result, "Operations: 2\n"));
+    EXPECT_TRUE(says(result, "Drill 6.5 in cycle 602\n"));
+    EXPECT_TRUE(says(result, "  1101 = 95\n"));
+    EXPECT_TRUE(says(result, "  1301 = emulsion\n"));
+    EXPECT_TRUE(says(result, "Stored with a step: Drill 6.5\n"));
+}
+
 TEST_F(ScriptTest, AnArrayOfJScriptIsTakenForTheValues) {
     const ChildResult result = run(L"jscript\\case.js");
     EXPECT_TRUE(says(result, "Shown for one value of feature type {"));

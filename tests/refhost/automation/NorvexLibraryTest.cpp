@@ -24,7 +24,8 @@ class NorvexLibraryTest : public testing::Test {
     }
 
     static constexpr const char* kProgIds[] = {"Norvex.Application", "Norvex.KnowledgeBaseService",
-                                               "Norvex.TranslationService", "Norvex.LanguageConverter"};
+                                               "Norvex.TranslationService", "Norvex.LanguageConverter",
+                                               "Norvex.TechnologyService"};
 
     NorvexLibrary library_;
 };

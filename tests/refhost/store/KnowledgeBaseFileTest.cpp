@@ -1,9 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <filesystem>
 
 #include "base/Error.h"
+#include "refhost/store/CuttingData.h"
 #include "refhost/store/KnowledgeBase.h"
 #include "refhost/store/Schema.h"
 #include "refhost/store/SqliteKnowledgeBaseService.h"
@@ -94,6 +96,28 @@ TEST_F(KnowledgeBaseFileTest, TheFileUsesAWriteAheadLogAndForeignKeys) {
     Statement keys(base->connection(), "PRAGMA foreign_keys");
     ASSERT_TRUE(keys.step());
     EXPECT_EQ(keys.integer(0), 1);
+}
+
+TEST_F(KnowledgeBaseFileTest, AConnectionTakesNoStatementThatDamagesTheFileOrHidesAMistake) {
+    auto base = KnowledgeBase::open(path, impatient());
+    Connection& connection = base->connection();
+    EXPECT_THROW(connection.execute("SELECT \"no such column\""), Error);
+    EXPECT_THROW(connection.execute("CREATE TABLE t (a CHECK (a <> \"text\"))"), Error);
+    connection.execute("PRAGMA writable_schema = ON");
+    EXPECT_THROW(connection.execute("DELETE FROM sqlite_schema"), Error);
+    Statement trusted(connection, "PRAGMA trusted_schema");
+    ASSERT_TRUE(trusted.step());
+    EXPECT_EQ(trusted.integer(0), 0);
+}
+
+TEST_F(KnowledgeBaseFileTest, TheLibraryIsThePinnedOneAndSearchesText) {
+    EXPECT_STREQ(sqlite3_libversion(), SQLITE_VERSION);
+    auto base = KnowledgeBase::open(path, impatient());
+    base->connection().execute("CREATE VIRTUAL TABLE temp.words USING fts5 (text)");
+    base->connection().execute("INSERT INTO temp.words VALUES ('Tapping drill 6.8')");
+    Statement find(base->connection(), "SELECT count(*) FROM temp.words WHERE words MATCH 'drill'");
+    ASSERT_TRUE(find.step());
+    EXPECT_EQ(find.integer(0), 1);
 }
 
 TEST_F(KnowledgeBaseFileTest, AFileThatIsNoDatabaseIsRefused) {
@@ -202,6 +226,23 @@ TEST_F(MigrationTest, VersionsAscendFromOne) {
     for (const Migration& migration : migrations())
         EXPECT_EQ(migration.version, expected++);
     EXPECT_EQ(currentSchemaVersion(), expected - 1);
+}
+
+TEST_F(MigrationTest, AFileOfTheFirstVersionGetsSourcesAndTheTableOfSpeedsAndFeeds) {
+    const std::string step = "{C200E360-38C5-11CE-AE62-08002B2B79EF}";
+    {
+        Connection connection(path, true, std::chrono::milliseconds(50));
+        migrate(connection, migrations().first(1));
+        connection.execute("INSERT INTO process (id, name) VALUES (randomblob(16), 'Kept')");
+        Statement add(connection, "INSERT INTO process_step (id, process, name) VALUES (?, 1, 'Drill')");
+        add.bindId(step).run();
+    }
+    SqliteKnowledgeBaseService service(path);
+    EXPECT_EQ(service.processStore().processes("")->count(), 1U) << "no sample data is added";
+    EXPECT_EQ(service.stepStore().technologySources({step}).at(0), pellmark::TechnologySource::DbStep);
+    service.stepStore().setTechnologySource(step, pellmark::TechnologySource::File);
+    EXPECT_EQ(service.stepStore().technologySources({step}).at(0), pellmark::TechnologySource::File);
+    EXPECT_EQ(readCuttingData(service.base()->connection()).classes().size(), 6U);
 }
 
 TEST_F(MigrationTest, OnlyTheMissingStepsRunAndTheFileKeepsItsData) {

@@ -5,8 +5,9 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "refhost/store/CuttingData.h"
 #include "refhost/store/SqliteKnowledgeBaseService.h"
-#include "refhost/store/TechnologyCodes.h"
+#include "refhost/technology/Codes.h"
 #include "support/TemporaryFolder.h"
 
 namespace norvex {
@@ -156,6 +157,44 @@ TEST_F(SampleDataTest, TheThreeUsersDifferInTheirRights) {
     EXPECT_EQ(allowed(), "---");
     EXPECT_THROW(rights.setCurrentUser("Nobody"), pellmark::Error);
     EXPECT_EQ(rights.currentUser(), "Operator");
+}
+
+TEST_F(SampleDataTest, TheStepsOfABearingSeatComeFromEverywhere) {
+    auto steps = service.stepStore().steps(processNamed("Bearing seat H6 12 - 25 mm"));
+    using Source = pellmark::TechnologySource;
+    EXPECT_THAT(service.stepStore().technologySources(column(*steps, "_Id")),
+                ElementsAre(Source::DbDefaults, Source::SfdbCalculated, Source::DbStep,
+                            Source::CalcoraComputed, Source::File, Source::User));
+}
+
+TEST_F(SampleDataTest, EveryValueOfEveryStepBelongsToItsCuttingCycle) {
+    auto all = service.processStore().processes("");
+    for (const auto& process : column(*all, "_Id")) {
+        auto steps = service.stepStore().steps(process);
+        for (std::size_t i = 0; i < steps->count(); ++i) {
+            const auto cycle = static_cast<std::int16_t>(std::stoi(steps->text(i, 4)));
+            const auto operation = Operation::withDefaults(cycle, pellmark::unit::kMetric);
+            for (const auto& code : column(*service.stepStore().values(steps->text(i, 0)), "_CLFileCode")) {
+                EXPECT_NE(operation.find(std::stoi(code)), nullptr)
+                    << code << " of " << steps->text(i, 3) << " in cycle " << cycle;
+            }
+        }
+    }
+}
+
+TEST_F(SampleDataTest, TheTableOfSpeedsAndFeedsCoversEveryMaterialAndKindOfWork) {
+    const CuttingTable table = readCuttingData(service.base()->connection());
+    const auto classes = table.classes();
+    ASSERT_EQ(classes.size(), 6U);
+    EXPECT_EQ(classes[0], (std::pair<char, std::string>('P', "steel")));
+    for (const auto& [letter, name] : classes) {
+        for (const Work work : {Work::Drill, Work::Ream, Work::Tap, Work::FaceMill, Work::Mill, Work::Turn})
+            EXPECT_NE(table.find(letter, work), nullptr) << name;
+    }
+    const CuttingRow* row = table.find('N', Work::Mill);
+    EXPECT_EQ(row->speed, 400);
+    EXPECT_EQ(row->feed, 0.008);
+    EXPECT_TRUE(row->ofDiameter);
 }
 
 TEST_F(SampleDataTest, NumbersAreWrittenWithADecimalPoint) {

@@ -1,0 +1,176 @@
+#include "refhost/technology/ProcessFileReader.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <utility>
+
+#include "base/Error.h"
+#include "refhost/technology/LineScanner.h"
+#include "refhost/technology/ProcessFileText.h"
+
+namespace norvex {
+
+namespace {
+
+namespace file = processfile;
+namespace unit = pellmark::unit;
+using pellmark::Variant;
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+std::optional<std::int16_t> unitFrom(std::string_view word) {
+    if (word == "metric") return unit::kMetric;
+    if (word == "inch") return unit::kInch;
+    if (word == "none") return unit::kNone;
+    return std::nullopt;
+}
+
+}  // namespace
+
+ProcessFileReader::ProcessFileReader(std::istream& in, std::string name) : in_(in), name_(std::move(name)) {
+    readTitle();
+    readCount();
+    ended_ = !nextLine();
+    if (count_ == 0) expectEnd();
+}
+
+void ProcessFileReader::fail(const std::string& what) const {
+    throw pellmark::Error(
+        pellmark::errors::kInvalidArgument, "Technology",
+        "The process file '" + name_ + "' cannot be read. Line " + std::to_string(number_) + ": " + what);
+}
+
+bool ProcessFileReader::readRawLine() {
+    line_.clear();
+    ++number_;
+    std::streambuf& bytes = *in_.rdbuf();
+    for (int byte = bytes.sbumpc(); byte != std::char_traits<char>::eof(); byte = bytes.sbumpc()) {
+        if (byte == '\n') {
+            if (line_.ends_with('\r')) line_.pop_back();
+            return true;
+        }
+        if (line_.size() == file::kLongestLine) fail("the line is too long; this is no process file.");
+        line_ += static_cast<char>(byte);
+    }
+    return !line_.empty();
+}
+
+bool ProcessFileReader::nextLine() {
+    while (readRawLine()) {
+        if (!file::isUtf8(line_)) fail("the text is not UTF-8; the file is damaged.");
+        if (line_.find('\0') != std::string::npos) fail("a text must not hold a null; the file is damaged.");
+        if (!LineScanner(line_).atEnd()) return true;
+    }
+    return false;
+}
+
+void ProcessFileReader::readTitle() {
+    const bool isThere = readRawLine();
+    std::string_view title = line_;
+    if (title.starts_with(kByteOrderMark)) title.remove_prefix(kByteOrderMark.size());
+    if (!isThere || !title.starts_with(file::kTitle)) fail("this is no process file of Norvex.");
+    title.remove_prefix(file::kTitle.size());
+    const auto version = LineScanner(title).integer();
+    if (!version || *version < 1) fail("the version of the file cannot be read.");
+    if (*version > file::kVersion) {
+        fail("the file was written by a newer program (version " + std::to_string(*version) +
+             ", this one reads up to " + std::to_string(file::kVersion) + "). Update this program.");
+    }
+}
+
+void ProcessFileReader::readCount() {
+    if (!nextLine()) fail("the file is cut short: the number of operations is missing.");
+    LineScanner line(line_);
+    const bool isCount = line.word() == file::kOperations;
+    const auto count = line.integer();
+    if (!isCount || !count || *count < 0 || !line.atEnd()) fail("the number of operations belongs here.");
+    if (*count > file::kMostOperations) {
+        fail("there are more operations than a process may have (" + std::to_string(file::kMostOperations) +
+             ").");
+    }
+    count_ = *count;
+}
+
+std::optional<Operation> ProcessFileReader::next() {
+    if (done_ == count_) return std::nullopt;
+    if (ended_) fail("the file is cut short: an operation is missing.");
+    Operation operation = readHead();
+    while (!(ended_ = !nextLine())) {
+        const std::string_view first = LineScanner(line_).word();
+        if (first == file::kOperation || first == file::kEnd) break;
+        readParameter(operation);
+    }
+    // Told now, while the line is known, and not when all has been read.
+    if (++done_ == count_) expectEnd();
+    return operation;
+}
+
+Operation ProcessFileReader::readHead() {
+    LineScanner line(line_);
+    if (line.word() != file::kOperation) fail("an operation belongs here.");
+    const auto cycle = line.integer();
+    using Limits = std::numeric_limits<std::int16_t>;
+    if (!cycle || *cycle < Limits::min() || *cycle > Limits::max())
+        fail("the number of the cutting cycle belongs behind \"operation\".");
+    const auto unitCode = unitFrom(line.word());
+    if (!unitCode) fail("the unit of an operation is metric, inch or none.");
+    auto name = line.text();
+    if (!name || !line.atEnd()) fail("the name of the operation belongs in double quotes.");
+    return {static_cast<std::int16_t>(*cycle), *unitCode, *std::move(name)};
+}
+
+void ProcessFileReader::readParameter(Operation& operation) {
+    LineScanner line(line_);
+    const auto code = line.integer();
+    if (!code || !line.take('=')) fail("a parameter is written as its code, \"=\" and its value.");
+    const Definition* definition = definitionOf(*code);
+    if (definition == nullptr) fail("there is no parameter with the code " + std::to_string(*code) + ".");
+    Variant value;
+    if (line.isText()) {
+        auto text = line.text();
+        if (!text || !line.atEnd()) fail("the text is not closed, or an escape in it has no meaning.");
+        value = *std::move(text);
+    } else {
+        const auto number = line.number();
+        if (!number || !line.atEnd()) fail("a value is a number with a point, or a text in double quotes.");
+        if (definition->isText())
+            fail(std::string(definition->caption) + " is a text and belongs in double quotes.");
+        value = *number;
+    }
+    if (!operation.add(*definition, value, Origin::File))
+        fail("the parameter " + std::to_string(*code) + " is given twice.");
+}
+
+void ProcessFileReader::expectEnd() {
+    if (ended_) fail("the file is cut short: the line \"end\" is missing.");
+    LineScanner line(line_);
+    if (line.word() != file::kEnd || !line.atEnd()) fail("the line \"end\" belongs here.");
+    if (nextLine()) fail("nothing belongs behind \"end\".");
+}
+
+std::ifstream openProcessFile(const std::string& path) {
+    const std::filesystem::path file(std::u8string(path.begin(), path.end()));
+    std::error_code failure;
+    // A folder or a device opens like a file and then gives nothing, or never ends.
+    std::ifstream in;
+    if (std::filesystem::is_regular_file(file, failure)) in.open(file, std::ios::binary);
+    if (!in.is_open()) {
+        throw pellmark::Error(pellmark::errors::kFileNotFound, "Technology",
+                              "The process file '" + path + "' cannot be opened.");
+    }
+    return in;
+}
+
+std::vector<Operation> loadProcessFile(const std::string& path) {
+    std::ifstream in = openProcessFile(path);
+    ProcessFileReader reader(in, path);
+    std::vector<Operation> operations;
+    operations.reserve(static_cast<std::size_t>(reader.count()));
+    while (auto operation = reader.next())
+        operations.push_back(*std::move(operation));
+    return operations;
+}
+
+}  // namespace norvex
