@@ -1,7 +1,5 @@
 #include "win32/ports/Win32FileDialogs.h"
 
-#include <commdlg.h>
-
 #include <algorithm>
 #include <vector>
 

@@ -6,6 +6,8 @@
 #include "ports/FileDialogs.h"
 #include "win32/WindowsApi.h"
 
+#include <commdlg.h>  // needs the system's types
+
 namespace pellmark {
 
 /// The system's own dialogs for files.
