@@ -116,15 +116,15 @@ void CaseDialog::fillValues() {
 
 void CaseDialog::take() {
     description_.nvxFeatureType = chosenNvxType();
-    description_.partTypeGuid = chosen(IDC_PART_TYPE, partTypes_);
-    description_.featureCaseUnit = chosenUnit(IDC_FEATURE_UNIT);
-    description_.featureTypeGuid = chosen(IDC_FEATURE_TYPE, featureTypes_);
-    description_.processMaterialClassGuid = chosen(IDC_MATERIAL_CLASS, materialClasses_);
+    description_.partTypeId = chosen(IDC_PART_TYPE, partTypes_);
+    description_.unit = chosenUnit(IDC_FEATURE_UNIT);
+    description_.featureTypeId = chosen(IDC_FEATURE_TYPE, featureTypes_);
+    description_.materialClassId = chosen(IDC_MATERIAL_CLASS, materialClasses_);
     description_.processUnit = chosenUnit(IDC_PROCESS_UNIT);
     description_.processGuid = chosen(IDC_PROCESS, processes_);
     for (std::size_t at = 0; at < values_.size(); ++at) {
         if (SendDlgItemMessageW(dialog_, IDC_VALUES, LB_GETSEL, at, 0) > 0) {
-            description_.valuesGuids.push_back(values_[at]);
+            description_.valueIds.push_back(values_[at]);
         }
     }
 }

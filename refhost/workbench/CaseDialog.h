@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "host/Application.h"
 #include "knowledge/KnowledgeBaseService.h"
+#include "knowledge/Records.h"
 
 namespace norvex {
 

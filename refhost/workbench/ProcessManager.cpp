@@ -19,20 +19,18 @@ void ProcessManager::showProcesses(const std::string& processId) {
 }
 
 void ProcessManager::showProcessCase(const CaseDescription& given) {
-    component().call(
-        "ShowWindowProcessCaseView",
-        {host_, pellmark::arrayOf(given.valuesGuids), given.featureCaseUnit, given.nvxFeatureType,
-         given.partTypeGuid, given.featureTypeGuid, given.processMaterialClassGuid, given.processUnit,
-         given.processGuid, given.processStepGuid});
+    component().call("ShowWindowProcessCaseView",
+                     {host_, pellmark::arrayOf(given.valueIds), given.unit, given.nvxFeatureType,
+                      given.partTypeId, given.featureTypeId, given.materialClassId, given.processUnit,
+                      given.processGuid, given.processStepGuid});
 }
 
 std::string ProcessManager::callModal(const char* method, const CaseDescription& given) {
     // the host object is its own owner window object
     return component()
-        .call(method,
-              {host_, host_, pellmark::arrayOf(given.valuesGuids), given.featureCaseUnit,
-               given.nvxFeatureType, given.partTypeGuid, given.featureTypeGuid,
-               given.processMaterialClassGuid, given.processUnit, given.processGuid, given.processStepGuid})
+        .call(method, {host_, host_, pellmark::arrayOf(given.valueIds), given.unit, given.nvxFeatureType,
+                       given.partTypeId, given.featureTypeId, given.materialClassId, given.processUnit,
+                       given.processGuid, given.processStepGuid})
         .text();
 }
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "automation/DispatchObject.h"
-#include "host/Application.h"
+#include "knowledge/Records.h"
 
 namespace norvex {
 

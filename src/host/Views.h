@@ -10,13 +10,6 @@
 
 namespace pellmark {
 
-/// How the host describes a feature case, and what is to be selected in it. The defaults are those of the
-/// omitted optional parameters: -1 and "" leave a selection as it is.
-struct CaseDescription : FeatureCaseDescription {
-    std::string processGuid;
-    std::string processStepGuid;
-};
-
 /// The controllers of the list of all processes.
 class ProcessesView {
   public:

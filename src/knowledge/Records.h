@@ -78,6 +78,13 @@ struct FeatureCaseDescription {
     bool operator==(const FeatureCaseDescription&) const = default;
 };
 
+/// How the host describes a feature case, and what is to be selected in it. The defaults are those of the
+/// omitted optional parameters: -1 and "" leave a selection as it is.
+struct CaseDescription : FeatureCaseDescription {
+    std::string processGuid;
+    std::string processStepGuid;
+};
+
 /// A feature case that has the asked-for feature type, and whether its values are exactly the asked-for.
 struct FeatureCaseMatch {
     std::string featureCaseId;
