@@ -57,6 +57,7 @@ void RowSelection::removeRange(std::size_t first, std::size_t last) {
     for (auto each = from; each != to; ++each)
         count_ -= each->second.last - each->first + 1;
     runs_.erase(from, to);
+    ++turns_;  // what is selected again comes behind what has stayed, though it may stand beside it
     order_.clear();
 }
 
@@ -89,8 +90,14 @@ std::size_t RowSelection::at(std::size_t i) const {
 }
 
 void RowSelection::eachRun(const std::function<void(std::size_t first, std::size_t last)>& visit) const {
-    for (const auto& [first, run] : runs_)
-        visit(first, run.last);
+    for (auto each = runs_.begin(); each != runs_.end();) {
+        const std::size_t first = each->first;
+        std::size_t last = each->second.last;
+        // neighbours that were selected at different times
+        while (++each != runs_.end() && each->first == last + 1)
+            last = each->second.last;
+        visit(first, last);
+    }
 }
 
 }  // namespace pellmark

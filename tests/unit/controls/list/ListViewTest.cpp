@@ -41,7 +41,7 @@ struct ListViewTest : testing::Test {
         return texts;
     }
 
-    Container root{Control::Kind::Form, nullptr, "form"};
+    Container root{Control::Kind::Frame, nullptr, "form"};
     ListView list{root, "LV1"};
 };
 
