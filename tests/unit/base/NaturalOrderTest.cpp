@@ -20,6 +20,11 @@ TEST(NaturalOrderTest, NumbersCompareByTheirValue) {
     expectBefore("D 99999999999999999999999", "D 100000000000000000000000");
 }
 
+TEST(NaturalOrderTest, ANumberStandsBeforeALetterAndAfterABlank) {
+    expectBefore("Drill 9", "Drill deep");
+    expectBefore("Drill  deep", "Drill 9");
+}
+
 TEST(NaturalOrderTest, LettersCompareWithoutCase) {
     EXPECT_EQ(compareNatural("drill", "DRILL"), 0);
     EXPECT_EQ(compareNatural("\xC3\xA4rmel", "\xC3\x84RMEL"), 0);  // a umlaut

@@ -50,7 +50,12 @@ TEST(TextTest, OverlongFormsSurrogatesAndTooLargeCodesAreMalformed) {
     EXPECT_EQ(toUtf16("\xC0\xAF").find(u'/'), std::u16string::npos);
     EXPECT_EQ(toUtf16("\xE0\x80\xAF").find(u'/'), std::u16string::npos);
     EXPECT_EQ(toUtf16("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(toUtf16("\xED\xBF\xBF"), u"\uFFFD\uFFFD\uFFFD");
     EXPECT_EQ(toUtf16("\xF4\x90\x80\x80"), u"\uFFFD\uFFFD\uFFFD\uFFFD");
+}
+
+TEST(TextTest, ACharacterCutOffAtTheEndIsMalformedWhateverLiesBehind) {
+    EXPECT_EQ(toUtf16(std::string_view("\xC3\x98", 1)), u"\uFFFD");
 }
 
 TEST(TextTest, UnpairedSurrogatesBecomeReplacementCharacters) {

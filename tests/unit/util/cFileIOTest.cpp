@@ -73,6 +73,8 @@ TEST_F(CFileIOTest, AFilesTextHasUniformLineBreaksAndNoneAtItsEnd) {
     EXPECT_EQ(io.GetFileString("C:\\b.txt"), "one line");
     files.makeFile("C:\\c.txt", "");
     EXPECT_EQ(io.GetFileString("C:\\c.txt"), "");
+    files.makeFile("C:\\d.txt", "\r\nsecond\nx");
+    EXPECT_EQ(io.GetFileString("C:\\d.txt"), "\r\nsecond\r\nx");
 }
 
 TEST_F(CFileIOTest, AMissingFileHasNoTextAndIsTraced) {

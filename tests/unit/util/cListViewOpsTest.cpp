@@ -9,8 +9,11 @@
 namespace pellmark {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Property;
+using testing::Throws;
 
 struct CListViewOpsTest : testing::Test {
     CListViewOpsTest() {
@@ -70,7 +73,11 @@ TEST_F(CListViewOpsTest, AnEmptySourceMovesNothing) {
 
 TEST_F(CListViewOpsTest, AKeyThatTheTargetHasStopsTheMoveBeforeAnythingMoved) {
     target.add("{C}", "other");
-    EXPECT_THROW(cListViewOps::MoveListItems(source, target, true), Error);
+    EXPECT_THAT(
+        [this] { cListViewOps::MoveListItems(source, target, true); },
+        Throws<Error>(AllOf(
+            Property(&Error::number, errors::kNotUnique), Property(&Error::source, "Pellmark.cListViewOps"),
+            Property(&Error::description, "The list LV2 has an item with the key '{c}' already"))));
     EXPECT_EQ(source.count(), 4);
     EXPECT_EQ(target.count(), 1);
 }

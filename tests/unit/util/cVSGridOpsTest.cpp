@@ -3,14 +3,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/Error.h"
 #include "knowledge/MemoryRecordSet.h"
 #include "support/PortsHarness.h"
 
 namespace pellmark::test {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Property;
+using testing::Throws;
 
 class CVSGridOpsTest : public testing::Test, protected ServicesHarness {
   protected:
@@ -99,6 +103,15 @@ TEST_F(CVSGridOpsTest, AnExistingFileIsReplaced) {
     files.makeFile("C:\\out.csv", std::string(1000, 'x'));
     save();
     EXPECT_EQ(files.contents("C:\\out.csv"), "\r\n\r\n");
+}
+
+TEST_F(CVSGridOpsTest, AFileThatCannotBeWrittenIsAnErrorThatNamesIt) {
+    files.breakDown(true);
+    EXPECT_THAT(
+        [this] { save(); },
+        Throws<Error>(AllOf(Property(&Error::number, errors::kPermissionDenied),
+                            Property(&Error::source, "Pellmark.cVSGridOps"),
+                            Property(&Error::description, "The file 'C:\\out.csv' could not be written"))));
 }
 
 }  // namespace
