@@ -13,8 +13,6 @@ namespace {
 constexpr std::int32_t kAlwaysText[] = {432, 1764, 1767};
 
 std::optional<double> asNumber(const std::string& text) {
-    // A blank text reads as no number, though an empty value counts as 0 elsewhere.
-    if (text.find_first_not_of(" \t\r\n") == std::string::npos) return std::nullopt;
     try {
         return toDouble(text);
     } catch (const Error&) {

@@ -208,6 +208,7 @@ TEST_F(ProcessFilesTest, ALargeFileShowsHowFarItsImportIs) {
         EXPECT_EQ(progress->caption(), "The title");
         EXPECT_EQ(progress->LblWhat.caption(), "Process steps are being added");
         EXPECT_EQ(progress->cancelButton(), &progress->CmdCancel);
+        EXPECT_EQ(progress->CmdCancel.caption(), "Cancel");
         EXPECT_LE(progress->CmdCancel.bounds().bottom(), progress->clientSize().height);
         EXPECT_LE(progress->CmdCancel.bounds().right(), progress->clientSize().width);
     };

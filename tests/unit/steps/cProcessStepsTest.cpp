@@ -298,6 +298,13 @@ TEST_F(CProcessStepsTest, AnUnreadableColourCountsAsItsDefault) {
     EXPECT_FALSE(trace.lines().empty());
 }
 
+TEST_F(CProcessStepsTest, AProcessWithoutStepsHasNoSourcesToAskFor) {
+    start();
+    steps.RefreshList("");
+    EXPECT_THAT(base.calls(), ElementsAre("steps " + process, "cuttingCycles"));
+    EXPECT_EQ(grid.colWidth(0), 750);
+}
+
 TEST_F(CProcessStepsTest, ASourceThatNobodyKnowsCountsAsAStepOfTheKnowledgeBase) {
     const std::string id = addStep("a", 1);
     base.setTechnologySource(id, static_cast<TechnologySource>(17));
