@@ -52,9 +52,15 @@ struct AskedValues {
     }
 };
 
-/// Processes of all feature cases that have any of the values. A process applies to a class when one of its
-/// materials is of the class, or when it has none at all.
-std::string processesSql(const AskedValues& asked, bool byClass) {
+/// How the filters of the view narrow the processes of a case.
+struct Filters {
+    bool byUnit;
+    bool byClass;
+    bool withoutMaterials;  ///< whether a process without materials applies to the class
+};
+
+/// Processes of all feature cases that have any of the values.
+std::string processesSql(const AskedValues& asked, const Filters& filters) {
     std::string sql =
         "SELECT p.id, c.id, p.name, p.unit, p.rule, p.description, found.hits "
         "FROM (SELECT cv.feature_case AS feature_case, count(*) AS hits FROM feature_value v "
@@ -64,12 +70,17 @@ std::string processesSql(const AskedValues& asked, bool byClass) {
         "JOIN feature_case c ON c.row = found.feature_case "
         "JOIN attachment a ON a.feature_case = c.row "
         "JOIN process p ON p.row = a.process ";
-    if (byClass) {
+    sql += "WHERE true ";
+    if (filters.byUnit) sql += "AND p.unit = ? ";
+    if (filters.byClass) {
         sql +=
-            "WHERE NOT EXISTS (SELECT 1 FROM process_material pm WHERE pm.process = p.row) "
-            "OR EXISTS (SELECT 1 FROM process_material pm JOIN material m ON m.row = pm.material "
-            "           JOIN material_class k ON k.row = m.material_class "
-            "           WHERE pm.process = p.row AND k.id = ?) ";
+            "AND (EXISTS (SELECT 1 FROM process_material pm JOIN material m ON m.row = pm.material "
+            "             JOIN material_class k ON k.row = m.material_class "
+            "             WHERE pm.process = p.row AND k.id = ?) ";
+        if (filters.withoutMaterials) {
+            sql += "OR NOT EXISTS (SELECT 1 FROM process_material pm WHERE pm.process = p.row)";
+        }
+        sql += ") ";
     }
     return sql + "ORDER BY c.row, p.name COLLATE NOCASE, p.id";
 }
@@ -94,10 +105,11 @@ std::vector<pNode> SqliteFeatureCaseStore::processesOfValues(const FeatureCaseDe
                               "There are only the list styles 0 and 1.");
     }
     const AskedValues asked(description.valueIds);
-    const bool byClass = style == 1 && !description.materialClassId.empty();
-    Statement list(connection(), processesSql(asked, byClass));
+    const Filters filters{description.processUnit >= 0, !description.materialClassId.empty(), style == 0};
+    Statement list(connection(), processesSql(asked, filters));
     asked.bindTo(list);
-    if (byClass) list.bindId(description.materialClassId);
+    if (filters.byUnit) list.bind(std::int64_t{description.processUnit});
+    if (filters.byClass) list.bindId(description.materialClassId);
     std::vector<pNode> nodes;
     while (list.step()) {
         const bool hasAll =

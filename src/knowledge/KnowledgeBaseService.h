@@ -68,10 +68,9 @@ class FeatureCaseStore {
 
     /// Processes attached to feature cases that have any of the description's values, through each such
     /// case; ExactMatch where the case has all of them. Oldest case first, within a case by process name.
-    /// Style 0 asks by values alone; style 1 leaves out processes that do not apply to the description's
-    /// material class: those that have materials, but none of that class. A process without materials
-    /// applies to every class, and no class asked for leaves nothing out. Another style throws
-    /// errors::kInvalidArgument.
+    /// The description's process unit and material class narrow the answer in both styles, where they are
+    /// given. A process that has materials, but none of the class, is left out; one without materials applies
+    /// to every class in style 0, and to none in style 1. Another style throws errors::kInvalidArgument.
     virtual std::vector<pNode> processesOfValues(const FeatureCaseDescription& description, int style) = 0;
     /// The new feature case's id. It has no values yet. Without a known feature type there is no case:
     /// errors::kNotFound.

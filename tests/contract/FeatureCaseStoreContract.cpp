@@ -118,7 +118,7 @@ TEST_P(AttachmentContract, AskingForAValueTwiceAsksForItOnce) {
     EXPECT_THAT(namesOf(ask({m6, m6})), ElementsAre("A!"));
 }
 
-TEST_P(AttachmentContract, StyleOneLeavesOutWhatDoesNotApplyToTheMaterialClass) {
+TEST_P(AttachmentContract, TheMaterialClassNarrowsBothStylesAndStyleOneWantsItNamed) {
     const std::string steel = subject->addMaterialClass("P");
     const std::string cast = subject->addMaterialClass("K");
     const std::string any = addProcess("any");
@@ -127,10 +127,26 @@ TEST_P(AttachmentContract, StyleOneLeavesOutWhatDoesNotApplyToTheMaterialClass) 
     processes.addMaterial(forSteel, subject->addMaterial("C45", steel));
     processes.addMaterial(forCast, subject->addMaterial("GG25", cast));
     addCase({m6}, {any, forSteel, forCast});
-    EXPECT_THAT(namesOf(ask({m6}, 0, steel)), ElementsAre("any!", "cast!", "steel!"));
-    EXPECT_THAT(namesOf(ask({m6}, 1, steel)), ElementsAre("any!", "steel!"));
-    EXPECT_THAT(namesOf(ask({m6}, 1, "")), ElementsAre("any!", "cast!", "steel!"));
-    EXPECT_THAT(namesOf(ask({m6}, 1, kUnknownId)), ElementsAre("any!"));
+    EXPECT_THAT(namesOf(ask({m6}, 0, steel)), ElementsAre("any!", "steel!"));
+    EXPECT_THAT(namesOf(ask({m6}, 1, steel)), ElementsAre("steel!"));
+    for (const int style : {0, 1}) {
+        EXPECT_THAT(namesOf(ask({m6}, style, "")), ElementsAre("any!", "cast!", "steel!"));
+    }
+    EXPECT_THAT(namesOf(ask({m6}, 0, kUnknownId)), ElementsAre("any!"));
+    EXPECT_THAT(namesOf(ask({m6}, 1, kUnknownId)), testing::IsEmpty());
+}
+
+TEST_P(AttachmentContract, TheProcessUnitNarrowsBothStyles) {
+    const std::string inch = processes.addProcess({"", "inch", pellmark::unit::kInch, "", ""});
+    const std::string metric = processes.addProcess({"", "metric", pellmark::unit::kMetric, "", ""});
+    addCase({m6}, {inch, metric});
+    FeatureCaseDescription description;
+    description.featureTypeId = type;
+    description.valueIds = {m6};
+    description.processUnit = pellmark::unit::kInch;
+    for (const int style : {0, 1}) {
+        EXPECT_THAT(namesOf(cases.processesOfValues(description, style)), ElementsAre("inch!"));
+    }
 }
 
 TEST_P(AttachmentContract, AnotherStyleIsRefused) {

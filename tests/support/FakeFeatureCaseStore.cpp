@@ -43,7 +43,8 @@ std::vector<pNode> FakeFeatureCaseStore::processesOfValues(const FeatureCaseDesc
         const std::size_t first = nodes.size();
         for (const auto& processId : featureCase.processes) {
             const auto& process = tables_.requireProcess(processId);
-            if (style == 1 && !applies(process, description.materialClassId)) continue;
+            if (!applies(process, description.materialClassId, style)) continue;
+            if (description.processUnit >= 0 && process.record.Unit != description.processUnit) continue;
             const auto& record = process.record;
             nodes.push_back({record.Id, featureCase.id.text(), record.Name, record.Unit, record.Rule,
                              record.Description, exact});
@@ -56,9 +57,10 @@ std::vector<pNode> FakeFeatureCaseStore::processesOfValues(const FeatureCaseDesc
     return nodes;
 }
 
-bool FakeFeatureCaseStore::applies(const FakeTables::Process& process,
-                                   const std::string& materialClassId) const {
-    if (materialClassId.empty() || process.materials.empty()) return true;
+bool FakeFeatureCaseStore::applies(const FakeTables::Process& process, const std::string& materialClassId,
+                                   int style) const {
+    if (materialClassId.empty()) return true;
+    if (process.materials.empty()) return style == 0;
     return std::any_of(process.materials.begin(), process.materials.end(), [&](const std::string& material) {
         return canonicalId(requireNamed(tables_.materials, material, "material").ownerId) ==
                canonicalId(materialClassId);

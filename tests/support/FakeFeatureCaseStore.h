@@ -24,7 +24,7 @@ class FakeFeatureCaseStore : public FeatureCaseStore {
     std::shared_ptr<RecordSet> values(const std::string& featureTypeId) override;
 
   private:
-    bool applies(const FakeTables::Process& process, const std::string& materialClassId) const;
+    bool applies(const FakeTables::Process& process, const std::string& materialClassId, int style) const;
 
     FakeTables& tables_;
 };
