@@ -24,7 +24,7 @@ struct CListViewOpsTest : testing::Test {
         return texts;
     }
 
-    Container root{Control::Kind::Form, nullptr, "form"};
+    Container root{Control::Kind::Frame, nullptr, "frame"};
     ListView source{root, "LV1"};
     ListView target{root, "LV2"};
 };
