@@ -23,10 +23,21 @@ void CellStyles::set(std::size_t slot, int col, const CellStyle& style) {
     column.cells[slot] = index;
 }
 
-void CellStyles::setColumn(int col, const CellStyle& style) {
+void CellStyles::changeColumn(int col, const std::function<void(CellStyle&)>& change) {
     Column& column = columns_[col];
-    column.base = indexOf(style);
-    column.cells.clear();
+    std::unordered_map<Index, Index> changed;  // few styles, however many cells
+    const auto changedOf = [&](Index before) {
+        const auto [found, isNew] = changed.try_emplace(before, Index{0});
+        if (isNew) {
+            CellStyle style = palette_[before];
+            change(style);
+            found->second = indexOf(style);
+        }
+        return found->second;
+    };
+    column.base = changedOf(column.base);
+    for (Index& cell : column.cells)
+        cell = changedOf(cell);
 }
 
 void CellStyles::clear() {

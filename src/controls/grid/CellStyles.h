@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -27,8 +28,8 @@ class CellStyles {
     CellStyles();
     const CellStyle& at(std::size_t slot, int col) const;
     void set(std::size_t slot, int col, const CellStyle& style);
-    /// One style for every cell of the column, forgetting what single cells had.
-    void setColumn(int col, const CellStyle& style);
+    /// The same change to the style of every cell of the column.
+    void changeColumn(int col, const std::function<void(CellStyle&)>& change);
     void clear();
 
   private:

@@ -77,6 +77,16 @@ void Grid::setColPosition(int col, int position) {
     notify({What::Columns});
 }
 
+void Grid::setColPositions(std::vector<ColPosition> wanted) {
+    // From the left: a column that is put in its place is moved no more by those that follow.
+    std::stable_sort(wanted.begin(), wanted.end(), [](const ColPosition& left, const ColPosition& right) {
+        return left.position < right.position;
+    });
+    RedrawOff off(*this);
+    for (const ColPosition& each : wanted)
+        setColPosition(each.col, each.position);
+}
+
 void Grid::setColComboList(int col, const std::string& list) {
     columns_.at(col).list = DisplayList(list);
     notify({What::Cells});
@@ -132,7 +142,7 @@ void Grid::bind(std::shared_ptr<RecordSet> records) {
     col_ = 0;
     const bool hadCurrent = std::exchange(current_, std::nullopt).has_value();
     notify({What::All});
-    if (hadCurrent) rowChanged.raise();
+    if (hadCurrent) currentMoved();
 }
 
 void Grid::bindColumns() {
@@ -234,7 +244,7 @@ void Grid::removeRow(int row) {
         current_ = isDataRow(next) ? std::optional(slotOf(next)) : std::nullopt;
     }
     notify({What::Rows});
-    if (wasCurrent) rowChanged.raise();
+    if (wasCurrent) currentMoved();
 }
 
 // --- appearance
@@ -271,9 +281,7 @@ void Grid::setPicture(int row, int col, int picture) {
 
 void Grid::setColumnForeColor(int col, Color color) {
     if (!columns_.contains(col)) return;
-    CellStyle style;
-    style.fore = color;
-    styles_.setColumn(col, style);
+    styles_.changeColumn(col, [color](CellStyle& style) { style.fore = color; });
     notify({What::Cells});
 }
 
@@ -295,7 +303,7 @@ void Grid::makeCurrent(std::optional<std::size_t> slot, int col) {
     current_ = slot;
     col_ = columns_.contains(col) ? col : 0;
     notify({What::Current});
-    if (otherRow) rowChanged.raise();
+    if (otherRow) currentMoved();
 }
 
 void Grid::select(int row, int col) {
@@ -426,12 +434,22 @@ void Grid::notify(GridChange change) {
     }
 }
 
+void Grid::currentMoved() {
+    if (redrawOff_ == 0) rowChanged.raise();
+}
+
+void Grid::redrawOff() {
+    if (redrawOff_++ == 0) currentBefore_ = {row(), rowData(row())};
+}
+
 void Grid::redrawOn() {
     if (--redrawOff_ > 0) return;
+    const bool moved = currentBefore_ != Current{row(), rowData(row())};
     const auto change = std::exchange(pending_, std::nullopt);
     const auto scroll = std::exchange(pendingScroll_, std::nullopt);
     if (change) gridChanged.raise(*change);
     if (scroll && isDataRow(*scroll)) gridChanged.raise({What::Scroll, *scroll});
+    if (moved) rowChanged.raise();
 }
 
 // --- export

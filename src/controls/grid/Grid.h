@@ -99,6 +99,13 @@ class Grid : public Control {
     /// Where the column stands on the screen, from 0.
     int colPosition(int col) const { return columns_.positionOf(col); }
     void setColPosition(int col, int position);
+    /// Puts several columns, each given once, at their positions; the others fill what is left in their
+    /// order.
+    struct ColPosition {
+        int col;
+        int position;
+    };
+    void setColPositions(std::vector<ColPosition> wanted);
     /// Columns in the order of the screen, hidden ones included.
     const std::vector<int>& displayOrder() const { return columns_.order(); }
     /// "#70;Inch|#71;Metric" pairs stored values with shown texts; "a|b" offers plain texts.
@@ -145,7 +152,8 @@ class Grid : public Control {
     void setItalic(int row, int col, bool italic);
     /// A picture by its number in the peer's image list; -1 for none.
     void setPicture(int row, int col, int picture);
-    /// The text colour of every data cell of a column, whatever was set before; costs nothing per row.
+    /// The text colour of every data cell of a column, whatever colour was set before; the rest of their
+    /// looks stays. Rows of which none was given a look of its own cost nothing.
     void setColumnForeColor(int col, Color color);
     /// The grid whose selection is drawn in the system highlight colour; the other gets a paler one.
     bool activeLook() const { return activeLook_; }
@@ -188,10 +196,11 @@ class Grid : public Control {
     void cancelEdit();
 
     // --- redrawing ---------------------------------------------------------------------------------------
-    /// While one of these lives the peer hears nothing; then it hears once.
+    /// While one of these lives the peer hears nothing; then it hears once. What changes meanwhile is one
+    /// event to a person: rowChanged is raised once, and only when another row or another record is current.
     class [[nodiscard]] RedrawOff {
       public:
-        explicit RedrawOff(Grid& grid) : grid_(grid) { ++grid_.redrawOff_; }
+        explicit RedrawOff(Grid& grid) : grid_(grid) { grid_.redrawOff(); }
         ~RedrawOff() { grid_.redrawOn(); }
         RedrawOff(const RedrawOff&) = delete;
         RedrawOff& operator=(const RedrawOff&) = delete;
@@ -212,7 +221,7 @@ class Grid : public Control {
     // --- events ------------------------------------------------------------------------------------------
     Event<const GridChange&> gridChanged;  ///< for the peer
     Event<> paintRequested;                ///< for the peer
-    Event<> rowChanged;                    ///< the current row became another one
+    Event<> rowChanged;                    ///< the current row became another one; see RedrawOff
     Event<int> doubleClicked;              ///< the row under the mouse, -1 outside the rows, 0 on headings
     Event<KeyPress&> keyPressed;
     Event<const MousePress&> mousePressed;
@@ -243,7 +252,10 @@ class Grid : public Control {
     void setStyle(int row, int col, const std::function<void(CellStyle&)>& change);
     void makeCurrent(std::optional<std::size_t> slot, int col);
     void notify(GridChange change);
+    void redrawOff();
     void redrawOn();
+    /// Another row is current.
+    void currentMoved();
     void bindColumns();
 
     GridColumns columns_;
@@ -264,6 +276,12 @@ class Grid : public Control {
     int redrawOff_ = 0;
     std::optional<GridChange> pending_;
     std::optional<int> pendingScroll_;
+    struct Current {
+        int row = -1;
+        std::string data;
+        bool operator==(const Current&) const = default;
+    };
+    Current currentBefore_;  ///< redrawing was turned off
 };
 
 }  // namespace pellmark

@@ -31,12 +31,34 @@ void ListView::setColumnHeaders(std::vector<ColumnHeader> columns) {
     notify({What::Columns});
 }
 
+ColumnHeader* ListView::column(int col) {
+    const bool isThere = col >= 0 && static_cast<std::size_t>(col) < columns_.size();
+    return isThere ? &columns_[static_cast<std::size_t>(col)] : nullptr;
+}
+
+void ListView::setColumnHeading(int col, std::string text) {
+    ColumnHeader* header = column(col);
+    if (header == nullptr || header->text == text) return;
+    header->text = std::move(text);
+    notify({What::Columns});
+}
+
 void ListView::setColumnWidth(int col, Twips width) {
-    if (col < 0 || static_cast<std::size_t>(col) >= columns_.size()) return;
-    Twips& present = columns_[static_cast<std::size_t>(col)].width;
+    ColumnHeader* header = column(col);
+    if (header == nullptr) return;
+    header->widthChosen = true;
+    changeColumnWidth(*header, width);
+}
+
+void ListView::suggestColumnWidth(int col, Twips width) {
+    ColumnHeader* header = column(col);
+    if (header != nullptr && !header->widthChosen) changeColumnWidth(*header, width);
+}
+
+void ListView::changeColumnWidth(ColumnHeader& header, Twips width) {
     width = std::max(width, 0);
-    if (present == width) return;
-    present = width;
+    if (header.width == width) return;
+    header.width = width;
     notify({What::Columns});
 }
 

@@ -21,6 +21,7 @@ struct ListItem {
 struct ColumnHeader {
     std::string text;
     Twips width = 1440;
+    bool widthChosen = false;  ///< by a person or a stored layout: the form's own layout leaves it alone
 };
 
 enum class SortOrder { Ascending, Descending };
@@ -42,8 +43,13 @@ class ListView : public Control {
     // --- columns -----------------------------------------------------------------------------------------
     const std::vector<ColumnHeader>& columnHeaders() const { return columns_; }
     void setColumnHeaders(std::vector<ColumnHeader> columns);
-    /// A column that does not exist is left alone; never narrower than nothing.
+    /// Gives a column another heading and leaves its width.
+    void setColumnHeading(int col, std::string text);
+    /// A stored layout's width, which stays from then on. A column that does not exist is left alone; never
+    /// narrower than nothing.
     void setColumnWidth(int col, Twips width);
+    /// What the form's layout would give the column: taken as long as nobody has chosen a width.
+    void suggestColumnWidth(int col, Twips width);
 
     // --- items -------------------------------------------------------------------------------------------
     int count() const { return static_cast<int>(slotOfKey_.size()); }
@@ -125,6 +131,8 @@ class ListView : public Control {
         std::vector<std::uint32_t> slots;   ///< by index
         std::vector<std::uint32_t> places;  ///< by slot: its index
     };
+    ColumnHeader* column(int col);
+    void changeColumnWidth(ColumnHeader& header, Twips width);
     bool contains(int index) const { return index >= 0 && index < count(); }
     std::uint32_t slotAt(int index) const { return order().slots[static_cast<std::size_t>(index)]; }
     const Order& order() const;

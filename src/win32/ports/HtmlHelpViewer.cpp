@@ -19,9 +19,10 @@ void HtmlHelpViewer::openContext(WindowHandle owner, const std::string& helpFile
 }
 
 void HtmlHelpViewer::open(WindowHandle owner, const std::string& helpFile, DWORD_PTR data) {
-    if (!library_) library_.reset(::LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
+    if (library_ == nullptr)
+        library_ = ::LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     const auto show =
-        library_ ? reinterpret_cast<HtmlHelp>(::GetProcAddress(library_.get(), "HtmlHelpA")) : nullptr;
+        library_ != nullptr ? reinterpret_cast<HtmlHelp>(::GetProcAddress(library_, "HtmlHelpA")) : nullptr;
     if (show == nullptr) {
         trace_.record("HtmlHelpViewer::open",
                       "HTML Help is missing, system error " + std::to_string(::GetLastError()));

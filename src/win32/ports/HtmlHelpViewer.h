@@ -2,15 +2,13 @@
 
 #include "base/Trace.h"
 #include "ports/HelpViewer.h"
-#include "win32/Handles.h"
 #include "win32/WindowsApi.h"
 
 namespace pellmark {
 
-using ModuleHandle = Handle<HMODULE, &::FreeLibrary>;
-
 /// The system's HTML Help, loaded at the first call and from the system folder only. Without it nothing is
-/// shown, which the trace records.
+/// shown, which the trace records. The library stays for good: its windows stay open, and run its code, when
+/// the component has gone.
 class HtmlHelpViewer : public HelpViewer {
   public:
     explicit HtmlHelpViewer(Trace& trace) : trace_(trace) {}
@@ -22,7 +20,7 @@ class HtmlHelpViewer : public HelpViewer {
     void open(WindowHandle owner, const std::string& helpFile, DWORD_PTR data);
 
     Trace& trace_;
-    ModuleHandle library_;
+    HMODULE library_ = nullptr;  ///< never freed
 };
 
 }  // namespace pellmark

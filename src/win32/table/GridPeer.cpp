@@ -18,7 +18,7 @@ bool isDown(int key) {
 }  // namespace
 
 GridPeer::GridPeer(FormWindow& form, Grid& grid, HWND parent)
-    : TablePeer(form, grid, std::make_unique<GridTable>(grid)) {
+    : TablePeer(form, grid, std::make_unique<GridTable>(grid, form.surroundings().trace())) {
     create(parent, true);
     gridChanged_ = grid.gridChanged.subscribe([this](const GridChange& change) { modelChanged(change); });
     paintRequested_ = grid.paintRequested.subscribe([this] { ::UpdateWindow(window()); });
@@ -49,6 +49,7 @@ void GridPeer::modelChanged(const GridChange& change) {
             showRow(row);
             break;
         case GridChange::What::Rows:
+            gridTable().takeRows();
             showRows();
             break;
         case GridChange::What::Columns:
@@ -69,6 +70,7 @@ void GridPeer::modelChanged(const GridChange& change) {
             scrollTo(row);
             break;
         case GridChange::What::All:
+            gridTable().takeRows();
             gridTable().takeColumns();
             showAll();
             break;

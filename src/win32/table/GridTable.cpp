@@ -49,7 +49,14 @@ void GridTable::userMoved(int from, int to) {
 
 std::string GridTable::text(int row, int column) const {
     const int col = colOf(column);
-    return col < 0 ? std::string() : grid_->displayText(gridRow(row), col);
+    if (col < 0 || row < 0 || unreadable_.contains(static_cast<std::size_t>(row))) return {};
+    try {
+        return grid_->displayText(gridRow(row), col);
+    } catch (...) {
+        if (unreadable_.count() == 0) trace_.record("GridTable::text", describeCurrentException());
+        unreadable_.add(static_cast<std::size_t>(row));
+        return {};
+    }
 }
 
 CellStyle GridTable::style(int row, int column) const {

@@ -2,20 +2,25 @@
 
 #include <vector>
 
+#include "base/Trace.h"
 #include "controls/grid/Grid.h"
 #include "win32/table/ShownTable.h"
 
 namespace pellmark {
 
-/// A grid's data rows and its columns that are not hidden. Row 0 here is the first row below the headings.
+/// A grid's data rows and its columns that are not hidden. Row 0 here is the first row below the headings. A
+/// row whose texts cannot be read is shown empty and not asked for again, which would be done at every
+/// painting, until the grid has other rows; the first failure is traced.
 class GridTable : public ShownTable {
   public:
-    explicit GridTable(Grid& grid) : grid_(&grid) { takeColumns(); }
+    GridTable(Grid& grid, Trace& trace) : grid_(&grid), trace_(trace) { takeColumns(); }
 
     /// Forgets the grid.
     void detach() { grid_ = nullptr; }
     /// Looks anew which columns are shown in what order.
     void takeColumns();
+    /// Rows that could not be read are asked for again.
+    void takeRows() { unreadable_.clear(); }
     /// The grid's column behind a shown one; -1 when there is none.
     int colOf(int column) const;
     /// The shown column of a grid's column, -1 while that is hidden.
@@ -43,7 +48,9 @@ class GridTable : public ShownTable {
 
   private:
     Grid* grid_;
+    Trace& trace_;
     std::vector<int> columns_;
+    mutable RowSelection unreadable_;
 };
 
 }  // namespace pellmark

@@ -31,5 +31,15 @@ TEST(HtmlHelpViewerTest, TheLibraryIsNotTakenFromTheCurrentFolder) {
     EXPECT_EQ(::CompareStringOrdinal(path, ::lstrlenW(system), system, ::lstrlenW(system), TRUE), CSTR_EQUAL);
 }
 
+TEST(HtmlHelpViewerTest, TheLibraryStaysUnderAHelpWindowThatOutlivesTheViewer) {
+    RecordingTrace trace;
+    {
+        HtmlHelpViewer viewer(trace);
+        viewer.openContext(0, "C:\\no such folder\\qdl.chm", 5000);
+    }
+    ASSERT_TRUE(trace.lines().empty());
+    EXPECT_NE(::GetModuleHandleW(L"hhctrl.ocx"), nullptr);
+}
+
 }  // namespace
 }  // namespace pellmark::test

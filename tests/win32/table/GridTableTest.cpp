@@ -2,7 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include "base/Error.h"
 #include "support/FormHarness.h"
+#include "support/RecordingTrace.h"
 
 namespace pellmark::test {
 namespace {
@@ -29,7 +31,8 @@ class GridTableTest : public ::testing::Test, protected FormHarness {
     }
 
     Grid grid{form, "grid"};
-    GridTable table{grid};
+    RecordingTrace trace;
+    GridTable table{grid, trace};
 };
 
 TEST_F(GridTableTest, ShownColumnsAreThoseThatAreNotHidden) {
@@ -80,6 +83,43 @@ TEST_F(GridTableTest, WithoutItsGridItAnswersNothingAndDoesNothing) {
     EXPECT_EQ(table.current(), -1);
     EXPECT_FALSE(table.isSelected(0));
     EXPECT_EQ(grid.selectedRows(), 0);
+}
+
+/// A store whose pages fail from some record on.
+class FailingRecords : public RecordSet {
+  public:
+    const std::vector<std::string>& fields() const override { return fields_; }
+    std::size_t count() override { return 100; }
+    std::optional<std::vector<Guid>> keys() override { return std::nullopt; }
+    std::string text(std::size_t record, std::size_t) override {
+        ++asked;
+        if (record >= 10) throw Error(5, "Test", "the page failed");
+        return "text";
+    }
+    int asked = 0;
+
+  private:
+    std::vector<std::string> fields_{"b"};
+};
+
+TEST_F(GridTableTest, ARowThatCannotBeReadIsShownEmptyTracedOnceAndNotAskedForAgain) {
+    const auto records = std::make_shared<FailingRecords>();
+    grid.setColKey(1, "b");
+    grid.setColKey(3, "b");
+    grid.bind(records);
+    for (int painting = 0; painting < 3; ++painting) {
+        EXPECT_EQ(table.text(9, 0), "text");
+        EXPECT_EQ(table.text(10, 0), "");
+        EXPECT_EQ(table.text(10, 1), "");
+        EXPECT_EQ(table.text(11, 1), "");
+    }
+    EXPECT_EQ(records->asked, 3 + 2);
+    EXPECT_EQ(trace.lines().size(), 1U);
+    EXPECT_TRUE(trace.trapped("GridTable::text"));
+    table.takeRows();
+    EXPECT_EQ(table.text(10, 0), "");
+    EXPECT_EQ(records->asked, 3 + 2 + 1);
+    EXPECT_EQ(trace.lines().size(), 2U);
 }
 
 }  // namespace

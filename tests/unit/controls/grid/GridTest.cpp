@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "base/Error.h"
 #include "base/Text.h"
 #include "knowledge/MemoryRecordSet.h"
@@ -252,6 +254,97 @@ TEST_F(GridTest, SelectingAMillionRowsIsOneChangeOfOneRun) {
     EXPECT_EQ(grid.selectedRows(), 1000000);
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(runs, 1);
+}
+
+TEST_F(GridTest, AChangeWithRedrawingOffIsOneChangeOfTheCurrentRow) {
+    grid.setRows(11);
+    grid.select(2, 0);
+    int changes = 0;
+    const auto changed = grid.rowChanged.subscribe([&] { ++changes; });
+    {
+        Grid::RedrawOff off(grid);
+        grid.bind(std::make_shared<CountingRecords>(9));
+        grid.setRowDataFromColumn(0);
+        const Grid::RedrawOff inner(grid);
+        grid.select(1, 0);
+        grid.select(3, 0);
+        EXPECT_EQ(changes, 0);
+    }
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(GridTest, RemovingSixRowsWithRedrawingOffIsOneChangeOfTheCurrentRow) {
+    grid.setRows(11);
+    grid.select(6, 0);
+    int changes = 0;
+    const auto changed = grid.rowChanged.subscribe([&] { ++changes; });
+    {
+        Grid::RedrawOff off(grid);
+        for (int row = 6; row > 0; --row)
+            grid.removeRow(row);
+    }
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(grid.row(), 1);
+}
+
+TEST_F(GridTest, LeavingAndComingBackWithRedrawingOffIsNoChangeOfTheCurrentRow) {
+    grid.setRows(11);
+    grid.select(2, 0);
+    int changes = 0;
+    const auto changed = grid.rowChanged.subscribe([&] { ++changes; });
+    {
+        Grid::RedrawOff off(grid);
+        grid.select(5, 0);
+        grid.select(2, 0);
+    }
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(GridTest, AnotherRecordInTheSameRowIsAChangeOfTheCurrentRow) {
+    grid.setRows(11);
+    grid.setRowData(2, "one");
+    grid.select(2, 0);
+    int changes = 0;
+    const auto changed = grid.rowChanged.subscribe([&] { ++changes; });
+    {
+        Grid::RedrawOff off(grid);
+        grid.setRowData(2, "other");
+    }
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(GridTest, TheColourOfAColumnLeavesItalicsAndPicturesAlone) {
+    grid.setRows(11);
+    grid.setItalic(2, 1, true);
+    grid.setForeColor(2, 1, kRed);
+    grid.setBackColor(3, 1, kGreen);
+    grid.setColumnForeColor(1, kBlack);
+    EXPECT_TRUE(grid.style(2, 1).italic);
+    EXPECT_EQ(grid.style(2, 1).fore, kBlack);
+    EXPECT_EQ(grid.style(3, 1).back, kGreen);
+    EXPECT_EQ(grid.style(10, 1).fore, kBlack);
+    EXPECT_FALSE(grid.style(10, 1).italic);
+    EXPECT_EQ(grid.style(2, 0).fore, std::nullopt);
+}
+
+TEST_F(GridTest, EveryOrderOfSixColumnsCanBeRestored) {
+    grid.setHeadings("A|B|C|D|E|F");
+    std::vector<int> order{0, 1, 2, 3, 4, 5};
+    int orders = 0;
+    do {
+        std::vector<Grid::ColPosition> wanted;
+        for (int col = 0; col < 6; ++col) {
+            const auto place = std::find(order.begin(), order.end(), col) - order.begin();
+            wanted.push_back({col, static_cast<int>(place)});
+        }
+        int changes = 0;
+        const auto changed = grid.gridChanged.subscribe([&](const GridChange&) { ++changes; });
+        grid.setColPositions(wanted);
+        ASSERT_EQ(grid.displayOrder(), order);
+        ASSERT_LE(changes, 1);
+        ++orders;
+    } while (std::next_permutation(order.begin(), order.end()));
+    EXPECT_EQ(orders, 720);
 }
 
 TEST_F(GridTest, SelectingABlockOfAnEmptyGridSelectsNothing) {

@@ -41,7 +41,7 @@ struct ListViewTest : testing::Test {
         return texts;
     }
 
-    Container root{Control::Kind::Frame, nullptr, "form"};
+    Container root{Control::Kind::Frame, nullptr, "frame"};
     ListView list{root, "LV1"};
 };
 
@@ -50,6 +50,42 @@ TEST_F(ListViewTest, ShowsItsItemsInTheOrderOfTheirAdding) {
     EXPECT_THAT(shown(), ElementsAre("b", "a", "c"));
     EXPECT_EQ(list.item(1).key, "key of a");
     EXPECT_EQ(list.indexOf("key of c"), 2);
+}
+
+TEST_F(ListViewTest, AWidthThatAPersonHasChosenOutlastsTheFormsLayoutAndAnotherHeading) {
+    list.setColumnHeaders({{"Members", 0}, {"Notes", 0}});
+    list.suggestColumnWidth(0, 2000);
+    list.suggestColumnWidth(1, 2000);
+    list.userResizedColumn(0, 900);
+    list.setColumnHeading(0, "Mitglieder");
+    list.suggestColumnWidth(0, 3000);
+    list.suggestColumnWidth(1, 3000);
+    EXPECT_EQ(list.columnHeaders()[0].width, 900);
+    EXPECT_EQ(list.columnHeaders()[0].text, "Mitglieder");
+    EXPECT_EQ(list.columnHeaders()[1].width, 3000);
+}
+
+TEST_F(ListViewTest, AStoredWidthOutlastsTheFormsLayoutEvenWhereBothAreEqual) {
+    list.setColumnHeaders({{"Members", 0}});
+    list.suggestColumnWidth(0, 2000);
+    list.setColumnWidth(0, 2000);
+    list.suggestColumnWidth(0, 3000);
+    list.suggestColumnWidth(7, 3000);
+    EXPECT_EQ(list.columnHeaders()[0].width, 2000);
+}
+
+TEST_F(ListViewTest, ARunOfItemsIsSelectedInOneChange) {
+    fill({"a", "b", "c", "d", "e"});
+    int changes = 0;
+    const auto changed = list.selectionChanged.subscribe([&] { ++changes; });
+    list.setSelected(1, 3, true);
+    EXPECT_THAT(selected(), ElementsAre("b", "c", "d"));
+    EXPECT_EQ(changes, 1);
+    list.selectOnly(3, 9);
+    EXPECT_THAT(selected(), ElementsAre("d", "e"));
+    EXPECT_EQ(changes, 2);
+    list.setSelected(-4, 3, false);
+    EXPECT_THAT(selected(), ElementsAre("e"));
 }
 
 TEST_F(ListViewTest, SubItemsStandInTheColumnsBesideTheCaption) {
