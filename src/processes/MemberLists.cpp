@@ -88,8 +88,8 @@ void MemberLists::arrange(Size client) {
     const Twips width = std::max(lists / 2, 0);
     LV1.setBounds({side, top, width, height});
     LV2.setBounds({client.width - side - width, top, width, height});
-    LV1.setColumnWidth(0, width - kScrollBar);
-    LV2.setColumnWidth(0, width - kScrollBar);
+    LV1.suggestColumnWidth(0, width - kScrollBar);
+    LV2.suggestColumnWidth(0, width - kScrollBar);
 
     const Twips left = LV1.bounds().right() + kGap;
     Twips at = top;
