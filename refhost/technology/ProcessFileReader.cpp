@@ -163,14 +163,4 @@ std::ifstream openProcessFile(const std::string& path) {
     return in;
 }
 
-std::vector<Operation> loadProcessFile(const std::string& path) {
-    std::ifstream in = openProcessFile(path);
-    ProcessFileReader reader(in, path);
-    std::vector<Operation> operations;
-    operations.reserve(static_cast<std::size_t>(reader.count()));
-    while (auto operation = reader.next())
-        operations.push_back(*std::move(operation));
-    return operations;
-}
-
 }  // namespace norvex

@@ -5,7 +5,6 @@
 #include <istream>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "refhost/technology/Operation.h"
 
@@ -46,8 +45,5 @@ class ProcessFileReader {
 
 /// Opens a file for reading; throws kFileNotFound where there is none. The path is UTF-8.
 std::ifstream openProcessFile(const std::string& path);
-
-/// All operations of a file; as above, and kFileNotFound where there is none. The path is UTF-8.
-std::vector<Operation> loadProcessFile(const std::string& path);
 
 }  // namespace norvex
