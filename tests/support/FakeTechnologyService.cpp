@@ -12,6 +12,7 @@ FakeTechnology& mine(TechnologyObject& technology) {
 
 void FakeTechnologyService::called(const std::string& operation, const std::string& details) {
     calls.push_back(details.empty() ? operation : operation + " " + details);
+    if (onCall) onCall(operation);
     const auto failure = failures_.find(operation);
     if (failure != failures_.end()) throw failure->second;
 }

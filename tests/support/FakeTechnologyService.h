@@ -44,6 +44,8 @@ class FakeTechnologyService : public TechnologyService {
     void damage(const std::string& path, const std::string& text) { damaged_.insert_or_assign(path, text); }
     /// write answers false and leaves what is there.
     bool refusesToWrite = false;
+    /// Told of each call by its operation, while it runs: the host's windows are open then.
+    std::function<void(const std::string& operation)> onCall;
     /// Every later call of the operation ("create", "edit", ...) throws, after it has been noted.
     void throwOn(const std::string& operation, std::int32_t number = errors::kHostInterface,
                  const std::string& description = "The technology service failed on purpose.");

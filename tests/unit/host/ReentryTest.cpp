@@ -11,11 +11,36 @@
 #include "processes/FrmAddEditProcess.h"
 #include "processes/FrmAddExistingProcess.h"
 #include "processes/FrmEditProcessMaterials.h"
+#include "steps/FrmAddEditProcessTechStep.h"
 #include "support/ObligingDesktop.h"
 #include "support/PortsHarness.h"
 
 namespace pellmark::test {
 namespace {
+
+/// A person who chooses one path in every dialog.
+class ObligingFileDialogs : public FileDialogs {
+  public:
+    std::string answer;
+    std::function<void(const std::string& what)> onShown;
+
+    FileDialogResult open(const FileDialogRequest& request, const FileDialogHook& hook) override {
+        return choose(request, hook);
+    }
+    FileDialogResult save(const FileDialogRequest& request, const FileDialogHook& hook) override {
+        return choose(request, hook);
+    }
+    std::string fileTitle(const std::string& path) override { return path; }
+
+  private:
+    FileDialogResult choose(const FileDialogRequest&, const FileDialogHook&) {
+        if (onShown) onShown("file dialog");
+        FileDialogResult chosen;
+        chosen.confirmed = true;
+        chosen.fileNames = {answer};
+        return chosen;
+    }
+};
 
 /// One component over a small knowledge base, and a host that does one thing at one moment.
 class Sweep {
@@ -32,6 +57,17 @@ class Sweep {
         base.addFeatureCase(hole, description.valueIds, {processes[0], processes[1]});
         base.processStore().addMaterial(processes[0], steel);
         base.addNvxFeatureType(3, "Holes");
+        const auto point = [this](const std::string& what) { reached(what); };
+        base.addCuttingCycle(602, "Drilling", 6);
+        for (const char* name : {"Centre", "Drill"})
+            steps.push_back(base.addStep(processes[0], name, 1, 602));
+        library.technology.setDefaults(
+            FakeTechnology(602, "Drilling").add(1101, 90.0, TechnologyParameter::kKindKept));
+        library.technology.onCall = point;
+        library.technology.editor = [](FakeTechnology&) { return TechnologyService::kAccepted; };
+        library.technology.wizard = [](FakeTechnology&) { return true; };
+        library.technology.putFile("C:\\p.prc", {FakeTechnology(602, "Tap")});
+        files.makeFile("C:\\p.prc", "x");
         host->builtRule = "D > 8";
         const auto click = [](auto button) { return [button](Form& form) { button(form).click(); }; };
         desktop.scripts["FrmAddEditProcess"] = [](Form& form) {
@@ -53,11 +89,11 @@ class Sweep {
             click([](Form& form) -> Button& { return static_cast<FrmEditProcessMaterials&>(form).CmdOk; });
         desktop.scripts["FrmMain"] =
             click([](Form& form) -> Button& { return static_cast<FrmMain&>(form).CmdOK; });
-        const auto point = [this](const std::string& what) { reached(what); };
         base.tables().onCall = point;
         host->onCall = point;
         library.onCall = point;
         desktop.onShown = point;
+        fileDialogs.onShown = point;
     }
 
     /// A person's gesture, as a window brings it: inside a scope.
@@ -91,13 +127,14 @@ class Sweep {
     MemoryFileSystem files;
     NoIdle idle;
     RecordingHelp help;
-    ScriptedFileDialogs fileDialogs;
+    ObligingFileDialogs fileDialogs;
     FakeHostLibrary library{base};
     ObligingDesktop desktop{operations};
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();
     CaseDescription description;
     std::string other;
     std::vector<std::string> processes;
+    std::vector<std::string> steps;
     std::unique_ptr<Application> app =
         std::make_unique<Application>(Platform{desktop, registry, codePage, files, idle, help, fileDialogs,
                                                library, operations, "C:\\Pellmark", "Norvex"});
@@ -175,6 +212,41 @@ const std::vector<Command>& commands() {
         {"a filter", [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmbFTUnit.choose(1); }); }},
         {"the material filter",
          [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmbPartMaterial.choose(1); }); }},
+        {"New step",
+         [](Sweep& s) {
+             s.desktop.scripts["frmAddEditProcessTechStep"] = [](Form& form) {
+                 static_cast<frmAddEditProcessTechStep&>(form).CmdOk.click();
+             };
+             s.take(&FrmMain::VSFGProcessStep, "mnuProcessStepAddNew");
+         }},
+        {"Edit step", [](Sweep& s) { s.take(&FrmMain::VSFGProcessStep, "mnuProcessStepEdit"); }},
+        {"Delete step", [](Sweep& s) { s.take(&FrmMain::VSFGProcessStep, "mnuProcessStepDelete"); }},
+        {"Open a process file",
+         [](Sweep& s) {
+             s.fileDialogs.answer = "C:\\p.prc";
+             s.take(&FrmMain::VSFGProcessStep, "mnuProcessStepOpen");
+         }},
+        {"Save a process file",
+         [](Sweep& s) {
+             s.fileDialogs.answer = "C:\\q.prc";
+             s.take(&FrmMain::VSFGProcessStep, "mnuProcessStepSave");
+         }},
+        {"another name of a step",
+         [](Sweep& s) {
+             s.gesture([](FrmMain& form) {
+                 Grid& grid = form.VSFGProcessStep;
+                 if (grid.beginEdit(1, grid.colIndex(field::kName))) grid.commitEdit("Spot drill");
+             });
+         }},
+        {"another step",
+         [](Sweep& s) { s.gesture([](FrmMain& form) { form.VSFGProcessStep.select(2, 4); }); }},
+        {"a drag of steps",
+         [](Sweep& s) {
+             s.gesture([](FrmMain& form) {
+                 DragData drag;
+                 form.VSFGProcessStep.dragStarted.raise(drag);
+             });
+         }},
         {"a tab", [](Sweep& s) { s.gesture([](FrmMain& form) { form.TabCtrl.click(0); }); }},
         {"Help", [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmdHelp.click(); }); }},
         {"Exit", [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmdCancel.click(); }); }},
