@@ -101,7 +101,7 @@ TEST_F(ApplicationTest, AnotherHostWindowGetsTheFormAgain) {
 
 TEST_F(ApplicationTest, DisposeReleasesEverythingAndLaterCallsDoNothing) {
     app->ShowWindowProcessesView(host, "");
-    EXPECT_EQ(library.alive, 3);
+    EXPECT_EQ(library.alive, 4);
     app->Dispose();
     EXPECT_EQ(library.alive, 0);
     EXPECT_THAT(windows(), Contains("destroy FrmMain"));

@@ -368,13 +368,14 @@ TEST_F(GridTest, RowChangeIsHeardOncePerChange) {
     EXPECT_EQ(grid.text(grid.row(), "_Name"), "c");
 }
 
-TEST_F(GridTest, AColumnColourForgetsTheCells) {
+TEST_F(GridTest, AColumnColourTakesThePlaceOfTheCellsAndLeavesTheirItalics) {
     fill(2);
     grid.setForeColor(1, 1, kRed);
     grid.setItalic(2, 1, true);
     grid.setColumnForeColor(1, kBlack);
     EXPECT_EQ(grid.style(1, 1).fore, kBlack);
-    EXPECT_FALSE(grid.style(2, 1).italic);
+    EXPECT_TRUE(grid.style(2, 1).italic);
+    EXPECT_EQ(grid.style(2, 1).fore, kBlack);
     EXPECT_EQ(grid.style(1, 0).fore, std::nullopt);
 }
 
