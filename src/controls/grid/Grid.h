@@ -179,7 +179,8 @@ class Grid : public Control {
     /// Selects these rows and no others; those that were selected keep their place in the order.
     void selectOnly(int row1, int row2);
     void selectAll();
-    /// The first and last row of each run of selected rows, from the top.
+    /// The first and last row of each run of selected rows, from the top; neighbours that were selected at
+    /// different times are runs of their own.
     void eachSelectedRun(const std::function<void(int first, int last)>& visit) const;
     /// Selects the rows of a block and nothing else; (row1, col1) becomes current.
     void selectBlock(int row1, int col1, int row2, int col2);

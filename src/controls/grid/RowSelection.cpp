@@ -25,7 +25,7 @@ void RowSelection::addRange(std::size_t first, std::size_t last) {
     const auto fill = [&](Runs::iterator next, std::size_t from, std::size_t to) {
         // Rows added one behind the other, as by walking down with Shift, are one run.
         const bool follows = count_ == before && next != runs_.begin() &&
-                             std::prev(next)->second.last + 1 == from &&
+                             std::prev(next)->second.last + 1 == from && newest_ + 1 == from &&
                              std::prev(next)->second.turn + 1 == turns_;
         if (follows) {
             std::prev(next)->second.last = to;
@@ -34,6 +34,7 @@ void RowSelection::addRange(std::size_t first, std::size_t last) {
             isNew = true;
         }
         count_ += to - from + 1;
+        newest_ = to;
     };
     auto next = runs_.upper_bound(first);
     std::size_t from = first;

@@ -41,6 +41,7 @@ class RowSelection {
     Runs runs_;  ///< by first slot
     std::size_t count_ = 0;
     std::uint64_t turns_ = 0;
+    std::size_t newest_ = 0;            ///< the slot that came last
     mutable std::vector<Place> order_;  ///< made when somebody looks by position, empty until then
 };
 
