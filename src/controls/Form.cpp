@@ -50,7 +50,13 @@ void Form::embed(const EmbeddedPlace& place) {
     if (!isLoaded()) return;
     shown_ = true;
     embeddedIn_ = place.parent;
-    peer_->embed(place);
+    try {
+        peer_->embed(place);
+    } catch (...) {
+        shown_ = false;
+        embeddedIn_ = 0;
+        throw;
+    }
 }
 
 std::optional<EmbeddedPlace> Form::embeddedPlace() const {

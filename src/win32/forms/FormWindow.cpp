@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 
+#include "base/Error.h"
 #include "win32/WideText.h"
 #include "win32/forms/PopupMenu.h"
 
@@ -199,6 +200,10 @@ void FormWindow::rescale() {
 
 void FormWindow::embed(const EmbeddedPlace& place) {
     const auto parent = reinterpret_cast<HWND>(place.parent);
+    if (!::IsWindow(parent)) {
+        // without one the form would stand on the desktop, with nobody to close it
+        throw Error(errors::kHostInterface, "FormWindow", "The host's window does not exist, or no longer.");
+    }
     embedded_ = true;
     modalEnded_ = false;
     const LONG_PTR own = ::GetWindowLongPtrW(window(), GWL_STYLE) & (WS_DISABLED | WS_VISIBLE);

@@ -35,6 +35,15 @@ TEST_F(FormWindowTest, AnEmbeddedFormIsABorderlessChildThatFillsItsParent) {
     EXPECT_TRUE(::IsWindowVisible(window()));
 }
 
+TEST_F(FormWindowTest, NoFormIsEmbeddedInAWindowThatIsGone) {
+    const HWND gone =
+        ::CreateWindowW(L"STATIC", nullptr, WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    ::DestroyWindow(gone);
+    EXPECT_THROW(form->embed(reinterpret_cast<WindowHandle>(gone)), Error);
+    EXPECT_FALSE(form->isShown());
+    EXPECT_FALSE(::IsWindowVisible(window()));
+}
+
 TEST_F(FormWindowTest, TheLayoutFollowsWhenTheHostMovesAnEmbeddedForm) {
     embed();
     ::MoveWindow(window(), 0, 0, 500, 400, TRUE);
