@@ -10,7 +10,7 @@ namespace {
 
 /// What cannot be made is reported by the opening of the file, which names it.
 void makeFolderOf(const std::string& path) {
-    std::wstring folder = pellmark::wideFromUtf8(path);
+    std::wstring folder = pellmark::toWide(path);
     for (std::size_t at = folder.find(L'\\'); at != std::wstring::npos; at = folder.find(L'\\', at + 1)) {
         CreateDirectoryW(folder.substr(0, at).c_str(), nullptr);
     }

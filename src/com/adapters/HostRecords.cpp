@@ -31,7 +31,7 @@ HostRecord recordFromStructure(const ArrayReader& structures, std::size_t at, co
                                const DispatchResult& result) {
     HostRecord record;
     for (const char* name : fields) {
-        VariantArg value = structures.field(at, wideFromUtf8(name).c_str());
+        VariantArg value = structures.field(at, toWide(name).c_str());
         record.push_back(DispatchResult(std::move(value), result.member()).text());
     }
     return record;
@@ -97,7 +97,7 @@ VariantArg arrayOfVariants(const std::vector<Element>& elements) {
 
 std::vector<HostRecord> readRecords(const DispatchResult& result, std::initializer_list<const char*> fields) {
     if (result.value().type() == VT_BSTR)
-        return unpackRecords(unitsOf(result.value().get().bstrVal), fields.size());
+        return unpackRecords(Bstr::units(result.value().get().bstrVal), fields.size());
     if (isArray(result.value().get())) return recordsFromArray(result, fields);
     if (result.value().type() != VT_DISPATCH) result.failBecause("did not answer with records.");
     return recordsFromSet(*adaptRecordSet(result.object()), fields);

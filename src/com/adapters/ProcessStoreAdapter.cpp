@@ -18,11 +18,7 @@ Bstr packedIds(const std::vector<std::string>& ids) {
     PackedTextWriter writer;
     for (const auto& id : ids)
         writer.add(id);
-    const std::u16string& packed = writer.text();
-    BSTR text =
-        SysAllocStringLen(reinterpret_cast<const wchar_t*>(packed.data()), static_cast<UINT>(packed.size()));
-    if (text == nullptr) throw std::bad_alloc();
-    return Bstr::adopt(text);
+    return Bstr::ofUnits(writer.text());
 }
 
 }  // namespace
