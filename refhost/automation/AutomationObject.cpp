@@ -4,7 +4,7 @@
 
 #include "automation/Coercion.h"
 #include "automation/Guard.h"
-#include "refhost/automation/TypeLibrary.h"
+#include "automation/TypeLibrary.h"
 
 namespace norvex {
 
@@ -34,7 +34,7 @@ std::vector<std::string> Arguments::texts(std::size_t position) const {
 std::u16string Arguments::packedText(std::size_t position) const {
     const VARIANT& value = pellmark::innermost(at(position));
     if (value.vt != VT_BSTR) throw CallError(DISP_E_TYPEMISMATCH, "is not a packed text");
-    return {reinterpret_cast<const char16_t*>(value.bstrVal), SysStringLen(value.bstrVal)};
+    return std::u16string(pellmark::Bstr::units(value.bstrVal));
 }
 
 HRESULT AutomationObject::QueryInterface(REFIID iid, void** object) {
@@ -65,7 +65,8 @@ HRESULT AutomationObject::GetTypeInfoCount(UINT* count) {
 HRESULT AutomationObject::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
     if (info == nullptr) return E_POINTER;
     *info = nullptr;
-    return index != 0 ? DISP_E_BADINDEX : loadTypeInfo(interfaceId_, info);
+    if (index != 0) return DISP_E_BADINDEX;
+    return pellmark::trapAsResult(name_, [&] { *info = pellmark::loadTypeInfo(interfaceId_).release(); });
 }
 
 HRESULT AutomationObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
@@ -86,26 +87,10 @@ HRESULT AutomationObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPA
     if (parameters == nullptr) return E_INVALIDARG;
     if (result != nullptr) VariantInit(result);
     const pellmark::ComPtr<IDispatch> alive(this);  // a member may release the last reference of its caller
-    try {
+    return pellmark::trapAsResult(name_, exception, argument, [&] {
         VariantArg value = invoke(id, flags, *parameters);
         if (result != nullptr) *result = value.release();
-        return S_OK;
-    } catch (...) {
-        try {
-            const pellmark::Failure failure = pellmark::describeFailure(name_);
-            if (failure.argument && argument != nullptr) *argument = *failure.argument;
-            if (failure.isCallError) return failure.code;
-            if (exception != nullptr) {
-                *exception = EXCEPINFO{};
-                exception->scode = failure.code;
-                exception->bstrSource = pellmark::Bstr(failure.source).release();
-                exception->bstrDescription = pellmark::Bstr(failure.description).release();
-            }
-            return DISP_E_EXCEPTION;
-        } catch (...) {
-            return E_OUTOFMEMORY;
-        }
-    }
+    });
 }
 
 void AutomationObject::method(DISPID id, const wchar_t* name, std::size_t arguments, Function function) {

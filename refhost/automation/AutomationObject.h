@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -77,7 +78,7 @@ class AutomationObject : public IDispatch {
     const char* name_;
     IID interfaceId_;
     std::vector<Member> members_;
-    ULONG references_ = 0;
+    std::atomic<ULONG> references_{0};
     pellmark::module::Lock lock_;
 };
 

@@ -42,7 +42,7 @@ void ExpressionDialog::fill(HWND dialog) const {
     const HWND terms = GetDlgItem(dialog, IDC_TERMS);
     for (const wchar_t* term : kTerms)
         SendMessageW(terms, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(term));
-    SetDlgItemTextW(dialog, IDC_RULE, pellmark::wideFromUtf8(rule_).c_str());
+    SetDlgItemTextW(dialog, IDC_RULE, pellmark::toWide(rule_).c_str());
 }
 
 INT_PTR ExpressionDialog::command(HWND dialog, WPARAM wide) {
@@ -54,7 +54,7 @@ INT_PTR ExpressionDialog::command(HWND dialog, WPARAM wide) {
             insertTerm(dialog);
             return TRUE;
         case IDOK:
-            rule_ = pellmark::utf8FromWide(textOf(GetDlgItem(dialog, IDC_RULE)));
+            rule_ = pellmark::fromWide(textOf(GetDlgItem(dialog, IDC_RULE)));
             EndDialog(dialog, IDOK);
             return TRUE;
         case IDCANCEL:

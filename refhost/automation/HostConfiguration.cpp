@@ -23,11 +23,11 @@ std::string environment(const wchar_t* name) {
     std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
     if (value.empty()) return {};
     value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
-    return pellmark::utf8FromWide(value);
+    return pellmark::fromWide(value);
 }
 
 void setEnvironment(const wchar_t* name, const std::string& value) {
-    SetEnvironmentVariableW(name, value.empty() ? nullptr : pellmark::wideFromUtf8(value).c_str());
+    SetEnvironmentVariableW(name, value.empty() ? nullptr : pellmark::toWide(value).c_str());
 }
 
 std::string registryText(const wchar_t* value) {
@@ -42,7 +42,7 @@ std::string registryText(const wchar_t* value) {
         return {};
     }
     text.resize(text.find(L'\0'));
-    return pellmark::utf8FromWide(text);
+    return pellmark::fromWide(text);
 }
 
 std::optional<std::int16_t> numberFrom(const std::string& text) {
@@ -103,7 +103,7 @@ void setCurrentUnit(std::int16_t unit) {
 
 std::string installationFolder() {
     const std::wstring path = pellmark::module::path();
-    return pellmark::utf8FromWide(path.substr(0, path.find_last_of(L'\\') + 1));
+    return pellmark::fromWide(path.substr(0, path.find_last_of(L'\\') + 1));
 }
 
 std::string processFolder() {
@@ -115,7 +115,7 @@ std::string processFolder() {
 }
 
 void makeFolderOf(const std::string& path) {
-    std::wstring folder = pellmark::wideFromUtf8(path);
+    std::wstring folder = pellmark::toWide(path);
     for (std::size_t at = folder.find(L'\\'); at != std::wstring::npos; at = folder.find(L'\\', at + 1)) {
         CreateDirectoryW(folder.substr(0, at).c_str(), nullptr);
     }

@@ -11,8 +11,8 @@ namespace norvex {
 
 namespace {
 
-using pellmark::utf8FromWide;
-using pellmark::wideFromUtf8;
+using pellmark::fromWide;
+using pellmark::toWide;
 
 enum Column { kCaption, kValue, kUnit, kSource, kColumns };
 
@@ -23,7 +23,7 @@ constexpr WPARAM kLastUnprintable = 0x20;
 std::string textOf(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
     text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return utf8FromWide(text);
+    return fromWide(text);
 }
 
 }  // namespace
@@ -75,7 +75,7 @@ void ParameterGrid::refresh() {
 }
 
 void ParameterGrid::setCell(int row, int column, const std::string& text) {
-    std::wstring wide = wideFromUtf8(text);
+    std::wstring wide = toWide(text);
     LVITEMW item{};
     item.iSubItem = column;
     item.pszText = wide.data();
@@ -117,18 +117,18 @@ HWND ParameterGrid::makeInput(const EditorRow& row, const RECT& cell) {
     constexpr int kListHeight = 200;
     const DWORD style = WS_CHILD | WS_VISIBLE;
     if (!row.isChoice) {
-        return CreateWindowExW(
-            0, L"EDIT", wideFromUtf8(row.value).c_str(), style | WS_BORDER | ES_AUTOHSCROLL, cell.left,
-            cell.top, cell.right - cell.left, cell.bottom - cell.top, list_, nullptr, instance, nullptr);
+        return CreateWindowExW(0, L"EDIT", toWide(row.value).c_str(), style | WS_BORDER | ES_AUTOHSCROLL,
+                               cell.left, cell.top, cell.right - cell.left, cell.bottom - cell.top, list_,
+                               nullptr, instance, nullptr);
     }
     const HWND combo =
         CreateWindowExW(0, L"COMBOBOX", nullptr, style | WS_VSCROLL | CBS_DROPDOWNLIST, cell.left, cell.top,
                         cell.right - cell.left, kListHeight, list_, nullptr, instance, nullptr);
     SendMessageW(combo, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), cell.bottom - cell.top - 6);
     for (const char* choice : choices())
-        SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wideFromUtf8(choice).c_str()));
+        SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(choice).c_str()));
     SendMessageW(combo, CB_SELECTSTRING, static_cast<WPARAM>(-1),
-                 reinterpret_cast<LPARAM>(wideFromUtf8(row.value).c_str()));
+                 reinterpret_cast<LPARAM>(toWide(row.value).c_str()));
     return combo;
 }
 

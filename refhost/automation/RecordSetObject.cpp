@@ -12,10 +12,7 @@ namespace norvex {
 using pellmark::VariantArg;
 
 VariantArg packedResult(const std::u16string& packed) {
-    BSTR text =
-        SysAllocStringLen(reinterpret_cast<const wchar_t*>(packed.data()), static_cast<UINT>(packed.size()));
-    if (text == nullptr) throw std::bad_alloc();
-    return pellmark::Bstr::adopt(text);
+    return pellmark::Bstr::ofUnits(packed);
 }
 
 RecordSetObject::RecordSetObject(std::shared_ptr<pellmark::RecordSet> records)

@@ -13,7 +13,7 @@ namespace norvex {
 
 namespace {
 
-using pellmark::wideFromUtf8;
+using pellmark::toWide;
 
 struct Page {
     Group group;
@@ -126,7 +126,7 @@ void TechnologyWindow::fill() {
         goTo(0);
     } else {
         const std::string title = "Technology - " + std::string(editor_.operation().cycle().name);
-        SetWindowTextW(dialog_, wideFromUtf8(title).c_str());
+        SetWindowTextW(dialog_, toWide(title).c_str());
         tell({});
     }
     layOut();
@@ -137,7 +137,7 @@ void TechnologyWindow::fillMaterials() {
     const HWND combo = control(IDC_TECHNOLOGY_MATERIAL);
     int chosen = 0;
     for (const auto& [letter, name] : editor_.table().classes()) {
-        const std::wstring text = wideFromUtf8(std::string(1, letter) + " - " + name);
+        const std::wstring text = toWide(std::string(1, letter) + " - " + name);
         const auto at =
             static_cast<int>(SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str())));
         if (letter == materialClass_) chosen = at;
@@ -240,7 +240,7 @@ void TechnologyWindow::goTo(int page) {
     const Page& shown = kPages[static_cast<std::size_t>(page_)];
     editor_.showGroup(shown.group);
     grid_.fill();
-    const std::wstring title = L"Step wizard - " + wideFromUtf8(editor_.operation().cycle().name) + L" (" +
+    const std::wstring title = L"Step wizard - " + toWide(editor_.operation().cycle().name) + L" (" +
                                std::to_wstring(page_ + 1) + L" of " + std::to_wstring(kPages.size()) + L": " +
                                shown.title + L")";
     SetWindowTextW(dialog_, title.c_str());
@@ -266,7 +266,7 @@ void TechnologyWindow::afterTrying(const std::string& reason) {
 void TechnologyWindow::tell(const std::string& reason) {
     isRefused_ = !reason.empty();
     const std::string text = isRefused_ ? reason : editor_.hint();
-    SetWindowTextW(control(IDC_TECHNOLOGY_MESSAGE), wideFromUtf8(text).c_str());
+    SetWindowTextW(control(IDC_TECHNOLOGY_MESSAGE), toWide(text).c_str());
 }
 
 }  // namespace norvex

@@ -13,8 +13,8 @@ namespace {
 /// The bytes of a file; empty when it cannot be read.
 std::string bytesOf(const std::string& path) {
     constexpr DWORD kLargestTable = 16U << 20U;
-    const HANDLE file = CreateFileW(pellmark::wideFromUtf8(path).c_str(), GENERIC_READ, FILE_SHARE_READ,
-                                    nullptr, OPEN_EXISTING, 0, nullptr);
+    const HANDLE file = CreateFileW(pellmark::toWide(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) return {};
     std::string bytes;
     LARGE_INTEGER size{};

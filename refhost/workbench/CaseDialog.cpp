@@ -10,7 +10,7 @@
 namespace norvex {
 
 using pellmark::RecordSet;
-using pellmark::wideFromUtf8;
+using pellmark::toWide;
 
 namespace {
 
@@ -109,7 +109,7 @@ void CaseDialog::fillValues() {
         const std::string line = keyNames[fieldOf(*values, at, pellmark::field::kKeyId)] + ": " +
                                  fieldOf(*values, at, pellmark::field::kName);
         SendDlgItemMessageW(dialog_, IDC_VALUES, LB_ADDSTRING, 0,
-                            reinterpret_cast<LPARAM>(wideFromUtf8(line).c_str()));
+                            reinterpret_cast<LPARAM>(toWide(line).c_str()));
         values_.push_back(fieldOf(*values, at, pellmark::field::kId));
     }
 }
@@ -132,7 +132,7 @@ void CaseDialog::take() {
 void CaseDialog::fillCombo(int control, RecordSet& records, const char* none, Ids& ids) {
     const auto add = [&](const std::string& text, const std::string& id) {
         SendDlgItemMessageW(dialog_, control, CB_ADDSTRING, 0,
-                            reinterpret_cast<LPARAM>(wideFromUtf8(text).c_str()));
+                            reinterpret_cast<LPARAM>(toWide(text).c_str()));
         ids.push_back(id);
     };
     SendDlgItemMessageW(dialog_, control, CB_RESETCONTENT, 0, 0);

@@ -13,7 +13,7 @@ using pellmark::VariantArg;
 DispatchObject createObject(const char* progId) {
     CLSID classId{};
     ComPtr<IDispatch> object;
-    HRESULT code = CLSIDFromProgID(pellmark::wideFromUtf8(progId).c_str(), &classId);
+    HRESULT code = CLSIDFromProgID(pellmark::toWide(progId).c_str(), &classId);
     if (SUCCEEDED(code)) {
         code = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.receiveVoid());
     }

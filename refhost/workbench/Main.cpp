@@ -20,13 +20,13 @@ std::vector<std::string> arguments() {
     wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::string> all;
     for (int at = 1; at < count; ++at)
-        all.push_back(pellmark::utf8FromWide(words[at]));
+        all.push_back(pellmark::fromWide(words[at]));
     LocalFree(words);
     return all;
 }
 
 int tell(const std::string& text, UINT icon) {
-    MessageBoxW(nullptr, pellmark::wideFromUtf8(text).c_str(), L"Norvex Workbench", MB_OK | icon);
+    MessageBoxW(nullptr, pellmark::toWide(text).c_str(), L"Norvex Workbench", MB_OK | icon);
     return icon == MB_ICONERROR ? 1 : 0;
 }
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "automation/Guard.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "refhost/texts/Languages.h"
@@ -13,7 +14,7 @@
 
 namespace norvex {
 
-using pellmark::wideFromUtf8;
+using pellmark::toWide;
 
 namespace {
 
@@ -46,7 +47,7 @@ void emptyMenu(HMENU menu) {
 /// A name as a menu entry that its first letter chooses.
 std::wstring entryOf(std::string_view name) {
     std::wstring entry = L"&";
-    for (const wchar_t c : wideFromUtf8(name))
+    for (const wchar_t c : toWide(name))
         entry += c == L'&' ? std::wstring(L"&&") : std::wstring(1, c);
     return entry;
 }
@@ -106,7 +107,11 @@ LRESULT CALLBACK WorkbenchWindow::procedure(HWND window, UINT message, WPARAM wi
     }
     auto* self = reinterpret_cast<WorkbenchWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (self == nullptr || self->window_ != window) return DefWindowProcW(window, message, wide, data);
-    return self->handle(message, wide, data);
+    // nothing thrown may cross the system's own frames
+    LRESULT answer = 0;
+    pellmark::trapAndTell([self](const std::string& failure) { self->tell(failure); },
+                          [&] { answer = self->handle(message, wide, data); });
+    return answer;
 }
 
 LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
@@ -118,7 +123,7 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
             focusView();
             return 0;
         case WM_INITMENUPOPUP:
-            attempt("Settings", [this] {
+            trapAndTell("Settings", [this] {
                 checkMenus();
                 return std::string();
             });
@@ -129,7 +134,7 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
             return 0;
         case WM_CLOSE:
             // the component saves its layouts while its windows still exist
-            attempt("Dispose", [this] {
+            trapAndTell("Dispose", [this] {
                 manager_->dispose();
                 return std::string();
             });
@@ -190,7 +195,7 @@ void WorkbenchWindow::announceReady() {
     readyPending_ = false;
     RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     GdiFlush();
-    const HANDLE file = CreateFileW(wideFromUtf8(options_.readyFile).c_str(), GENERIC_WRITE, 0, nullptr,
+    const HANDLE file = CreateFileW(toWide(options_.readyFile).c_str(), GENERIC_WRITE, 0, nullptr,
                                     CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
         say("The file " + options_.readyFile + " cannot be written");
@@ -206,7 +211,7 @@ void WorkbenchWindow::showFirstView() {
     if (session_->knowledgeBase() == nullptr) return;
     if (options_.view == StartView::Processes) command(IDM_PROCESSES_VIEW);
     if (options_.view == StartView::Case) {
-        attempt("ShowWindowProcessCaseView", [this] {
+        trapAndTell("ShowWindowProcessCaseView", [this] {
             manager_->showProcessCase({});
             return std::string("shown");
         });
@@ -215,15 +220,15 @@ void WorkbenchWindow::showFirstView() {
 }
 
 void WorkbenchWindow::openKnowledgeBase(const std::string& file) {
-    attempt("Open Knowledge Base", [&] {
+    trapAndTell("Open Knowledge Base", [&] {
         manager_->dispose();  // it holds on to the knowledge base that it was made with
         session_->open(file);
         return std::string();
     });
-    attempt("Settings", [this] {
+    trapAndTell("Settings", [this] {
         fillMenus();
         const std::string path = session_->knowledgeBaseFile();
-        SetWindowTextW(window_, wideFromUtf8("Norvex Workbench - " + path).c_str());
+        SetWindowTextW(window_, toWide("Norvex Workbench - " + path).c_str());
         say(session_->knowledgeBase() != nullptr ? path : "No knowledge base is open");
         return std::string();
     });
@@ -241,7 +246,7 @@ void WorkbenchWindow::askForKnowledgeBase() {
     dialog.Flags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
     if (!GetOpenFileNameW(&dialog)) return;
     path.resize(path.find(L'\0'));
-    openKnowledgeBase(pellmark::utf8FromWide(path));
+    openKnowledgeBase(pellmark::fromWide(path));
     if (session_->knowledgeBase() != nullptr) command(IDM_PROCESSES_VIEW);
 }
 
@@ -253,7 +258,7 @@ void WorkbenchWindow::command(int id) {
             PostMessageW(window_, WM_CLOSE, 0, 0);
             return;
         case IDM_PROCESSES_VIEW:
-            attempt("ShowWindowProcessesView", [this] {
+            trapAndTell("ShowWindowProcessesView", [this] {
                 manager_->showProcesses("");
                 return std::string("shown");
             });
@@ -265,14 +270,14 @@ void WorkbenchWindow::command(int id) {
         case IDM_EDIT_PROCESS:
             return callForCase(id);
         case IDM_DISPOSE:
-            return attempt("Dispose", [this] {
+            return trapAndTell("Dispose", [this] {
                 manager_->dispose();
                 return std::string("done");
             });
         default:
             break;
     }
-    attempt("Settings", [&] {
+    trapAndTell("Settings", [&] {
         if (id == IDM_INCH || id == IDM_METRIC) {
             session_->setUnit(id == IDM_INCH ? pellmark::unit::kInch : pellmark::unit::kMetric);
         } else if (id >= IDM_FIRST_USER && id - IDM_FIRST_USER < static_cast<int>(users_.size())) {
@@ -295,7 +300,7 @@ void WorkbenchWindow::reopenView() {
 
 void WorkbenchWindow::callForCase(int id) {
     if (session_->knowledgeBase() == nullptr) return say("No knowledge base is open");
-    attempt(id == IDM_CASE_VIEW ? "ShowWindowProcessCaseView" : methodOf(id), [&]() -> std::string {
+    trapAndTell(id == IDM_CASE_VIEW ? "ShowWindowProcessCaseView" : methodOf(id), [&]() -> std::string {
         const auto description = CaseDialog(*session_->knowledgeBase()).show(window_);
         if (!description) return "cancelled";
         if (id == IDM_CASE_VIEW) {
@@ -340,24 +345,24 @@ void WorkbenchWindow::checkMenus() {
                        session_->unit() == pellmark::unit::kInch ? IDM_INCH : IDM_METRIC, MF_BYCOMMAND);
 }
 
-void WorkbenchWindow::attempt(const char* what, const std::function<std::string()>& call) {
-    std::string failure;
-    try {
+void WorkbenchWindow::trapAndTell(const char* what, const std::function<std::string()>& call) {
+    const auto report = [&](const std::string& failure) {
+        say(std::string(what) + " failed");
+        tell(failure);
+    };
+    pellmark::trapAndTell(report, [&] {
         const std::string result = call();
         if (!result.empty()) say(std::string(what) + ": " + result);
-        return;
-    } catch (const pellmark::Error& error) {
-        failure = error.description();
-    } catch (const std::exception& error) {
-        failure = error.what();
-    }
-    say(std::string(what) + " failed");
-    MessageBoxW(window_, wideFromUtf8(failure).c_str(), L"Norvex Workbench", MB_OK | MB_ICONERROR);
+    });
+}
+
+void WorkbenchWindow::tell(const std::string& failure) {
+    MessageBoxW(window_, toWide(failure).c_str(), L"Norvex Workbench", MB_OK | MB_ICONERROR);
 }
 
 void WorkbenchWindow::say(const std::string& text) {
     if (status_ != nullptr)
-        SendMessageW(status_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(wideFromUtf8(text).c_str()));
+        SendMessageW(status_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(toWide(text).c_str()));
 }
 
 }  // namespace norvex

@@ -43,7 +43,8 @@ class WorkbenchWindow {
     void reopenView();
     void announceReady();
     /// Runs a call of the host or the component; its failure becomes one message.
-    void attempt(const char* what, const std::function<std::string()>& call);
+    void trapAndTell(const char* what, const std::function<std::string()>& call);
+    void tell(const std::string& failure);
     void say(const std::string& text);
 
     CommandLine options_;

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <utility>
 
-#include "base/Text.h"
+#include "win32/WideText.h"
 
 /// Ownership of automation's three resources: references, texts and variants. Nothing here throws but for
 /// lack of memory, and nothing converts silently.
@@ -66,27 +66,11 @@ class ComPtr {
     Interface* pointer_ = nullptr;
 };
 
-/// UTF-8 to the platform's wide text and back; malformed input becomes U+FFFD.
-inline std::wstring wideFromUtf8(std::string_view utf8) {
-    const std::u16string units = toUtf16(utf8);
-    return {units.begin(), units.end()};
-}
-
-inline std::string utf8FromWide(std::wstring_view wide) {
-    static_assert(sizeof(wchar_t) == sizeof(char16_t));
-    return toUtf8({reinterpret_cast<const char16_t*>(wide.data()), wide.size()});
-}
-
 /// An automation text that is freed with its owner. An empty text and no text are the same, as BSTR has it.
 class Bstr {
   public:
     Bstr() = default;
-    explicit Bstr(std::string_view utf8) {
-        const std::u16string units = toUtf16(utf8);
-        text_ = SysAllocStringLen(reinterpret_cast<const wchar_t*>(units.data()),
-                                  static_cast<UINT>(units.size()));
-        if (text_ == nullptr) throw std::bad_alloc();
-    }
+    explicit Bstr(std::string_view utf8) : Bstr(ofUnits(toUtf16(utf8))) {}
     Bstr(const Bstr&) = delete;
     Bstr& operator=(const Bstr&) = delete;
     Bstr(Bstr&& other) noexcept : text_(std::exchange(other.text_, nullptr)) {}
@@ -102,6 +86,14 @@ class Bstr {
         return owner;
     }
 
+    /// Of UTF-16 as it is, lone surrogates included.
+    static Bstr ofUnits(std::u16string_view units) {
+        const BSTR text = SysAllocStringLen(reinterpret_cast<const wchar_t*>(units.data()),
+                                            static_cast<UINT>(units.size()));
+        if (text == nullptr) throw std::bad_alloc();
+        return adopt(text);
+    }
+
     BSTR get() const { return text_; }
     [[nodiscard]] BSTR release() { return std::exchange(text_, nullptr); }
     /// Frees the text and offers its place to a call that returns a new one.
@@ -112,8 +104,11 @@ class Bstr {
     std::string utf8() const { return toUtf8(text_); }
 
     /// UTF-8 of a text that somebody else owns; NULL is the empty text.
-    static std::string toUtf8(BSTR text) {
-        return text == nullptr ? std::string() : utf8FromWide({text, SysStringLen(text)});
+    static std::string toUtf8(BSTR text) { return pellmark::toUtf8(units(text)); }
+    /// Its UTF-16 without a copy.
+    static std::u16string_view units(BSTR text) {
+        if (text == nullptr) return {};
+        return {reinterpret_cast<const char16_t*>(text), SysStringLen(text)};
     }
 
   private:

@@ -166,7 +166,7 @@ HRESULT findExpanded(const ComPtr<IDispatch>& object, std::string_view member, D
 
 std::optional<DISPID> DispatchObject::find(std::string_view member) {
     if (const auto known = ids_.find(member); known != ids_.end()) return known->second;
-    std::wstring name = wideFromUtf8(member);
+    std::wstring name = toWide(member);
     LPOLESTR names[] = {name.data()};
     DISPID id = DISPID_UNKNOWN;
     HRESULT result = object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);

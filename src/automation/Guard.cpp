@@ -52,6 +52,40 @@ void setErrorInformation(const Failure& failure) {
     if (const ComPtr<IErrorInfo> readable = info.query<IErrorInfo>()) ::SetErrorInfo(0, readable.get());
 }
 
+namespace {
+
+void fillException(EXCEPINFO& exception, const Failure& failure) {
+    Bstr source(failure.source);
+    Bstr description(failure.description);
+    exception = EXCEPINFO{};
+    exception.scode = failure.code;
+    exception.bstrSource = source.release();
+    exception.bstrDescription = description.release();
+}
+
+}  // namespace
+
+HRESULT answerFailedInvoke(std::string_view source, EXCEPINFO* exception, UINT* argument) noexcept {
+    try {
+        const Failure failure = describeFailure(source);
+        setErrorInformation(failure);
+        if (failure.argument && argument != nullptr) *argument = *failure.argument;
+        if (failure.isCallError) return failure.code;
+        if (exception != nullptr) fillException(*exception, failure);
+        return DISP_E_EXCEPTION;
+    } catch (...) {
+        return E_OUTOFMEMORY;
+    }
+}
+
+std::string textOfCurrentFailure() noexcept {
+    try {
+        return describeFailure("").description;
+    } catch (...) {
+        return {};
+    }
+}
+
 HRESULT reportCurrentFailure(std::string_view source) noexcept {
     try {
         const Failure failure = describeFailure(source);

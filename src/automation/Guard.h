@@ -48,10 +48,15 @@ HRESULT reportCurrentFailure(std::string_view source) noexcept;
 /// Sets the thread's error information.
 void setErrorInformation(const Failure& failure);
 
-/// Runs the body of a method that automation clients call. Nothing is thrown across: S_OK, or the code of the
-/// failure with its text as the thread's error information.
+/// What a dispatch call answers to the exception in flight: a mistake in the call is named by the code itself
+/// and the index of its argument, anything else is DISP_E_EXCEPTION with its details.
+HRESULT answerFailedInvoke(std::string_view source, EXCEPINFO* exception, UINT* argument) noexcept;
+
+/// One of the traps, see base/Trace.h for the quiet one. Runs the body of a method that automation clients
+/// call. Nothing is thrown across: S_OK, or the code of the failure with its text as the thread's error
+/// information.
 template <class Body>
-HRESULT guarded(std::string_view source, Body&& body) noexcept {
+HRESULT trapAsResult(std::string_view source, Body&& body) noexcept {
     // text of an earlier failure must not be taken for this call's
     ::SetErrorInfo(0, nullptr);
     try {
@@ -59,6 +64,40 @@ HRESULT guarded(std::string_view source, Body&& body) noexcept {
         return S_OK;
     } catch (...) {
         return reportCurrentFailure(source);
+    }
+}
+
+/// The same for IDispatch::Invoke, whose callers get the details of a failure in a place of their own.
+template <class Body>
+HRESULT trapAsResult(std::string_view source, EXCEPINFO* exception, UINT* argument, Body&& body) noexcept {
+    ::SetErrorInfo(0, nullptr);
+    try {
+        std::forward<Body>(body)();
+        return S_OK;
+    } catch (...) {
+        return answerFailedInvoke(source, exception, argument);
+    }
+}
+
+/// The text of the exception in flight as a person is told it.
+std::string textOfCurrentFailure() noexcept;
+
+/// The trap for what a person is waiting for: a failure's text is handed to `tell`. Nothing is thrown across,
+/// neither by the body nor by `tell`. Returns true when the body ran to its end.
+template <class Tell, class Body>
+bool trapAndTell(Tell&& tell, Body&& body) noexcept {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (...) {
+        const std::string text = textOfCurrentFailure();
+        try {
+            std::forward<Tell>(tell)(text);
+        } catch (...) {
+            // without a way to a person the debugger is what is left
+            ::OutputDebugStringA(text.c_str());
+        }
+        return false;
     }
 }
 

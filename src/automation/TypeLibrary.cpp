@@ -10,7 +10,7 @@ ComPtr<ITypeInfo> loadTypeInfo(REFGUID id) {
     HRESULT code = ::LoadTypeLibEx(module::path().c_str(), REGKIND_NONE, library.receive());
     ComPtr<ITypeInfo> info;
     if (SUCCEEDED(code)) code = library->GetTypeInfoOfGuid(id, info.receive());
-    if (FAILED(code)) throw CallError(code, "The component's type library cannot be loaded");
+    if (FAILED(code)) throw CallError(code, "The type library in this DLL cannot be loaded");
     return info;
 }
 

@@ -28,28 +28,6 @@ std::string textAt(const BSTR* place) {
     return place == nullptr ? std::string() : Bstr::toUtf8(*place);
 }
 
-void fillException(EXCEPINFO& exception, const Failure& failure) {
-    exception = EXCEPINFO{};
-    exception.scode = failure.code;
-    exception.bstrSource = Bstr(failure.source).release();
-    exception.bstrDescription = Bstr(failure.description).release();
-}
-
-/// What a dispatch call answers to the exception in flight. A mistake in the call is named by the code
-/// itself, anything else is an exception with its text.
-HRESULT answerFailedInvoke(EXCEPINFO* exception, UINT* argument) noexcept {
-    try {
-        const Failure failure = describeFailure(kSource);
-        setErrorInformation(failure);
-        if (failure.argument && argument != nullptr) *argument = *failure.argument;
-        if (failure.isCallError) return failure.code;
-        if (exception != nullptr) fillException(*exception, failure);
-        return DISP_E_EXCEPTION;
-    } catch (...) {
-        return E_OUTOFMEMORY;
-    }
-}
-
 }  // namespace
 
 ApplicationObject::ApplicationObject(std::unique_ptr<ApplicationCalls> calls)
@@ -64,7 +42,7 @@ void ApplicationObject::requireOwningThread() const {
 
 template <class Body>
 HRESULT ApplicationObject::answer(Body&& body) noexcept {
-    return guarded(kSource, [&] {
+    return trapAsResult(kSource, [&] {
         requireOwningThread();
         const ComPtr<ApplicationObject> alive(this);
         body();
@@ -118,7 +96,7 @@ HRESULT ApplicationObject::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
     if (info == nullptr) return E_POINTER;
     *info = nullptr;
     if (index != 0) return DISP_E_BADINDEX;
-    return guarded(kSource, [&] { *info = loadTypeInfo(IID__Application).release(); });
+    return trapAsResult(kSource, [&] { *info = loadTypeInfo(IID__Application).release(); });
 }
 
 HRESULT ApplicationObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
@@ -140,16 +118,12 @@ HRESULT ApplicationObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPP
     if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     if (arguments == nullptr) return E_INVALIDARG;
     if (result != nullptr) ::VariantInit(result);
-    ::SetErrorInfo(0, nullptr);
-    try {
+    return trapAsResult(kSource, exception, argument, [&] {
         requireOwningThread();
         const ComPtr<ApplicationObject> alive(this);  // as in answer()
         VariantArg value = invoke(id, flags, *arguments);
         if (result != nullptr) *result = value.release();
-        return S_OK;
-    } catch (...) {
-        return answerFailedInvoke(exception, argument);
-    }
+    });
 }
 
 VariantArg ApplicationObject::invoke(DISPID id, WORD flags, const DISPPARAMS& arguments) {
@@ -157,17 +131,17 @@ VariantArg ApplicationObject::invoke(DISPID id, WORD flags, const DISPPARAMS& ar
     if (!member) throw CallError(DISP_E_MEMBERNOTFOUND, "There is no member " + std::to_string(id));
     if (!isProperty(*member)) {
         if ((flags & DISPATCH_METHOD) != 0) return invokeMethod(*member, arguments);
-        throw CallError(DISP_E_MEMBERNOTFOUND, utf8FromWide(nameOf(*member)) + " is a method");
+        throw CallError(DISP_E_MEMBERNOTFOUND, fromWide(nameOf(*member)) + " is a method");
     }
     if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
         putProperty(*member, arguments);
         return {};
     }
     if ((flags & DISPATCH_PROPERTYGET) == 0) {
-        throw CallError(DISP_E_MEMBERNOTFOUND, utf8FromWide(nameOf(*member)) + " is a property");
+        throw CallError(DISP_E_MEMBERNOTFOUND, fromWide(nameOf(*member)) + " is a property");
     }
     if (arguments.cArgs != 0) {
-        throw CallError(DISP_E_BADPARAMCOUNT, utf8FromWide(nameOf(*member)) + " takes no arguments");
+        throw CallError(DISP_E_BADPARAMCOUNT, fromWide(nameOf(*member)) + " takes no arguments");
     }
     return getProperty(*member);
 }
@@ -185,7 +159,7 @@ VariantArg ApplicationObject::getProperty(Member member) const {
 
 void ApplicationObject::putProperty(Member member, const DISPPARAMS& arguments) {
     if (arguments.cArgs != 1) {
-        throw CallError(DISP_E_BADPARAMCOUNT, utf8FromWide(nameOf(member)) + " takes one value");
+        throw CallError(DISP_E_BADPARAMCOUNT, fromWide(nameOf(member)) + " takes one value");
     }
     try {
         if (member == Member::CurrentView) {
@@ -195,7 +169,7 @@ void ApplicationObject::putProperty(Member member, const DISPPARAMS& arguments) 
             if (!disposeRequested_) norvexApplication_ = application;
         }
     } catch (const CallError& error) {
-        throw CallError(error.code(), utf8FromWide(nameOf(member)) + " " + error.what(), 0);
+        throw CallError(error.code(), fromWide(nameOf(member)) + " " + error.what(), 0);
     }
 }
 
@@ -210,24 +184,22 @@ std::string ApplicationObject::perform(Member member, const MethodCall& call) {
 }
 
 std::string ApplicationObject::performOn(ApplicationCalls& calls, Member member, const MethodCall& call) {
-    IDispatch* const host = call.host.get();
-    IDispatch* const owner = call.owner.get();
     switch (member) {
         case Member::ShowWindowProcessesView:
-            calls.showProcesses(host, call.description.processGuid);
+            calls.showProcesses(call.host, call.description.processGuid);
             return {};
         case Member::ShowWindowProcessCaseView:
-            calls.showProcessCase(host, call.description);
+            calls.showProcessCase(call.host, call.description);
             return {};
         case Member::OpenProcess:
-            return calls.openProcess(host, owner, call.description);
+            return calls.openProcess(call.host, call.owner, call.description);
         case Member::EditFeatureCase:
-            calls.editFeatureCase(host, owner, call.description);
+            calls.editFeatureCase(call.host, call.owner, call.description);
             return {};
         case Member::OpenFeatureCase:
-            return calls.openFeatureCase(host, owner, call.description);
+            return calls.openFeatureCase(call.host, call.owner, call.description);
         case Member::EditProcess:
-            calls.editProcess(host, owner, call.description);
+            calls.editProcess(call.host, call.owner, call.description);
             return {};
         case Member::CurrentView:
         case Member::NorvexApplication:
@@ -394,7 +366,7 @@ HRESULT ApplicationObject::InterfaceSupportsErrorInfo(REFIID iid) {
 HRESULT ApplicationObject::GetClassInfo(ITypeInfo** info) {
     if (info == nullptr) return E_POINTER;
     *info = nullptr;
-    return guarded(kSource, [&] { *info = loadTypeInfo(CLSID_Application).release(); });
+    return trapAsResult(kSource, [&] { *info = loadTypeInfo(CLSID_Application).release(); });
 }
 
 }  // namespace pellmark

@@ -13,21 +13,21 @@ namespace {
 
 std::string componentFolder() {
     const std::wstring path = module::path();
-    return utf8FromWide(path.substr(0, path.find_last_of(L'\\')));
+    return fromWide(path.substr(0, path.find_last_of(L'\\')));
 }
 
 /// "Norvex" of "C:\Program Files\Norvex\Norvex.exe".
 std::string executableName() {
     const std::wstring path = module::pathOf(nullptr);
     const std::wstring file = path.substr(path.find_last_of(L'\\') + 1);
-    return utf8FromWide(file.substr(0, file.find_last_of(L'.')));
+    return fromWide(file.substr(0, file.find_last_of(L'.')));
 }
 
 /// The host behind a call's first argument; null for Nothing. An object of another kind is refused here,
 /// where the caller can still be told: inside the component a failing call ends quietly.
-std::shared_ptr<HostApplication> hostFrom(IDispatch* object) {
-    if (object == nullptr) return nullptr;
-    DispatchObject host(ComPtr<IDispatch>(object), "NvxApplication");
+std::shared_ptr<HostApplication> hostFrom(const ComPtr<IDispatch>& object) {
+    if (!object) return nullptr;
+    DispatchObject host(object, "NvxApplication");
     for (const char* member : {"MainWindowHandle", "InstallationFolder", "LanguageSettings"}) {
         if (!host.has(member)) {
             throw Error(
@@ -51,29 +51,31 @@ ComponentRoot::ComponentRoot()
       application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, fileDialogs_, hostLibrary_,
                             operations_, componentFolder(), executableName()}) {}
 
-void ComponentRoot::showProcesses(IDispatch* host, const std::string& processGuid) {
+void ComponentRoot::showProcesses(const ComPtr<IDispatch>& host, const std::string& processGuid) {
     application_.ShowWindowProcessesView(hostFrom(host), processGuid);
 }
 
-void ComponentRoot::showProcessCase(IDispatch* host, const CaseDescription& description) {
+void ComponentRoot::showProcessCase(const ComPtr<IDispatch>& host, const CaseDescription& description) {
     application_.ShowWindowProcessCaseView(hostFrom(host), description);
 }
 
-std::string ComponentRoot::openProcess(IDispatch* host, IDispatch* owner,
+std::string ComponentRoot::openProcess(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
                                        const CaseDescription& description) {
     return application_.OpenProcess(hostFrom(host), ownerWindowFrom(owner), description);
 }
 
-void ComponentRoot::editFeatureCase(IDispatch* host, IDispatch* owner, const CaseDescription& description) {
+void ComponentRoot::editFeatureCase(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
+                                    const CaseDescription& description) {
     application_.EditFeatureCase(hostFrom(host), ownerWindowFrom(owner), description);
 }
 
-std::string ComponentRoot::openFeatureCase(IDispatch* host, IDispatch* owner,
+std::string ComponentRoot::openFeatureCase(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
                                            const CaseDescription& description) {
     return application_.OpenFeatureCase(hostFrom(host), ownerWindowFrom(owner), description);
 }
 
-void ComponentRoot::editProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) {
+void ComponentRoot::editProcess(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
+                                const CaseDescription& description) {
     application_.EditProcess(hostFrom(host), ownerWindowFrom(owner), description);
 }
 

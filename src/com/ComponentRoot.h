@@ -29,13 +29,16 @@ class ComponentRoot final : public ApplicationCalls {
 
     const Operations& operations() const override { return operations_; }
 
-    void showProcesses(IDispatch* host, const std::string& processGuid) override;
-    void showProcessCase(IDispatch* host, const CaseDescription& description) override;
-    std::string openProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) override;
-    void editFeatureCase(IDispatch* host, IDispatch* owner, const CaseDescription& description) override;
-    std::string openFeatureCase(IDispatch* host, IDispatch* owner,
+    void showProcesses(const ComPtr<IDispatch>& host, const std::string& processGuid) override;
+    void showProcessCase(const ComPtr<IDispatch>& host, const CaseDescription& description) override;
+    std::string openProcess(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
+                            const CaseDescription& description) override;
+    void editFeatureCase(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
+                         const CaseDescription& description) override;
+    std::string openFeatureCase(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
                                 const CaseDescription& description) override;
-    void editProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) override;
+    void editProcess(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
+                     const CaseDescription& description) override;
     void dispose() override;
 
     FRView currentView() const override { return application_.CurrentView; }

@@ -3,14 +3,10 @@
 
 #include <olectl.h>
 
-#include <cwchar>
-#include <new>
-
 #include "Pellmark.h"
-#include "automation/Automation.h"
-#include "automation/Guard.h"
+#include "automation/ClassFactory.h"
 #include "automation/Module.h"
-#include "com/ClassFactory.h"
+#include "com/ApplicationObject.h"
 #include "com/ComponentRoot.h"
 #include "com/Registration.h"
 
@@ -18,16 +14,8 @@ namespace {
 
 using namespace pellmark;
 
-HRESULT registerIn(HKEY hive) {
-    HRESULT answer = E_FAIL;
-    const HRESULT guard = guarded("Pellmark", [&] { answer = registerServer(hive, module::path()); });
-    return FAILED(guard) ? guard : answer;
-}
-
-HRESULT unregisterIn(HKEY hive) {
-    HRESULT answer = E_FAIL;
-    const HRESULT guard = guarded("Pellmark", [&] { answer = unregisterServer(hive); });
-    return FAILED(guard) ? guard : answer;
+ComPtr<IDispatch> makeApplication() {
+    return ComPtr<IDispatch>::adopt(new ApplicationObject(ComponentRoot::compose()));
 }
 
 }  // namespace
@@ -35,13 +23,8 @@ HRESULT unregisterIn(HKEY hive) {
 extern "C" {
 
 HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (clsid != CLSID_Application) return CLASS_E_CLASSNOTAVAILABLE;
-    auto* const made = new (std::nothrow) ClassFactory(&ComponentRoot::compose);
-    if (made == nullptr) return E_OUTOFMEMORY;
-    const auto factory = ComPtr<ClassFactory>::adopt(made);
-    return factory->QueryInterface(iid, object);
+    return ClassFactory::give("Pellmark", clsid == CLSID_Application ? &makeApplication : nullptr, iid,
+                              object);
 }
 
 HRESULT STDAPICALLTYPE DllCanUnloadNow() {
@@ -49,20 +32,14 @@ HRESULT STDAPICALLTYPE DllCanUnloadNow() {
 }
 
 HRESULT STDAPICALLTYPE DllRegisterServer() {
-    return registerIn(HKEY_LOCAL_MACHINE);
+    return installServer(componentServer(), true, nullptr);
 }
 
 HRESULT STDAPICALLTYPE DllUnregisterServer() {
-    return unregisterIn(HKEY_LOCAL_MACHINE);
+    return installServer(componentServer(), false, nullptr);
 }
 
-// regsvr32 /i:user registers for the current user alone; without "user" it is the registration for everybody.
 HRESULT STDAPICALLTYPE DllInstall(BOOL install, LPCWSTR commandLine) {
-    HKEY hive = HKEY_LOCAL_MACHINE;
-    if (commandLine != nullptr && *commandLine != L'\0') {
-        if (::_wcsicmp(commandLine, L"user") != 0) return E_INVALIDARG;
-        hive = HKEY_CURRENT_USER;
-    }
-    return install != FALSE ? registerIn(hive) : unregisterIn(hive);
+    return installServer(componentServer(), install != FALSE, commandLine);
 }
 }

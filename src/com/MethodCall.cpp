@@ -11,13 +11,13 @@ namespace pellmark {
 namespace {
 
 std::string utf8NameOf(Parameter parameter) {
-    return utf8FromWide(nameOf(parameter));
+    return fromWide(nameOf(parameter));
 }
 
 /// For each parameter the index of its argument in the call's list.
 std::vector<std::optional<UINT>> matchArguments(Member member, const DISPPARAMS& arguments) {
     const std::span<const Parameter> parameters = parametersOf(member);
-    const std::string method = utf8FromWide(nameOf(member));
+    const std::string method = fromWide(nameOf(member));
     if (arguments.cArgs > parameters.size() || arguments.cNamedArgs > arguments.cArgs) {
         throw CallError(DISP_E_BADPARAMCOUNT, method + " takes at most " + std::to_string(parameters.size()) +
                                                   " arguments, not " + std::to_string(arguments.cArgs));

@@ -85,7 +85,7 @@ TEST_F(TypeLibraryTest, TextsArePassedByReferenceAndAreEmptyByDefault) {
             EXPECT_EQ(each.byDefault.type(), VT_BSTR);
             EXPECT_EQ(SysStringLen(each.byDefault.get().bstrVal), 0U);
         }
-        EXPECT_EQ(texts, 5) << utf8FromWide(name);
+        EXPECT_EQ(texts, 5) << fromWide(name);
     }
     const ParameterDescription& process = function(L"ShowWindowProcessesView").parameters.at(1);
     EXPECT_EQ(process.pointee, VT_BSTR);
@@ -102,7 +102,7 @@ TEST_F(TypeLibraryTest, NumbersArePassedByValueAndAreMinusOneByDefault) {
             EXPECT_EQ(each.byDefault.type(), VT_I2);
             EXPECT_EQ(each.byDefault.get().iVal, -1);
         }
-        EXPECT_EQ(numbers, 3) << utf8FromWide(name);
+        EXPECT_EQ(numbers, 3) << fromWide(name);
     }
 }
 
@@ -110,7 +110,7 @@ TEST_F(TypeLibraryTest, ThePickingMethodsReturnTextAndTheOthersAVariant) {
     for (const FunctionDescription& each : interface_.functions) {
         if (each.kind != INVOKE_FUNC) continue;
         const bool picks = each.name == L"OpenProcess" || each.name == L"OpenFeatureCase";
-        EXPECT_EQ(each.result, picks ? VT_BSTR : VT_VARIANT) << utf8FromWide(each.name);
+        EXPECT_EQ(each.result, picks ? VT_BSTR : VT_VARIANT) << fromWide(each.name);
     }
 }
 
@@ -177,12 +177,12 @@ TEST_F(TypeLibraryTest, ARecordCanBeMadeFilledAndReadThroughItsDescription) {
 
 TEST_F(TypeLibraryTest, EveryMemberHasAHelpText) {
     for (const FunctionDescription& each : interface_.functions) {
-        EXPECT_NE(each.help, "") << utf8FromWide(each.name);
+        EXPECT_NE(each.help, "") << fromWide(each.name);
     }
     for (const wchar_t* type : {L"FRView", L"pNode"}) {
         EXPECT_NE(helpOf(types_.type(type).get()), "");
         for (const VariableDescription& each : types_.describeVariables(type)) {
-            EXPECT_NE(each.help, "") << utf8FromWide(each.name);
+            EXPECT_NE(each.help, "") << fromWide(each.name);
         }
     }
     EXPECT_NE(helpOf(types_.type(L"_Application").get()), "");

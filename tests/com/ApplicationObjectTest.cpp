@@ -108,7 +108,7 @@ TEST_F(ApplicationObjectTest, EachMethodCallsItsOwn) {
          {Member::OpenProcess, Member::EditFeatureCase, Member::OpenFeatureCase, Member::EditProcess}) {
         log_.calls.clear();
         ASSERT_EQ(invoke(member, {host(), nothing(), "v"}), S_OK);
-        EXPECT_EQ(onlyCall().method, utf8FromWide(nameOf(member)));
+        EXPECT_EQ(onlyCall().method, fromWide(nameOf(member)));
         EXPECT_EQ(onlyCall().owner, nullptr);
         const bool picks = member == Member::OpenProcess || member == Member::OpenFeatureCase;
         EXPECT_EQ(result_.type(), picks ? VT_BSTR : VT_EMPTY);

@@ -7,7 +7,7 @@ namespace pellmark {
 namespace {
 
 std::wstring wideOf(const Bstr& text) {
-    return wideFromUtf8(text.utf8());
+    return toWide(text.utf8());
 }
 
 std::wstring nameOfMember(ITypeInfo* type, MEMBERID member) {

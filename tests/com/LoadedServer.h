@@ -4,9 +4,9 @@
 
 #include <stdexcept>
 
-#include "com/EmbeddedTypes.h"
 #include "Pellmark.h"
 #include "automation/Automation.h"
+#include "com/EmbeddedTypes.h"
 
 namespace pellmark {
 

@@ -27,17 +27,17 @@ TEST(MembersTest, TheTableAndTheTypeLibraryAgree) {
     ASSERT_EQ(described.functions.size(), 11U);
     for (const FunctionDescription& function : described.functions) {
         const std::optional<Member> member = findMember(function.name);
-        ASSERT_TRUE(member) << utf8FromWide(function.name);
+        ASSERT_TRUE(member) << fromWide(function.name);
         EXPECT_EQ(static_cast<DISPID>(*member), function.id);
         if (function.kind != INVOKE_FUNC) continue;
         const auto parameters = parametersOf(*member);
-        ASSERT_EQ(parameters.size(), function.parameters.size()) << utf8FromWide(function.name);
+        ASSERT_EQ(parameters.size(), function.parameters.size()) << fromWide(function.name);
         std::size_t required = 0;
         for (std::size_t i = 0; i < parameters.size(); ++i) {
             EXPECT_EQ(nameOf(parameters[i]), function.parameters[i].name);
             if ((function.parameters[i].flags & PARAMFLAG_FOPT) == 0) required = i + 1;
         }
-        EXPECT_EQ(requiredParametersOf(*member), required) << utf8FromWide(function.name);
+        EXPECT_EQ(requiredParametersOf(*member), required) << fromWide(function.name);
     }
 }
 

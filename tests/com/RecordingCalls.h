@@ -43,27 +43,30 @@ class RecordingCalls : public ApplicationCalls {
 
     const Operations& operations() const override { return log_.operations; }
 
-    void showProcesses(IDispatch* host, const std::string& processGuid) override {
+    void showProcesses(const ComPtr<IDispatch>& host, const std::string& processGuid) override {
         CaseDescription description;
         description.processGuid = processGuid;
-        note("ShowWindowProcessesView", host, nullptr, description);
+        note("ShowWindowProcessesView", host, {}, description);
     }
-    void showProcessCase(IDispatch* host, const CaseDescription& description) override {
-        note("ShowWindowProcessCaseView", host, nullptr, description);
+    void showProcessCase(const ComPtr<IDispatch>& host, const CaseDescription& description) override {
+        note("ShowWindowProcessCaseView", host, {}, description);
     }
-    std::string openProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) override {
+    std::string openProcess(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
+                            const CaseDescription& description) override {
         note("OpenProcess", host, owner, description);
         return log_.picked;
     }
-    void editFeatureCase(IDispatch* host, IDispatch* owner, const CaseDescription& description) override {
+    void editFeatureCase(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
+                         const CaseDescription& description) override {
         note("EditFeatureCase", host, owner, description);
     }
-    std::string openFeatureCase(IDispatch* host, IDispatch* owner,
+    std::string openFeatureCase(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
                                 const CaseDescription& description) override {
         note("OpenFeatureCase", host, owner, description);
         return log_.picked;
     }
-    void editProcess(IDispatch* host, IDispatch* owner, const CaseDescription& description) override {
+    void editProcess(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
+                     const CaseDescription& description) override {
         note("EditProcess", host, owner, description);
     }
     void dispose() override {
@@ -74,9 +77,10 @@ class RecordingCalls : public ApplicationCalls {
     void setCurrentView(FRView view) override { log_.view = view; }
 
   private:
-    void note(const char* method, IDispatch* host, IDispatch* owner, const CaseDescription& description) {
+    void note(const char* method, const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
+              const CaseDescription& description) {
         const Operations::Scope scope(log_.operations);
-        log_.calls.push_back({method, host, owner, description});
+        log_.calls.push_back({method, host.get(), owner.get(), description});
         if (log_.duringCall) log_.duringCall();
     }
 

@@ -65,7 +65,7 @@ TEST_F(RegistrationTest, RegistrationForEverybodyNamesTheDllAndIsTakenBackWhole)
     ASSERT_EQ(server_.registerServer(), S_OK);
     EXPECT_EQ(valueAt(HKEY_LOCAL_MACHINE, std::wstring(kClassKey) + L"\\InprocServer32", nullptr), dll_);
     ASSERT_EQ(server_.unregisterServer(), S_OK);
-    for (const RegistrationEntry& entry : registrationEntries(dll_)) {
+    for (const RegistrationEntry& entry : registrationEntries(componentServer(), dll_)) {
         EXPECT_EQ(valueAt(HKEY_LOCAL_MACHINE, L"Software\\Classes\\" + entry.key, entry.name.c_str()),
                   L"(missing)");
     }
@@ -73,7 +73,7 @@ TEST_F(RegistrationTest, RegistrationForEverybodyNamesTheDllAndIsTakenBackWhole)
 
 TEST_F(RegistrationTest, RegistrationForTheUserWritesForTheUserAlone) {
     ASSERT_EQ(server_.install(TRUE, L"user"), S_OK);
-    for (const RegistrationEntry& entry : registrationEntries(dll_)) {
+    for (const RegistrationEntry& entry : registrationEntries(componentServer(), dll_)) {
         const std::wstring key = L"Software\\Classes\\" + entry.key;
         EXPECT_EQ(valueAt(HKEY_CURRENT_USER, key, entry.name.c_str()), entry.value);
         EXPECT_EQ(valueAt(HKEY_LOCAL_MACHINE, key, entry.name.c_str()), L"(missing)");
@@ -94,7 +94,8 @@ TEST_F(RegistrationTest, RegisteringTwiceIsHarmless) {
 
 TEST(RegistrationFailureTest, AHiveThatCannotBeWrittenAnswersWithTheSystemsCode) {
     // no open key, so every write fails
-    EXPECT_TRUE(FAILED(registerServer(reinterpret_cast<HKEY>(0x1234), L"C:\\Pellmark.dll")));
+    EXPECT_TRUE(
+        FAILED(registerServer(componentServer(), reinterpret_cast<HKEY>(0x1234), L"C:\\Pellmark.dll")));
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ namespace {
 DispatchObject createByProgId(const char* progId) {
     CLSID classId{};
     ComPtr<IDispatch> object;
-    HRESULT code = CLSIDFromProgID(wideFromUtf8(progId).c_str(), &classId);
+    HRESULT code = CLSIDFromProgID(toWide(progId).c_str(), &classId);
     if (SUCCEEDED(code)) {
         code = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.receiveVoid());
     }

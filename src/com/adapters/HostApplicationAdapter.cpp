@@ -37,15 +37,14 @@ std::string HostApplicationAdapter::buildExpression(const std::string& rule, Win
     return host_.call("ExpressionBuilder").object().call("Build", {rule, handleArgument(owner)}).text();
 }
 
-std::shared_ptr<HostApplication> hostApplicationFrom(IDispatch* argument) {
-    if (argument == nullptr) return nullptr;
-    return std::make_shared<HostApplicationAdapter>(
-        DispatchObject(ComPtr<IDispatch>(argument), "NvxApplication"));
+std::shared_ptr<HostApplication> hostApplicationFrom(const ComPtr<IDispatch>& argument) {
+    if (!argument) return nullptr;
+    return std::make_shared<HostApplicationAdapter>(DispatchObject(argument, "NvxApplication"));
 }
 
-WindowHandle ownerWindowFrom(IDispatch* argument) {
-    if (argument == nullptr) return 0;
-    return handleFrom(DispatchObject(ComPtr<IDispatch>(argument), "OwnerForm").call("hWnd"));
+WindowHandle ownerWindowFrom(const ComPtr<IDispatch>& argument) {
+    if (!argument) return 0;
+    return handleFrom(DispatchObject(argument, "OwnerForm").call("hWnd"));
 }
 
 }  // namespace pellmark

@@ -24,10 +24,10 @@ class HostApplicationAdapter : public HostApplication {
 VariantArg handleArgument(WindowHandle window);
 
 /// The host application behind a call's first argument; null for Nothing.
-std::shared_ptr<HostApplication> hostApplicationFrom(IDispatch* argument);
+std::shared_ptr<HostApplication> hostApplicationFrom(const ComPtr<IDispatch>& argument);
 
 /// The window of the host's owner object; 0 for Nothing. Throws errors::kHostInterface for an object without
 /// hWnd.
-WindowHandle ownerWindowFrom(IDispatch* argument);
+WindowHandle ownerWindowFrom(const ComPtr<IDispatch>& argument);
 
 }  // namespace pellmark

@@ -26,9 +26,4 @@ std::shared_ptr<RecordSet> adaptRecordSet(DispatchObject object) {
     return std::make_shared<ForwardRecordSet>(std::move(object));
 }
 
-std::u16string_view unitsOf(BSTR text) {
-    if (text == nullptr) return {};
-    return {reinterpret_cast<const char16_t*>(text), SysStringLen(text)};
-}
-
 }  // namespace pellmark

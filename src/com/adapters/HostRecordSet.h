@@ -38,7 +38,4 @@ class HostRecordSet : public RecordSet, public std::enable_shared_from_this<Host
 /// Chooses by the object's members: one with a member Page is read in pages, any other field by field.
 std::shared_ptr<RecordSet> adaptRecordSet(DispatchObject object);
 
-/// The text of a BSTR without a copy.
-std::u16string_view unitsOf(BSTR text);
-
 }  // namespace pellmark

@@ -31,7 +31,7 @@ HostRecord recordFromStructure(const ArrayReader& structures, std::size_t at, co
                                const DispatchResult& result) {
     HostRecord record;
     for (const char* name : fields) {
-        VariantArg value = structures.field(at, wideFromUtf8(name).c_str());
+        VariantArg value = structures.field(at, toWide(name).c_str());
         record.push_back(DispatchResult(std::move(value), result.member()).text());
     }
     return record;
@@ -119,7 +119,7 @@ Number numberOf(const std::string& text, const DispatchResult& result) {
 
 std::vector<HostRecord> readRecords(const DispatchResult& result, std::initializer_list<const char*> fields) {
     if (result.value().type() == VT_BSTR)
-        return unpackRecords(unitsOf(result.value().get().bstrVal), fields.size());
+        return unpackRecords(Bstr::units(result.value().get().bstrVal), fields.size());
     if (isArray(result.value().get())) return recordsFromArray(result, fields);
     if (result.value().type() != VT_DISPATCH) result.failBecause("did not answer with records.");
     return recordsFromSet(*adaptRecordSet(result.object()), fields);
@@ -159,11 +159,7 @@ VariantArg packedTexts(const std::vector<std::string>& texts) {
     PackedTextWriter writer;
     for (const auto& text : texts)
         writer.add(text);
-    const std::u16string& packed = writer.text();
-    BSTR units =
-        SysAllocStringLen(reinterpret_cast<const wchar_t*>(packed.data()), static_cast<UINT>(packed.size()));
-    if (units == nullptr) throw std::bad_alloc();
-    return Bstr::adopt(units);
+    return Bstr::ofUnits(writer.text());
 }
 
 }  // namespace pellmark

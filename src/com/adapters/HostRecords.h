@@ -12,8 +12,8 @@ using HostRecord = std::vector<std::string>;
 
 /// Reads the records that a member answered with, in any of the accepted forms: packed text, an array of
 /// arrays, an array of values (one record, or as many as there are values when a record has one field), an
-/// array of structures (VT_RECORD) or a record set, whose fields are found by name. Every record has the given
-/// fields in the given order. Throws errors::kHostInterface for anything else.
+/// array of structures (VT_RECORD) or a record set, whose fields are found by name. Every record has the
+/// given fields in the given order. Throws errors::kHostInterface for anything else.
 std::vector<HostRecord> readRecords(const DispatchResult& result, std::initializer_list<const char*> fields);
 
 /// The same where exactly one record is the only sensible answer.

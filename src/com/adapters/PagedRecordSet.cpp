@@ -78,7 +78,7 @@ PagedRecordSet::Page PagedRecordSet::fetch(std::size_t number) {
     const DispatchResult result = object_.call("Page", {VariantArg(static_cast<std::int32_t>(first)),
                                                         VariantArg(static_cast<std::int32_t>(records))});
     if (result.value().type() != VT_BSTR) result.failBecause("did not answer with a packed text.");
-    return {number, unpackRecords(unitsOf(result.value().get().bstrVal), fields().size()), nullptr};
+    return {number, unpackRecords(Bstr::units(result.value().get().bstrVal), fields().size()), nullptr};
 }
 
 std::optional<std::vector<Guid>> PagedRecordSet::keys() {

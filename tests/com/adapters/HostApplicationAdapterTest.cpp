@@ -15,7 +15,7 @@ using test::ScriptedObject;
 
 class HostApplicationAdapterTest : public testing::Test {
   protected:
-    std::shared_ptr<HostApplication> host() { return hostApplicationFrom(script_.get()); }
+    std::shared_ptr<HostApplication> host() { return hostApplicationFrom(test::dispatchOf(script_)); }
 
     ComPtr<ScriptedObject> script_ = ScriptedObject::make();
 };
@@ -67,11 +67,12 @@ TEST_F(HostApplicationAdapterTest, NoOwnerIsNoWindow) {
 
 TEST_F(HostApplicationAdapterTest, AnOwnerGivesItsWindow) {
     script_->on(L"hWnd", VariantArg(1234));
-    EXPECT_EQ(ownerWindowFrom(script_.get()), 1234U);
+    EXPECT_EQ(ownerWindowFrom(test::dispatchOf(script_)), 1234U);
 }
 
 TEST_F(HostApplicationAdapterTest, AnOwnerWithoutAWindowIsAnError) {
-    expectError(errors::kHostInterface, "OwnerForm.hWnd is missing", [&] { ownerWindowFrom(script_.get()); });
+    expectError(errors::kHostInterface, "OwnerForm.hWnd is missing",
+                [&] { ownerWindowFrom(test::dispatchOf(script_)); });
 }
 
 TEST_F(HostApplicationAdapterTest, TheTranslationServiceIsConfiguredAndAsked) {

@@ -335,8 +335,8 @@ TEST_F(ForwardRecordSetTest, FromInsideTheHostOnlyWhatIsKnownCanBeRead) {
                     ++refused;
                 }
                 DispatchObject inner(test::dispatchOf(plain), "plain");
-                const auto answer = values.empty() ? inner.call(utf8FromWide(each))
-                                                   : inner.call(utf8FromWide(each), {values[0]});
+                const auto answer =
+                    values.empty() ? inner.call(fromWide(each)) : inner.call(fromWide(each), {values[0]});
                 return answer.value();
             });
         }

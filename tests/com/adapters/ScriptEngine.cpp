@@ -27,7 +27,7 @@ ScriptEngine::ScriptEngine(const std::wstring& file) {
     parser->InitNew();
     engine_->SetScriptSite(this);
     engine_->AddNamedItem(L"WScript", SCRIPTITEM_ISVISIBLE);
-    const std::wstring code = wideFromUtf8(text.str());
+    const std::wstring code = toWide(text.str());
     EXPECT_EQ(parser->ParseScriptText(code.c_str(), nullptr, nullptr, nullptr, 0, 0, SCRIPTTEXT_ISVISIBLE,
                                       nullptr, nullptr),
               S_OK);

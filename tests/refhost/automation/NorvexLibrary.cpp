@@ -40,7 +40,7 @@ std::wstring NorvexLibrary::folder() {
 }
 
 void NorvexLibrary::useKnowledgeBase(const std::string& path) {
-    SetEnvironmentVariableW(L"NORVEX_KNOWLEDGE_BASE", wideFromUtf8(path).c_str());
+    SetEnvironmentVariableW(L"NORVEX_KNOWLEDGE_BASE", toWide(path).c_str());
 }
 
 }  // namespace pellmark::test

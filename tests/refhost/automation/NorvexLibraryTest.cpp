@@ -19,9 +19,7 @@ using test::NorvexLibrary;
 
 class NorvexLibraryTest : public testing::Test {
   protected:
-    DispatchObject create(const char* progId) {
-        return {library_.create(wideFromUtf8(progId).c_str()), progId};
-    }
+    DispatchObject create(const char* progId) { return {library_.create(toWide(progId).c_str()), progId}; }
 
     static constexpr const char* kProgIds[] = {"Norvex.Application", "Norvex.KnowledgeBaseService",
                                                "Norvex.TranslationService", "Norvex.LanguageConverter",
@@ -98,7 +96,7 @@ TEST_F(NorvexLibraryTest, AnUnknownLanguageHasTheLocaleOfEnglish) {
 
 TEST_F(NorvexLibraryTest, TheComponentsTextsAreTranslated) {
     auto texts = create("Norvex.TranslationService");
-    texts.put("ResourceFile", utf8FromWide(NorvexLibrary::folder()) + "\\Pellmark.csv");
+    texts.put("ResourceFile", fromWide(NorvexLibrary::folder()) + "\\Pellmark.csv");
     texts.put("OutputLanguage", std::int16_t{2});
     EXPECT_EQ(texts.call("GetString", {"Exit"}).text(), "Beenden");
     texts.put("OutputLanguage", std::int16_t{6});

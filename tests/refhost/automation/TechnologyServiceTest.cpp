@@ -68,7 +68,7 @@ std::string cell(HWND dialog, int row, int column) {
     item.pszText = text;
     item.cchTextMax = 256;
     SendMessageW(gridOf(dialog), LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-    return utf8FromWide(text);
+    return fromWide(text);
 }
 
 int rowOf(HWND dialog, const std::string& caption) {
@@ -102,7 +102,7 @@ void type(HWND dialog, const std::string& caption, const std::wstring& text, WPA
 std::string messageOf(HWND dialog) {
     wchar_t text[512] = {};
     GetDlgItemTextW(dialog, IDC_TECHNOLOGY_MESSAGE, text, 512);
-    return utf8FromWide(text);
+    return fromWide(text);
 }
 
 void press(HWND dialog, int button) {
@@ -117,7 +117,7 @@ class TechnologyServiceTest : public testing::Test {
     }
     ~TechnologyServiceTest() override { SetEnvironmentVariableW(L"NORVEX_UNIT", nullptr); }
 
-    DispatchObject create(const wchar_t* progId) { return {library_.create(progId), utf8FromWide(progId)}; }
+    DispatchObject create(const wchar_t* progId) { return {library_.create(progId), fromWide(progId)}; }
     TechnologySource sourceOf(const std::string& step) {
         return base_->stepStore().technologySources({step}).at(0);
     }
@@ -227,9 +227,9 @@ TEST_F(TechnologyServiceTest, AFileThatCannotBeWrittenIsFalse) {
 
 TEST_F(TechnologyServiceTest, TheFolderOfProcessFilesIsMade) {
     const std::string folder = folder_.file("files");
-    SetEnvironmentVariableW(L"NORVEX_PROCESS_FOLDER", wideFromUtf8(folder + "\\").c_str());
+    SetEnvironmentVariableW(L"NORVEX_PROCESS_FOLDER", toWide(folder + "\\").c_str());
     EXPECT_EQ(service_->defaultFolder(), folder);
-    EXPECT_NE(GetFileAttributesW(wideFromUtf8(folder).c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_NE(GetFileAttributesW(toWide(folder).c_str()), INVALID_FILE_ATTRIBUTES);
     SetEnvironmentVariableW(L"NORVEX_PROCESS_FOLDER", nullptr);
     EXPECT_TRUE(service_->defaultFolder().ends_with("\\Documents\\Norvex"));
 }
@@ -324,7 +324,7 @@ TEST_F(TechnologyServiceTest, TheWizardGoesThroughItsPagesAndItsValuesAreTheStep
         for (int page = 0; page < 3; ++page) {
             wchar_t title[128] = {};
             GetWindowTextW(dialog, title, 128);
-            titles.push_back(utf8FromWide(title));
+            titles.push_back(fromWide(title));
             if (page == 1) type(dialog, "Cutting speed", L"95");
             EXPECT_EQ(IsWindowEnabled(GetDlgItem(dialog, IDOK)) != FALSE, page == 2);
             if (page < 2) press(dialog, IDC_TECHNOLOGY_NEXT);

@@ -1,8 +1,18 @@
-#include "refhost/automation/ClassFactory.h"
+#include "automation/ClassFactory.h"
+
+#include <new>
 
 #include "automation/Guard.h"
 
-namespace norvex {
+namespace pellmark {
+
+HRESULT ClassFactory::give(const char* source, Make make, REFIID iid, void** object) noexcept {
+    if (object == nullptr) return E_POINTER;
+    *object = nullptr;
+    if (make == nullptr) return CLASS_E_CLASSNOTAVAILABLE;
+    const auto factory = ComPtr<ClassFactory>::adopt(new (std::nothrow) ClassFactory(source, make));
+    return factory ? factory->QueryInterface(iid, object) : E_OUTOFMEMORY;
+}
 
 HRESULT ClassFactory::QueryInterface(REFIID iid, void** object) {
     if (object == nullptr) return E_POINTER;
@@ -28,17 +38,17 @@ HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** object)
     *object = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
     HRESULT answer = E_FAIL;
-    const HRESULT made = pellmark::guarded("Norvex", [&] { answer = make_()->QueryInterface(iid, object); });
+    const HRESULT made = trapAsResult(source_, [&] { answer = make_()->QueryInterface(iid, object); });
     return FAILED(made) ? made : answer;
 }
 
 HRESULT ClassFactory::LockServer(BOOL lock) {
     if (lock != FALSE) {
-        pellmark::module::Lock::add();
+        module::Lock::add();
     } else {
-        pellmark::module::Lock::remove();
+        module::Lock::remove();
     }
     return S_OK;
 }
 
-}  // namespace norvex
+}  // namespace pellmark

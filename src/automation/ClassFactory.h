@@ -5,20 +5,21 @@
 #include <unknwn.h>
 
 #include <atomic>
-#include <memory>
 
+#include "automation/Automation.h"
 #include "automation/Module.h"
-#include "com/ApplicationCalls.h"
 
 namespace pellmark {
 
-/// Makes automation objects, each with a component of its own.
+/// Makes the objects of one class.
 class ClassFactory final : public IClassFactory {
   public:
-    using ComposeComponent = std::unique_ptr<ApplicationCalls> (*)();
+    using Make = ComPtr<IDispatch> (*)();
 
-    /// Starts with one reference, the caller's.
-    explicit ClassFactory(ComposeComponent compose) : compose_(compose) {}
+    /// Answers DllGetClassObject with a factory over `make`, or with CLASS_E_CLASSNOTAVAILABLE for null.
+    /// `source` names the DLL in error texts.
+    static HRESULT give(const char* source, Make make, REFIID iid, void** object) noexcept;
+
     ClassFactory(const ClassFactory&) = delete;
     ClassFactory& operator=(const ClassFactory&) = delete;
 
@@ -29,11 +30,14 @@ class ClassFactory final : public IClassFactory {
     HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override;
 
   private:
+    /// Starts with one reference, the caller's.
+    ClassFactory(const char* source, Make make) : source_(source), make_(make) {}
     ~ClassFactory() = default;
 
     module::Lock moduleLock_;
     std::atomic<ULONG> references_{1};
-    ComposeComponent compose_;
+    const char* source_;
+    Make make_;
 };
 
 }  // namespace pellmark
