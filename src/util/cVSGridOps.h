@@ -24,8 +24,8 @@ class cVSGridOps {
     void SetRowDataToIds(Grid& grid);
     /// The user's temporary folder with its trailing "\"; "" when the system has none.
     std::string GetTempFolderPath();
-    /// The selected rows, in selection order, under a heading line. Left out are cells with a picture and those
-    /// whose text begins with "{" (ids). Texts are the stored ones ("71"), and nothing is quoted.
+    /// The selected rows, in selection order, under a heading line. Left out are cells with a picture and
+    /// those whose text begins with "{" (ids). Texts are the stored ones ("71"), and nothing is quoted.
     std::string SelectionAsDelimitedText(const Grid& grid, const std::string& separator);
     /// Writes that text into a file and returns it. Where the file cannot be written the trace says why.
     std::string SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
