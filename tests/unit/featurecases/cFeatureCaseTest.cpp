@@ -413,5 +413,13 @@ TEST_F(CFeatureCaseTest, ANewViewForgetsTheFormersSubscriptions) {
     EXPECT_EQ(base.callsOf("processesOfValues").size(), 1U);
 }
 
+TEST_F(CFeatureCaseTest, AnOpenPartTypeAsksForNothing) {
+    open();
+    view().SetPartTypeGui("");
+    view().SetNvxFeatureTypeGui(-1);
+    view().SetFeatureCaseUnitGui(-1);
+    EXPECT_THAT(base.calls(), IsEmpty());
+}
+
 }  // namespace
 }  // namespace pellmark::test

@@ -339,5 +339,14 @@ TEST_F(CaseListTest, AnEmptyIdIsNeverSentToTheStore) {
     EXPECT_THAT(desktop.windows(), IsEmpty());
 }
 
+TEST_F(CaseListTest, ADoubleClickOnTheFirstProcessEditsItAndOneOnTheHeadingDoesNot) {
+    base.addFeatureCase(hole, {d8}, {base.addProcess("one")});
+    openCase({d8});
+    grid().doubleClicked.raise(0);
+    EXPECT_THAT(desktop.windows(), IsEmpty());
+    desktop.expectDialog("FrmAddEditProcess", [](Form& dialog) { dialog.close(); });
+    grid().doubleClicked.raise(1);
+}
+
 }  // namespace
 }  // namespace pellmark::test

@@ -437,5 +437,24 @@ TEST_F(FrmAddEditProcessTest, TheListsGrowWithTheDialogAndTheButtonsStayAtItsCor
     EXPECT_LE(lists.LV1.bounds().bottom(), lists.bounds().height);
 }
 
+TEST_F(FrmAddEditProcessTest, EveryCaptionIsTranslated) {
+    library.translations = {
+        {"Name", "1"},        {"Unit", "2"},           {"Rule", "3"}, {"Build Expression...", "4"},
+        {"Description", "5"}, {"Material Class", "6"}, {"OK", "7"},   {"Cancel", "8"},
+        {"Help", "9"}};
+    edit([&](FrmAddEditProcess& dialog) {
+        std::string captions;
+        for (const Control* control : std::initializer_list<const Control*>{
+                 &dialog.LblName, &dialog.LblUnit, &dialog.LblRule, &dialog.CmdBuildExpression,
+                 &dialog.LblDescription, &dialog.FrameMaterialClass, &dialog.CmdOk, &dialog.CmdCancel,
+                 &dialog.CmdHelp}) {
+            for (const char c : control->caption())
+                if (c != '&') captions += c;
+        }
+        EXPECT_EQ(captions, "123456789");
+        dialog.CmdCancel.click();
+    });
+}
+
 }  // namespace
 }  // namespace pellmark::test

@@ -309,5 +309,13 @@ TEST_F(FrmAddExistingProcessTest, OkPressedTwiceWhileTheStoreIsSlowIsCarriedOutO
     EXPECT_EQ(base.callsOf("attach").size(), 2U);
 }
 
+TEST_F(FrmAddExistingProcessTest, AListThatCouldBeFilledAgainOpensTheDialog) {
+    base.throwOn("processesOfValues");
+    openCase({d8});
+    base.stopThrowing();
+    list().RefreshList("");
+    run([](FrmAddExistingProcess& dialog) { dialog.CmdCancel.click(); });
+}
+
 }  // namespace
 }  // namespace pellmark::test
