@@ -1,5 +1,7 @@
 """The steps of the selected process, each command with what the knowledge base and the disk hold afterwards."""
 
+import csv
+
 from case_dialog import describe_case
 from desktop import wait_for
 from workbench import WorkbenchTest
@@ -82,3 +84,29 @@ class StepsOfTheSelectedProcess(WorkbenchTest):
         wait_for("the steps from the file", lambda: self.names() == steps)
         self.assertEqual(self.stored(), steps)
         self.assertEqual(self.workbench.query(VALUES), values)
+
+    def test_saved_tables_are_what_another_programs_reader_finds(self):
+        self.start()
+        shown = [row["cells"] for row in self.rows()]
+        for name, separator in (("steps.csv", ","), ("steps.txt", "\t")):
+            self.command(5)
+            self.desktop.type("C:\\Norvex\\" + name)
+            self.desktop.key("Return")
+            file = self.workbench.folder / name
+            wait_for("the table", lambda: file.exists() and file.stat().st_size > 0)
+            with file.open(newline="", encoding="cp1252") as text:
+                table = list(csv.reader(text, delimiter=separator))
+            self.assertEqual(table[0][3:], ["Priority", "Name", "Cutting Cycle"])
+            self.assertEqual([[row[0], *row[4:]] for row in table[1:]], shown)
+
+    def test_a_name_is_edited_in_place(self):
+        self.start()
+        before = self.stored()
+        row = self.rows()[0]
+        self.desktop.click(self.desktop.row_middle(row))
+        self.desktop.key("F2")
+        self.desktop.key("Home", "shift+End")
+        self.desktop.type("Spot twice")
+        self.desktop.key("Return")
+        wait_for("the new name in the store", lambda: self.stored() == ["Spot twice", *before[1:]])
+        self.assertEqual(self.names(), self.stored())
