@@ -8,7 +8,7 @@ std::string FeatureCaseCreation::create(const FeatureCaseDescription& descriptio
         unfinished_.reset();
         unfinished_ = Unfinished{store.createFeatureCase(description), description};
     }
-    const std::string id = unfinished_->id;
+    std::string id = unfinished_->id;
     for (const std::string& value : description.valueIds)
         store.addValue(value, id);
     unfinished_.reset();

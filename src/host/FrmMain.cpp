@@ -145,7 +145,7 @@ void FrmMain::CmdOk_Click() {
 
 std::string FrmMain::pickedFeatureCase() {
     if (!caseView_ || !caseView_->featureCase.hasCase()) return {};
-    const std::string existing = caseView_->featureCase.existingFeatureCase();
+    std::string existing = caseView_->featureCase.existingFeatureCase();
     if (!existing.empty()) return existing;
     if (!services_.rights.CheckPermission(PermissionAdd)) return {};
     return caseView_->featureCase.existingOrNewFeatureCase();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <ranges>
 
 #include "knowledge/Records.h"
 
@@ -26,20 +27,20 @@ ProcessRemoval::ProcessRemoval(const UserInterface& person, Grid& grid) : person
 void ProcessRemoval::carryOut(const char* operation, const Remove& remove) {
     std::size_t removed = 0;
     std::vector<std::string> failures;
-    for (auto target = targets_.rbegin(); target != targets_.rend(); ++target) {
+    for (const Target& target : targets_ | std::views::reverse) {
         bool gone = false;
         // One process that fails must not keep the others from being handled.
         trap(person_.operations(), operation, [&] {
             try {
-                gone = remove(*target);
+                gone = remove(target);
             } catch (const std::exception& error) {
-                failures.push_back(target->name + ": " + error.what());
+                failures.push_back(target.name + ": " + error.what());
                 throw;
             }
         });
         if (!gone) continue;
         ++removed;
-        const int row = grid_.findRow(target->id);
+        const int row = grid_.findRow(target.id);
         if (row >= 0) grid_.removeRow(row);
     }
     if (!failures.empty()) tell(removed, failures);

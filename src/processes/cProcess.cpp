@@ -23,12 +23,12 @@ constexpr const char* kMessageTitle = "Norvex - Process Manager";
 // Widths go by position in both lists, so that those of a case fall one column to the right.
 constexpr ColumnSpec kAllColumns[] = {{"Id", field::kId, 4000, true},
                                       {"Name", field::kName, 2000},
-                                      {"Unit", field::kUnit, 1000, false, kUnitComboList},
+                                      {"Unit", field::kUnit, 1000, false, false, kUnitComboList},
                                       {"Rule", field::kRule, 2000},
                                       {"Description", field::kDescription, 4000}};
 constexpr ColumnSpec kCaseColumns[] = {
     {"Id", field::kId, 4000, true}, {"FeatureCaseId", field::kFeatureCaseId, 2000, true},
-    {"Name", field::kName, 1000},   {"Unit", field::kUnit, 2000, false, kUnitComboList},
+    {"Name", field::kName, 1000},   {"Unit", field::kUnit, 2000, false, false, kUnitComboList},
     {"Rule", field::kRule, 4000},   {"Description", field::kDescription}};
 
 }  // namespace

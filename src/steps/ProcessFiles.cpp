@@ -87,8 +87,8 @@ void ProcessFiles::importWith(const Progress& progress, const std::string& path,
 
 std::string ProcessFiles::addStep(TechnologyObject& operation, const std::string& processId) {
     ProcessStepStore& store = services_.knowledgeBase.stepStore();
-    const std::string id = store.addStep({"", operation.operationName(), processId,
-                                          store.nextPriority(processId), operation.cuttingCycleId()});
+    std::string id = store.addStep({"", operation.operationName(), processId, store.nextPriority(processId),
+                                    operation.cuttingCycleId()});
     const std::int32_t count = operation.count();
     for (std::int32_t position = 1; position <= count; ++position) {
         // A value that cannot be stored must not keep the others out.

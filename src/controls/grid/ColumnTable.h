@@ -14,8 +14,8 @@ struct ColumnSpec {
     const char* key;                          ///< the field that it shows
     Twips width = GridColumn::kDefaultWidth;  ///< before a person or a layout has changed it
     bool internal = false;                    ///< shown in debug mode alone
-    const char* list = nullptr;               ///< display list of stored values and shown texts
     bool editable = false;
+    const char* list = nullptr;  ///< display list of stored values and shown texts
 };
 
 /// What a person sees of an English heading.
