@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <ranges>
 
 #include "knowledge/Records.h"
 
@@ -16,7 +15,7 @@ constexpr std::size_t kMostNamed = 10;
 }  // namespace
 
 ProcessRemoval::ProcessRemoval(const UserInterface& person, Grid& grid) : person_(person), grid_(grid) {
-    for (int i = 0; i < grid.selectedRows(); ++i) {
+    for (int i = grid.selectedRows() - 1; i >= 0; --i) {
         const int row = grid.selectedRow(i);
         if (grid.rowData(row).empty()) continue;
         targets_.push_back(
@@ -27,7 +26,7 @@ ProcessRemoval::ProcessRemoval(const UserInterface& person, Grid& grid) : person
 void ProcessRemoval::carryOut(const char* operation, const Remove& remove) {
     std::size_t removed = 0;
     std::vector<std::string> failures;
-    for (const Target& target : targets_ | std::views::reverse) {
+    for (const Target& target : targets_) {
         bool gone = false;
         // One process that fails must not keep the others from being handled.
         trap(person_.operations(), operation, [&] {

@@ -33,7 +33,7 @@ class ProcessRemoval {
 
     UserInterface person_;
     Grid& grid_;
-    std::vector<Target> targets_;
+    std::vector<Target> targets_;  ///< last selected first
 };
 
 }  // namespace pellmark
