@@ -163,6 +163,22 @@ void GridPeer::editByKeyboard() {
     if (isEditable(cell)) edit(cell);
 }
 
+namespace {
+
+/// Held while an edit is being ended.
+class EndOnce {
+  public:
+    explicit EndOnce(bool& ending) : ending_(ending) { ending_ = true; }
+    EndOnce(const EndOnce&) = delete;
+    EndOnce& operator=(const EndOnce&) = delete;
+    ~EndOnce() { ending_ = false; }
+
+  private:
+    bool& ending_;
+};
+
+}  // namespace
+
 void GridPeer::edit(Cell cell) {
     const int row = gridTable().gridRow(cell.row);
     const int col = gridTable().colOf(cell.column);
@@ -170,7 +186,9 @@ void GridPeer::edit(Cell cell) {
     if (!grid()->beginEdit(row, col) || control() == nullptr) return;
     const auto ended = [this](GridEditor::End how) {
         trap(form().surroundings().trace(), "GridPeer::endEdit", [&] {
-            if (grid() == nullptr || !editor_) return;
+            // A handler that says why it refuses a value takes the keyboard to its box: that ends no edit.
+            if (grid() == nullptr || !editor_ || ending_) return;
+            const EndOnce once(ending_);
             if (how == GridEditor::End::Cancel) {
                 grid()->cancelEdit();
             } else if (!grid()->commitEdit(editor_->value()) && how == GridEditor::End::Commit) {

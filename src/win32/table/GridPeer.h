@@ -42,6 +42,7 @@ class GridPeer : public TablePeer {
     Subscription gridChanged_;
     Subscription paintRequested_;
     std::unique_ptr<GridEditor> editor_;
+    bool ending_ = false;  ///< the value of the editor is being offered
 };
 
 }  // namespace pellmark

@@ -556,6 +556,26 @@ TEST_F(GridPeerEditTest, ARefusedValueKeepsThePersonInTheCell) {
     EXPECT_EQ(values().text(2, 1), "H7");
 }
 
+TEST_F(GridPeerEditTest, ARefusalThatIsToldInABoxKeepsThePersonInTheCell) {
+    int offered = 0;
+    const auto veto = values().validateEdit.subscribe([&](CellEdit& edit) {
+        ++offered;
+        edit.cancel = true;
+        const HWND focus = ::GetFocus();
+        ::SetFocus(host());  // as a message box does
+        ::SetFocus(focus);
+    });
+    values().select(2, 0);
+    Person::press({VK_F2});
+    Person::type("bad");
+    Person::press({VK_RETURN});
+    EXPECT_EQ(offered, 1);
+    EXPECT_NE(line(), nullptr);
+    EXPECT_TRUE(values().isEditing());
+    Person::press({VK_ESCAPE});
+    EXPECT_FALSE(values().isEditing());
+}
+
 TEST_F(GridPeerEditTest, ACellWithChoicesOpensItsListAtOnce) {
     Person::click(of(values()), inValue(0));
     ASSERT_NE(choices(), nullptr);
