@@ -21,6 +21,9 @@ GridPeer::GridPeer(FormWindow& form, Grid& grid, HWND parent)
     : TablePeer(form, grid, std::make_unique<GridTable>(grid, form.surroundings().trace())) {
     create(parent, true);
     gridChanged_ = grid.gridChanged.subscribe([this](const GridChange& change) { modelChanged(change); });
+    topRowAsked_ = grid.topRowAsked.subscribe([this](int& row) {
+        if (window() != nullptr) row = gridTable().gridRow(topRow());
+    });
     paintRequested_ = grid.paintRequested.subscribe([this] { ::UpdateWindow(window()); });
     if (table().current() >= 0) scrollTo(table().current());
 }
@@ -30,6 +33,7 @@ GridPeer::~GridPeer() = default;
 void GridPeer::detach() {
     gridChanged_.reset();
     paintRequested_.reset();
+    topRowAsked_.reset();
     gridTable().detach();
     TablePeer::detach();
     editor_.reset();  // which moves the keyboard: nothing must reach the model any more
@@ -68,6 +72,9 @@ void GridPeer::modelChanged(const GridChange& change) {
             break;
         case GridChange::What::Scroll:
             scrollTo(row);
+            break;
+        case GridChange::What::Top:
+            scrollToTop(row);
             break;
         case GridChange::What::All:
             gridTable().takeRows();
@@ -109,6 +116,10 @@ void GridPeer::headingPressed(int column, MouseButton button, POINT at) {
     grid()->mousePressed.raise({button, col < 0 ? -1 : 0, col, scale().twips(at)});
 }
 
+void GridPeer::headingClicked(int column) {
+    if (const int col = gridTable().colOf(column); col >= 0) grid()->headingClicked.raise(col);
+}
+
 void GridPeer::pressed(MouseButton button, POINT at) {
     const Cell cell = cellAt(at);
     grid()->mousePressed.raise(
@@ -127,10 +138,8 @@ void GridPeer::takeCell(Cell cell, bool onlySelected) {
 }
 
 bool GridPeer::keyDown(int keyCode) {
-    if (keyCode == VK_F2) {
-        editByKeyboard();
-        return true;
-    }
+    if (keyCode == VK_F2 && editByKeyboard()) return true;
+    if (control() == nullptr) return true;
     KeyPress press;
     press.keyCode = keyCode;
     press.shift = isDown(VK_SHIFT);
@@ -154,13 +163,15 @@ bool GridPeer::isEditable(Cell cell) const {
     return cell.row >= 0 && col >= 0 && grid()->colEditable(col);
 }
 
-void GridPeer::editByKeyboard() {
+bool GridPeer::editByKeyboard() {
     const int row = table().current();
-    if (row < 0) return;
+    if (row < 0) return false;
     Cell cell{row, gridTable().columnOf(grid()->col())};
     for (int column = 0; !isEditable(cell) && column < table().columns(); ++column)
         cell.column = column;
-    if (isEditable(cell)) edit(cell);
+    if (!isEditable(cell)) return false;
+    edit(cell);
+    return true;
 }
 
 namespace {

@@ -95,6 +95,18 @@ void TablePeer::scrollTo(int row) {
     ::SendMessageW(window(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
+int TablePeer::topRow() const {
+    return static_cast<int>(::SendMessageW(window(), LVM_GETTOPINDEX, 0, 0));
+}
+
+void TablePeer::scrollToTop(int row) {
+    RECT line{};
+    line.left = LVIR_BOUNDS;
+    ::SendMessageW(window(), LVM_GETITEMRECT, static_cast<WPARAM>(topRow()), reinterpret_cast<LPARAM>(&line));
+    // The window scrolls by pixels and is asked for whole rows.
+    ::SendMessageW(window(), LVM_SCROLL, 0, LPARAM{row - topRow()} * (line.bottom - line.top));
+}
+
 void TablePeer::rescale() {
     painter_->forgetFonts();
     ControlPeer::rescale();
