@@ -71,14 +71,15 @@ ProcessFinder::ProcessFinder(Connection& connection, const pellmark::RowQuery& q
 ProcessRows ProcessFinder::among(const ProcessRows& rows) {
     if (query_.wantsAll()) return rows;
     if (!isIndexed_) return lookedAt(*rows, rows->size());
-    if (codePoints(query_.text) < kShortest) {
+    const bool isShort = codePoints(query_.text) < kShortest;
+    const std::string match = isShort || fields_.empty() ? "" : columns() + quoted(query_.text);
+    if (isShort || !mark(match, kFewEnough)) {
         auto first = lookedAt(*rows, kLookedAt);
         hasMore_ = rows->size() > kLookedAt;
         if (!hasMore_ || first->size() >= kEnough) return first;
+        // They are rare, or all of them stand further down.
         hasMore_ = false;
-        markShort();
-    } else if (!fields_.empty()) {
-        mark(columns() + quoted(query_.text));
+        mark(isShort ? beginnings() : match, rows->size());
     }
     markValues();
     auto found = std::make_shared<std::vector<std::uint32_t>>();
@@ -117,16 +118,19 @@ std::string ProcessFinder::columns() const {
     return "{" + names + "} : ";
 }
 
-void ProcessFinder::mark(const std::string& match) {
+bool ProcessFinder::mark(const std::string& match, std::size_t most) {
+    if (match.empty()) return true;
     Statement list(connection_, "SELECT rowid FROM process_search WHERE process_search MATCH ?");
     list.bind(match);
-    while (list.step())
+    for (std::size_t marked = 0; list.step(); ++marked) {
+        if (marked == most) return false;
         marks_.add(rowNumber(connection_, list.integer(0)));
+    }
+    return true;
 }
 
-/// Every trigram that begins with the text: a text that holds it has one of them.
-void ProcessFinder::markShort() {
-    if (fields_.empty()) return;
+std::string ProcessFinder::beginnings() const {
+    if (fields_.empty()) return {};
     std::string begin = query_.text;
     pellmark::foldCaseOf(begin);
     const std::string end = begin + "\xF4\x8F\xBF\xBF";  // behind every other character
@@ -135,7 +139,7 @@ void ProcessFinder::markShort() {
     grams.bind(begin).bind(end);
     while (grams.step())
         match += (match.empty() ? "" : " OR ") + quoted(grams.view(0));
-    if (!match.empty()) mark(columns() + "(" + match + ")");
+    return match.empty() ? match : columns() + "(" + match + ")";
 }
 
 void ProcessFinder::markValues() {

@@ -23,9 +23,10 @@ class RowMarks {
     std::vector<std::uint64_t> words_;
 };
 
-/// Finds processes by text. Three letters and more are found by the index of trigrams, all of them. One or
-/// two are in so many texts that the first of the list are looked at one by one; where that does not show
-/// enough of them they are rare, and the index knows the trigrams that begin with them.
+/// Finds processes by text, within the time in which a person expects a key to show. Three letters and more
+/// are found by the index of trigrams. Where they are in too many texts for that, and one or two letters are,
+/// the first of the list are looked at one by one; where that does not show enough of them they are rare, or
+/// stand further down, and the index is asked after all. It knows short texts as the beginnings of trigrams.
 class ProcessFinder {
   public:
     /// The connection is in a read transaction.
@@ -38,14 +39,17 @@ class ProcessFinder {
 
   private:
     static constexpr std::size_t kShortest = 3;  ///< of a trigram, in code points
-    /// A fifth of the time that a person takes for a key press to show.
+    static constexpr std::size_t kFewEnough = 150'000;
     static constexpr std::size_t kLookedAt = 20'000;
     static constexpr std::size_t kEnough = 1'000;
 
     ProcessRows lookedAt(const std::vector<std::uint32_t>& rows, std::size_t most);
-    void mark(const std::string& match);
+    /// False when there are more than that.
+    bool mark(const std::string& match, std::size_t most);
     void markValues();
-    void markShort();
+    /// Asks for every trigram that begins with the text: a text that holds it has one of them. "" when none
+    /// does.
+    std::string beginnings() const;
     std::string columns() const;
 
     Connection& connection_;

@@ -43,7 +43,7 @@ ProcessRecordSet::ProcessRecordSet(std::shared_ptr<KnowledgeBase> base, std::sha
 
 ProcessRecordSet::ProcessRecordSet(std::shared_ptr<KnowledgeBase> base, Arranged arranged)
     : base_(std::move(base)),
-      reader_(base_->borrowReader()),
+      reader_(std::move(arranged.reader)),
       count_(arranged.rows->size()),
       arranged_(std::move(arranged)) {}
 

@@ -23,6 +23,7 @@ class ProcessRecordSet : public pellmark::RecordSet {
     struct Arranged {
         ProcessRows order;  ///< of all; held so that it need not be read again while the list is looked at
         ProcessRows rows;
+        std::shared_ptr<Connection> reader;
         bool hasMore = false;
     };
 

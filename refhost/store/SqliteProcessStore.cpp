@@ -53,7 +53,7 @@ std::shared_ptr<RecordSet> SqliteProcessStore::findProcesses(const RowQuery& que
     const auto reader = base_->borrowReader();
     Transaction view(*reader, Transaction::Kind::Read);
     const ProcessRows order = orders_->by(*reader, query.sortField);
-    ProcessRecordSet::Arranged arranged{order, order, false};
+    ProcessRecordSet::Arranged arranged{order, order, reader, false};
     if (query.descending) {
         arranged.rows = std::make_shared<std::vector<std::uint32_t>>(order->rbegin(), order->rend());
     }

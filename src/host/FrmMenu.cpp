@@ -18,6 +18,7 @@ constexpr Point kKeyboardPlace{-1, -1};
 constexpr const char* kInsertKey = "Ins";
 constexpr const char* kDeleteKey = "Del";
 constexpr const char* kEnterKey = "Enter";
+constexpr const char* kEditKey = "F2";
 
 MenuItem& itemOf(Menu& menu, std::string_view name) {
     auto& items = menu.items();
@@ -167,7 +168,7 @@ void FrmMenu::prepareProcessMenu() {
            {"mnuProcessDelete", "mnuProcessEdit", "mnuProcessDeleteFromfeatureCase", "mnuProcessPrint",
             "mnuProcessSaveAs", "mnuProcessFormatColumns"},
            hasData);
-    itemOf(mnuProcess, "mnuProcessEdit").shortcut = enterEdits(*FGProcesses) ? kEnterKey : "F2";
+    itemOf(mnuProcess, "mnuProcessEdit").shortcut = enterEdits(*FGProcesses) ? kEnterKey : kEditKey;
     // A new process is attached to a feature case from the start, so there must be one to attach it to.
     const bool ofCase = featureCase_ != nullptr;
     for (const char* name :

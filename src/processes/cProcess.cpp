@@ -105,6 +105,8 @@ void cProcess::keyPressed(KeyPress& key) {
         AddNewWizard();
     } else if (key.is(KeyPress::kF5)) {
         Refresh();
+    } else if (key.isWithControl('C')) {
+        CopySelection();
     } else {
         key.handled = false;
     }
@@ -212,7 +214,7 @@ void cProcess::fillFeatureCase(const std::string& selectId) {
     grid_->bind(std::move(records));
     hideInternal();
     gridOps_.SetRowDataToIds(*grid_);
-    markMatches(*grid_, results_);
+    markMatches(*grid_, results_, person_.texts);
     selectProcess(selectId);
 }
 
@@ -241,7 +243,7 @@ std::shared_ptr<RecordSet> cProcess::upToLimit(const std::shared_ptr<RecordSet>&
 }
 
 void cProcess::SetOrphanColor() {
-    markOrphans(*grid_, knowledgeBase_.processStore());
+    markOrphans(*grid_, knowledgeBase_.processStore(), person_.texts);
 }
 
 void cProcess::UpdateFromDb(const ProcessRecord& record) {
@@ -329,6 +331,10 @@ void cProcess::DeleteFromFeatureCase() {
         });
         selectLast();
     });
+}
+
+void cProcess::CopySelection() {
+    carryOut(person_, "cProcess::CopySelection", [this] { gridOps_.CopySelection(*grid_); });
 }
 
 void cProcess::AddNewWizard() {

@@ -55,6 +55,8 @@ class cProcess {
     void Delete();
     /// Detaches the selected processes from the feature cases through which they are listed, after asking.
     void DeleteFromFeatureCase();
+    /// Puts the selected rows on the clipboard, under their headings.
+    void CopySelection();
     /// Opens the dialog for a new process.
     void AddNewWizard();
     /// Opens the dialog on the current process; does nothing without one.

@@ -74,6 +74,8 @@ void cProcessSteps::keyPressed(KeyPress& key) {
         AddNewWizard();
     } else if (key.is(KeyPress::kF5)) {
         Refresh();
+    } else if (key.isWithControl('C')) {
+        CopySelection();
     } else {
         key.handled = false;
     }
@@ -227,6 +229,11 @@ void cProcessSteps::deleteSteps(const std::vector<std::string>& ids) {
         if (grid_->selectedRows() == 0) grid_->select(grid_->row(), firstShownColumn(*grid_));
     }
     if (failure) std::rethrow_exception(failure);
+}
+
+void cProcessSteps::CopySelection() {
+    carryOut(services_.person, "cProcessSteps::CopySelection",
+             [this] { services_.gridOps.CopySelection(*grid_); });
 }
 
 void cProcessSteps::AddNewWizard() {

@@ -44,6 +44,8 @@ class cProcessSteps {
 
     /// Deletes the selected steps for good, after asking.
     void Delete();
+    /// Puts the selected rows on the clipboard, under their headings.
+    void CopySelection();
     /// Opens the dialog that adds a step to the current process; does nothing without one.
     void AddNewWizard();
     /// Opens the host's step wizard on the current step and stores what the person changed there.

@@ -285,9 +285,25 @@ void Grid::setPicture(int row, int col, int picture) {
     setStyle(row, col, [picture](CellStyle& style) { style.picture = picture; });
 }
 
+void Grid::setNote(int row, int col, const std::string& note) {
+    setStyle(row, col, [&note](CellStyle& style) { style.note = note; });
+}
+
+std::string Grid::notes(int row) const {
+    std::string all;
+    for (int col = 0; col < cols(); ++col) {
+        const std::string note = style(row, col).note;
+        if (!note.empty()) all += (all.empty() ? "" : ", ") + note;
+    }
+    return all;
+}
+
 void Grid::setColumnForeColor(int col, Color color) {
     if (!columns_.contains(col)) return;
-    styles_.changeColumn(col, [color](CellStyle& style) { style.fore = color; });
+    styles_.changeColumn(col, [color](CellStyle& style) {
+        style.fore = color;
+        style.note.clear();
+    });
     notify({What::Cells});
 }
 

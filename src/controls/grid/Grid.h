@@ -141,8 +141,12 @@ class Grid : public Control {
     void setItalic(int row, int col, bool italic);
     /// A picture by its number in the peer's image list; -1 for none.
     void setPicture(int row, int col, int picture);
-    /// The text colour of every data cell of a column, whatever colour was set before; the rest of their
-    /// looks stays. Rows of which none was given a look of its own cost nothing.
+    /// What the look of a cell means, in the person's language.
+    void setNote(int row, int col, const std::string& note);
+    /// The notes of a row's cells, one after the other; "" when it has none.
+    std::string notes(int row) const;
+    /// The text colour of every data cell of a column, whatever colour and note were set before; the rest of
+    /// their looks stays. Rows of which none was given a look of its own cost nothing.
     void setColumnForeColor(int col, Color color);
     /// The grid whose selection is drawn in the system highlight colour; the other gets a paler one.
     bool activeLook() const { return activeLook_; }

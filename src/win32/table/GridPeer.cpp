@@ -20,6 +20,7 @@ bool isDown(int key) {
 GridPeer::GridPeer(FormWindow& form, Grid& grid, HWND parent)
     : TablePeer(form, grid, std::make_unique<GridTable>(grid, form.surroundings().trace())) {
     create(parent, true);
+    description_.emplace(window());
     gridChanged_ = grid.gridChanged.subscribe([this](const GridChange& change) { modelChanged(change); });
     topRowAsked_ = grid.topRowAsked.subscribe([this](int& row) {
         if (window() != nullptr) row = gridTable().gridRow(topRow());
@@ -34,6 +35,7 @@ void GridPeer::detach() {
     gridChanged_.reset();
     paintRequested_.reset();
     topRowAsked_.reset();
+    description_.reset();
     gridTable().detach();
     TablePeer::detach();
     editor_.reset();  // which moves the keyboard: nothing must reach the model any more
@@ -82,6 +84,13 @@ void GridPeer::modelChanged(const GridChange& change) {
             showAll();
             break;
     }
+    describeCurrent();
+}
+
+void GridPeer::describeCurrent() {
+    if (!description_ || grid() == nullptr) return;
+    const int row = grid()->row();
+    description_->show(table().current(), row < 0 ? std::string() : grid()->notes(row));
 }
 
 // --- what a person does
@@ -95,7 +104,9 @@ std::optional<LRESULT> GridPeer::notified(NMHDR& header) {
     // The grid's own echo is muted: the window shows already what the person has done to it.
     const bool isSelection = header.code == LVN_ITEMCHANGED || header.code == LVN_ODSTATECHANGED;
     const auto quiet = isSelection ? gridChanged_.mute() : nullptr;
-    return TablePeer::notified(header);
+    const auto answer = TablePeer::notified(header);
+    if (isSelection) describeCurrent();
+    return answer;
 }
 
 void GridPeer::cellDoubleClicked(Cell cell) {

@@ -4,6 +4,7 @@
 
 #include "controls/grid/Grid.h"
 #include "win32/table/GridTable.h"
+#include "win32/table/RowDescription.h"
 #include "win32/table/TablePeer.h"
 
 namespace pellmark {
@@ -40,10 +41,12 @@ class GridPeer : public TablePeer {
     /// False when the current row has nothing to edit.
     bool editByKeyboard();
     void dragOut();
+    void describeCurrent();
 
     Subscription gridChanged_;
     Subscription paintRequested_;
     Subscription topRowAsked_;
+    std::optional<RowDescription> description_;
     std::unique_ptr<GridEditor> editor_;
     bool ending_ = false;  ///< the value of the editor is being offered
 };

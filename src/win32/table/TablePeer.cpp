@@ -236,8 +236,14 @@ void TablePeer::tipFor(POINT at) {
     const Cell cell = cellAt(at);
     if (cell == tipCell_) return;
     tipCell_ = cell;
-    const bool isCut = cell.row >= 0 && painter_->isCut(cell.row, cell.column, form().font(), scale());
-    form().setToolTip(window(), isCut ? table_->text(cell.row, cell.column) : control()->toolTip());
+    std::string tip = control()->toolTip();
+    if (cell.row >= 0) {
+        const bool isCut = painter_->isCut(cell.row, cell.column, form().font(), scale());
+        const std::string note = table_->style(cell.row, cell.column).note;
+        if (isCut) tip = table_->text(cell.row, cell.column);
+        if (!note.empty()) tip = isCut ? tip + " (" + note + ")" : note;
+    }
+    form().setToolTip(window(), tip);
 }
 
 // --- moving the selection
