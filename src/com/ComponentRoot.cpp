@@ -48,8 +48,8 @@ ComponentRoot::ComponentRoot()
       help_(trace_),
       fileDialogs_(operations_),
       desktop_(module::instance(), operations_),
-      application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, fileDialogs_, hostLibrary_,
-                            operations_, componentFolder(), executableName()}) {}
+      application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, fileDialogs_, clipboard_,
+                            hostLibrary_, operations_, componentFolder(), executableName()}) {}
 
 void ComponentRoot::showProcesses(const ComPtr<IDispatch>& host, const std::string& processGuid) {
     application_.ShowWindowProcessesView(hostFrom(host), processGuid);

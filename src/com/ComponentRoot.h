@@ -9,6 +9,7 @@
 #include "settings/TraceLog.h"
 #include "win32/forms/Win32Desktop.h"
 #include "win32/ports/HtmlHelpViewer.h"
+#include "win32/ports/Win32Clipboard.h"
 #include "win32/ports/Win32Clock.h"
 #include "win32/ports/Win32CodePage.h"
 #include "win32/ports/Win32FileDialogs.h"
@@ -55,6 +56,7 @@ class ComponentRoot final : public ApplicationCalls {
     Operations operations_;
     HtmlHelpViewer help_;
     Win32FileDialogs fileDialogs_;
+    Win32Clipboard clipboard_;
     Win32Desktop desktop_;
     AutomationHostLibrary hostLibrary_;
     Application application_;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/Operations.h"
+#include "ports/Clipboard.h"
 #include "ports/CodePage.h"
 #include "ports/Desktop.h"
 #include "ports/FileDialogs.h"
@@ -23,6 +24,7 @@ struct Platform {
     Idle& idle;
     HelpViewer& help;
     FileDialogs& fileDialogs;
+    Clipboard& clipboard;
     HostLibrary& hostLibrary;
     Operations operations;  ///< with the component's trace
     /// The folder of the component's own DLL, without a trailing "\".

@@ -14,11 +14,11 @@ Services::Services(const Platform& platform)
       files(platform.files, platform.codePage, platform.idle, platform.operations.trace()),
       settings(platform.registry, platform.codePage, platform.files, platform.executableName,
                platform.operations.trace()),
-      gridOps(platform.files, files),
       dialogs(platform.fileDialogs, platform.files, platform.executableName),
       texts(platform.operations),
       help(platform.help, std::string()),
       person{platform.desktop, texts, help},
+      gridOps({person, platform.files, files, platform.clipboard}),
       rights(*knowledgeBase_, person),
       creation(*knowledgeBase_) {
     trap(platform.operations, "Services::Services",

@@ -47,11 +47,11 @@ class Services {
   public:
     cFileIO files;
     cQDLExtSettings settings;
-    cVSGridOps gridOps;
     cCommonDialog dialogs;
     Texts texts;
     HTMLHelp help;
     UserInterface person;
+    cVSGridOps gridOps;
     Rights rights;
     CurrentHost host;
     FeatureCaseCreation creation;

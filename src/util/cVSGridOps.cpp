@@ -1,8 +1,19 @@
 #include "util/cVSGridOps.h"
 
+#include "controls/Form.h"
+#include "controls/grid/SelectionText.h"
 #include "knowledge/Records.h"
 
 namespace pellmark {
+
+namespace {
+
+WindowHandle windowOf(Grid& grid) {
+    const Form* const form = grid.form();
+    return form != nullptr ? form->handle() : 0;
+}
+
+}  // namespace
 
 void cVSGridOps::SelectAll(Grid& grid) {
     grid.selectBlock(grid.fixedRows(), grid.fixedCols(), grid.rows() - 1, grid.cols() - 1);
@@ -26,7 +37,7 @@ void cVSGridOps::SetRowDataToIds(Grid& grid) {
 }
 
 std::string cVSGridOps::GetTempFolderPath() {
-    return files_.temporaryFolder();
+    return services_.files.temporaryFolder();
 }
 
 std::string cVSGridOps::SelectionAsDelimitedText(const Grid& grid, const std::string& separator) {
@@ -49,8 +60,20 @@ std::string cVSGridOps::SelectionAsDelimitedText(const Grid& grid, const std::st
 std::string cVSGridOps::SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
                                                      const std::string& separator) {
     std::string text = SelectionAsDelimitedText(grid, separator);
-    fileIO_.WriteFile(path, text);  // which traces why it could not: the text is of use without the file
+    services_.fileIO.WriteFile(path,
+                               text);  // which traces why it could not: the text is of use without the file
     return text;
+}
+
+void cVSGridOps::CopySelection(Grid& grid) {
+    trapAndTell(services_.person, "cVSGridOps::CopySelection", [&] {
+        if (grid.selectedRows() == 0) return;
+        const ClipboardContent content{selectionAsTabbedText(grid), selectionAsHtmlTable(grid)};
+        if (services_.clipboard.put(content, windowOf(grid))) return;
+        services_.person.show({services_.person.texts.GetString(
+                                   "The clipboard is in use by another program. Please try again."),
+                               "", MessageIcon::Critical});
+    });
 }
 
 }  // namespace pellmark

@@ -4,15 +4,25 @@
 #include <vector>
 
 #include "controls/grid/Grid.h"
+#include "ports/Clipboard.h"
 #include "ports/FileSystem.h"
+#include "util/UserInterface.h"
 #include "util/cFileIO.h"
 
 namespace pellmark {
 
+/// What the operations on grids work with. All parts are borrowed and outlive them.
+struct GridOpsServices {
+    UserInterface person;
+    FileSystem& files;
+    cFileIO& fileIO;
+    Clipboard& clipboard;
+};
+
 /// What the views do with their grids beyond what a grid does itself. One per component.
 class cVSGridOps {
   public:
-    cVSGridOps(FileSystem& files, cFileIO& fileIO) : files_(files), fileIO_(fileIO) {}
+    explicit cVSGridOps(const GridOpsServices& services) : services_(services) {}
 
     /// Selects every data row.
     void SelectAll(Grid& grid);
@@ -31,9 +41,13 @@ class cVSGridOps {
     std::string SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
                                              const std::string& separator);
 
+    /// Puts the selected rows on the clipboard as they are seen: visible columns and shown texts under their
+    /// headings, as text and as an HTML table. Leaves the clipboard alone when nothing is selected. A person
+    /// is told when it did not work.
+    void CopySelection(Grid& grid);
+
   private:
-    FileSystem& files_;
-    cFileIO& fileIO_;
+    GridOpsServices services_;
 };
 
 }  // namespace pellmark

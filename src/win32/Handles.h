@@ -42,6 +42,7 @@ class Handle {
 };
 
 using FileHandle = Handle<HANDLE, &::CloseHandle, -1>;
+using GlobalMemory = Handle<HGLOBAL, &::GlobalFree>;
 using FindHandle = Handle<HANDLE, &::FindClose, -1>;
 
 }  // namespace pellmark

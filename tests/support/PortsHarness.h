@@ -13,6 +13,7 @@
 #include "support/MemoryRegistry.h"
 #include "support/NoIdle.h"
 #include "support/PortableCodePage.h"
+#include "support/RecordingClipboard.h"
 #include "support/RecordingTrace.h"
 #include "support/ScriptedDesktop.h"
 #include "support/ScriptedFileDialogs.h"
@@ -45,8 +46,8 @@ struct PortsHarness {
         registry.setText(Registry::kCurrentUser, kSettings, option, value);
     }
     Platform platform() {
-        return {desktop,     registry, codePage,   files,          idle,    help,
-                fileDialogs, library,  operations, "C:\\Pellmark", "Norvex"};
+        return {desktop,     registry,  codePage, files,      idle,           help,
+                fileDialogs, clipboard, library,  operations, "C:\\Pellmark", "Norvex"};
     }
 
     FakeKnowledgeBase base;
@@ -58,6 +59,7 @@ struct PortsHarness {
     Operations operations{trace};
     RecordingHelp help;
     ScriptedFileDialogs fileDialogs;
+    RecordingClipboard clipboard;
     FakeHostLibrary library{base};
     ScriptedDesktop desktop{operations};
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();

@@ -13,6 +13,7 @@
 #include "support/MemoryFileSystem.h"
 #include "support/MemoryRegistry.h"
 #include "support/PortableCodePage.h"
+#include "support/RecordingClipboard.h"
 #include "support/RecordingTrace.h"
 #include "support/ScriptedDesktop.h"
 #include "support/ScriptedFileDialogs.h"
@@ -127,6 +128,7 @@ struct StepsHarness {
     Operations operations{trace};
     ScriptedDesktop desktop{operations};
     ScriptedFileDialogs fileDialogs;
+    RecordingClipboard clipboard;
     std::map<std::string, std::string> translations;
     Texts texts{operations};
     Help help;
@@ -134,7 +136,7 @@ struct StepsHarness {
     Rights rights{base, person};
     cFileIO fileIO{files, codePage, idle, trace};
     cQDLExtSettings settings{registry, codePage, files, "Norvex", trace};
-    cVSGridOps gridOps{files, fileIO};
+    cVSGridOps gridOps{{person, files, fileIO, clipboard}};
     cCommonDialog dialogs{fileDialogs, files, "Norvex"};
     Form form{desktop, "FrmTest"};
     Grid processGrid{form, "VSFGProcesses"};

@@ -128,6 +128,7 @@ class Sweep {
     NoIdle idle;
     RecordingHelp help;
     ObligingFileDialogs fileDialogs;
+    RecordingClipboard clipboard;
     FakeHostLibrary library{base};
     ObligingDesktop desktop{operations};
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();
@@ -137,7 +138,7 @@ class Sweep {
     std::vector<std::string> steps;
     std::unique_ptr<Application> app =
         std::make_unique<Application>(Platform{desktop, registry, codePage, files, idle, help, fileDialogs,
-                                               library, operations, "C:\\Pellmark", "Norvex"});
+                                               clipboard, library, operations, "C:\\Pellmark", "Norvex"});
 
     /// The moments that have passed, and what the host does at one of them.
     std::vector<std::string> moments;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "controls/grid/SelectionText.h"
 #include "knowledge/MemoryRecordSet.h"
 #include "support/PortsHarness.h"
 
@@ -105,6 +106,30 @@ TEST_F(CVSGridOpsTest, AFileThatCannotBeWrittenIsTracedAndTheTextIsThereAllTheSa
     files.breakDown(true);
     EXPECT_EQ(save(), "\r\n\r\n");
     EXPECT_TRUE(trace.trapped("cFileIO::WriteFile"));
+}
+
+TEST_F(CVSGridOpsTest, TheSelectionIsCopiedAsTextAndAsATable) {
+    form.load();
+    grid.setColHidden(1, true);
+    grid.select(2, 0);
+    ops.CopySelection(grid);
+    ASSERT_EQ(clipboard.puts.size(), 1U);
+    EXPECT_EQ(clipboard.puts[0].content.text, "Name\tNote\r\nb\tn,ote\r\n");
+    EXPECT_EQ(clipboard.puts[0].content.htmlFragment, selectionAsHtmlTable(grid));
+    EXPECT_EQ(clipboard.puts[0].owner, form.handle());
+}
+
+TEST_F(CVSGridOpsTest, WithoutASelectionTheClipboardIsLeftAlone) {
+    ops.CopySelection(grid);
+    EXPECT_THAT(clipboard.puts, IsEmpty());
+}
+
+TEST_F(CVSGridOpsTest, AClipboardThatAnotherProgramKeepsIsTold) {
+    clipboard.isOpenElsewhere = true;
+    grid.select(2, 0);
+    desktop.expectMessage("The clipboard is in use by another program. Please try again.");
+    ops.CopySelection(grid);
+    EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
 }
 
 }  // namespace
