@@ -8,7 +8,7 @@ logs=$build/logs
 
 packages_native=(g++ cmake ninja-build ccache googletest)
 packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64 xvfb xauth
-    fonts-liberation fonts-wine)
+    fonts-liberation fonts-wine fonts-droid-fallback)
 packages_checks=(clang-format clang-tidy git python3)
 packages_desktop=(x11vnc novnc websockify)
 packages_e2e=(python3 sqlite3 xdotool imagemagick)
@@ -119,7 +119,11 @@ use_prefix() {
     export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d;winemenubuilder.exe=d"
     export WINEPATH
     WINEPATH=$(windows_path "$build/win64/bin")
-    [ ! -f "$WINEPREFIX/ready" ] || return 0
+    [ -f "$WINEPREFIX/ready" ] || make_prefix "$1"
+    [ -f "$WINEPREFIX/fonts-linked" ] || link_fonts
+}
+
+make_prefix() {
     say "Creating the Wine prefix build/$1"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX" "$logs"
@@ -129,6 +133,25 @@ use_prefix() {
             timeout 60 wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
     } > "$logs/prefix.log" 2>&1 || die "The Wine prefix could not be created; see $logs/prefix.log"
     touch "$WINEPREFIX/ready"
+}
+
+# Gives the prefix the fonts of Windows' own windows, which Wine does not find where Debian keeps them, and links
+# them to one with the Japanese and Chinese letters that they lack. Without the first, Wine would draw everything
+# with the second, which has no Latin ones.
+link_fonts() {
+    local font target=$WINEPREFIX/drive_c/windows/Fonts
+    local key='HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink'
+    say "Giving the Wine prefix its fonts"
+    mkdir -p "$target"
+    (
+        cp /usr/share/wine/fonts/{marlett,tahoma,tahomabd}.ttf \
+            /usr/share/fonts/truetype/droid/DroidSansFallbackFull.ttf "$target/" &&
+            for font in 'Tahoma' 'Microsoft Sans Serif' 'MS Sans Serif' 'Segoe UI'; do
+                timeout 60 wine reg add "$key" /v "$font" /t REG_MULTI_SZ \
+                    /d 'DroidSansFallbackFull.ttf,Droid Sans Fallback' /f || exit 1
+            done && WINEDEBUG=-all timeout 30 "$(wineserver_path)" -k -w
+    ) > "$logs/fonts.log" 2>&1 || die "The prefix could not be given its fonts; see $logs/fonts.log"
+    touch "$WINEPREFIX/fonts-linked"
 }
 
 # The path as a Windows program sees it.

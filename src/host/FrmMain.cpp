@@ -169,8 +169,8 @@ void FrmMain::placeFilters() {
     constexpr Size kFrame{4900, 1590};
     const auto row = [&](Label& label, ComboBox& combo, int number) {
         const Twips top = 270 + number * kRow;
-        label.place({150, top + 60, 1700, 255}, kFrame, {});
-        combo.place({1900, top, 2850, 345}, kFrame, {});
+        label.place({150, top + 60, 2150, 255}, kFrame, {});
+        combo.place({2350, top, 2400, 345}, kFrame, {});
     };
     row(LblUnit, CmbFTUnit, 0);
     row(LblNvxFeatureType, CmbFTNvxFeatureType, 1);

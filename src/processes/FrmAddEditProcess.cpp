@@ -53,8 +53,8 @@ void FrmAddEditProcess::placeControls() {
     label(LblUnit, 600);
     CmbUnit.place({1700, 600, 2400, 345}, kClient, fixed);
     label(LblRule, 1050);
-    TxtRule.place({1700, 1050, 5400, 345}, kClient, wide);
-    CmdBuildExpression.place({7200, 1035, 1950, 375}, kClient, right);
+    TxtRule.place({1700, 1050, 5150, 345}, kClient, wide);
+    CmdBuildExpression.place({6950, 1035, 2200, 375}, kClient, right);
     label(LblDescription, 1500);
     TxtDescription.place({1700, 1500, 7450, 1080}, kClient, wide);
     TxtDescription.setMultiLine(true);

@@ -14,7 +14,7 @@ namespace {
 constexpr Twips kMargin = 150;
 constexpr Twips kCaption = 300;
 constexpr Twips kGap = 120;
-constexpr Size kButton{1215, 375};
+constexpr Size kButton{1395, 375};
 /// So that the one column leaves room for the scroll bar of a long list.
 constexpr Twips kScrollBar = 330;
 

@@ -26,8 +26,8 @@ frmAddEditProcessTechStep::frmAddEditProcessTechStep(const StepServices& service
     setCaption("Add Edit Default Technology Step");
     setClientSize(kClient);
     FrameTechnology.place({150, 150, kFrame.width, kFrame.height}, kClient, {});
-    Lblcycle.place({150, 480, 1500, 255}, kFrame, {});
-    CmbProcessType.place({1700, 420, 4150, 345}, kFrame, {});
+    Lblcycle.place({150, 480, 1950, 255}, kFrame, {});
+    CmbProcessType.place({2150, 420, 3700, 345}, kFrame, {});
     addButtons(kClient, CmdOk, CmdCancel, CmdHelp);
     on(CmbProcessType.indexChanged.subscribe([this] { CmbProcessType_Change(); }));
 }

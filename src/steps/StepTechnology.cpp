@@ -47,11 +47,22 @@ TechParams storedValues(RecordSet& values) {
     return params;
 }
 
+namespace {
+
+bool belongsToStep(TechnologyParameter& parameter) {
+    const std::int16_t kind = parameter.kind();
+    return kind == TechnologyParameter::kKindInput || kind == TechnologyParameter::kKindKept ||
+           parameter.state() == TechnologyParameter::kStateSet;
+}
+
+}  // namespace
+
 TechParams valuesNow(TechnologyObject& technology) {
     TechParams params;
     const std::int32_t count = technology.count();
     for (std::int32_t position = 1; position <= count; ++position) {
         TechnologyParameter& parameter = technology.parameter(position);
+        if (!belongsToStep(parameter)) continue;
         if (const auto param = params.Add("", parameter.clCode())) param->setValue(parameter.value());
     }
     return params;

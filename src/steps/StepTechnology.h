@@ -25,7 +25,8 @@ std::string withoutQuotes(std::string text);
 /// The values of a step, keyed by CL code, as texts.
 TechParams storedValues(RecordSet& values);
 
-/// Every parameter of a technology object with the value that it has now.
+/// What a technology object holds of a step now: its inputs, what is kept anyway, and what somebody has set.
+/// Figures that the host derives and only shows are not among them; they follow from the others.
 TechParams valuesNow(TechnologyObject& technology);
 
 /// Sets a parameter to a stored text: as a number where the parameter does not hold a text and the stored one

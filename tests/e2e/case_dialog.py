@@ -25,10 +25,10 @@ def visible_choice(desktop, box, text):
     return area()
 
 
-def fill_case(desktop, dialog, values=VALUES):
+def fill_case(desktop, dialog, values=VALUES, kind=TYPE):
     """Chooses the type and the values in the dialog, and confirms it."""
     combos = sorted(desktop.find("ComboBox", inside=dialog), key=lambda w: (w.area[1], w.area[0]))
-    desktop.choose(combos[3], TYPE)
+    desktop.choose(combos[3], kind)
     box = desktop.find("ListBox", inside=dialog)[0]
     for value in values:
         desktop.click(area_middle(visible_choice(desktop, box, value)))
@@ -40,11 +40,11 @@ def case_dialog(desktop):
     return desktop.one("#32770", "Describe the Feature Case")
 
 
-def describe_case(desktop, workbench, values=VALUES):
+def describe_case(desktop, workbench, values=VALUES, kind=TYPE):
     """Opens the case view through the host's menu key and its dialog, for an M6 through hole."""
     desktop.click(workbench.lists()[0].middle)
     desktop.key("ctrl+2")
-    fill_case(desktop, case_dialog(desktop), values)
+    fill_case(desktop, case_dialog(desktop), values, kind)
 
 
 def fill_case_by_keyboard(desktop, values=VALUES):

@@ -109,7 +109,7 @@ class Desktop:
         wait_for(f"{window} to go", lambda: all(w.handle != window.handle for w in self.windows()))
 
     def rows(self, window):
-        """A report list: {headings, count, rows: [{cells, area, selected, focused}]}."""
+        """A report list: {headings: [{text, width, area}], count, rows: [{cells, area, selected, focused}]}."""
         return self.ask(f"list {window.handle}")
 
     def row_state(self, window):
@@ -158,6 +158,14 @@ class Desktop:
             self._xdotool("mousemove", "--sync", start[0] + (end[0] - start[0]) * step // steps,
                           start[1] + (end[1] - start[1]) * step // steps)
         self._xdotool("mouseup", 1)
+
+    def hold(self, key, act):
+        """Does something while a key is held down."""
+        self._xdotool("keydown", key)
+        try:
+            act()
+        finally:
+            self._xdotool("keyup", key)
 
     def key(self, *keys):
         self._xdotool("key", "--delay", 40, *keys)

@@ -7,6 +7,7 @@ import tempfile
 
 from case_dialog import case_dialog, describe_case, fill_case
 from desktop import Desktop, wait_for
+from hands import STEP_MENU, Mouse
 from workbench import Workbench
 
 
@@ -99,8 +100,54 @@ def take_picker(desktop, album):
         album.add("process-pick", workbench.dialog())
 
 
+def show_bearing_seat(desktop, workbench):
+    """The case view with the process whose steps have their technology from each of the six sources."""
+    describe_case(desktop, workbench, ("Diameter: 12 - 25 mm", "Tolerance: H6, bored"), "Plain hole (metric)")
+    processes, steps = wait_for("the lists of the case", lambda: workbench.lists()[1:3])
+    rows = wait_for("its processes", lambda: desktop.rows(processes)["rows"])
+    seat = next(row for row in rows if any(cell.startswith("Bearing seat") for cell in row["cells"]))
+    desktop.click(desktop.row_middle(seat))
+    wait_for("its steps", lambda: desktop.rows(steps)["count"] == 6)
+    return steps
+
+
+def take_steps(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        show_bearing_seat(desktop, workbench)
+        album.add("steps-by-source", workbench.refresh())
+
+
+def host_window(desktop):
+    """The window that the host has opened over the component's."""
+    return wait_for("a window of the host", lambda: desktop.find("#32770", enabled=True))[0]
+
+
+def take_technology(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        steps = show_bearing_seat(desktop, workbench)
+        Mouse(desktop).command(steps, STEP_MENU, "New...")
+        dialog = workbench.dialog()
+        album.add("technology-dialog", dialog)
+        Mouse(desktop).press(dialog, "OK")
+        album.add("technology-editor", host_window(desktop))
+
+
+def take_wizard(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        steps = show_bearing_seat(desktop, workbench)
+        mouse = Mouse(desktop)
+        mouse.select(steps, 1)
+        mouse.command(steps, STEP_MENU, "Edit...")
+        wizard = host_window(desktop)
+        album.add("step-wizard-tool", wizard)
+        mouse.press(wizard, "Next >")
+        wait_for("the second page", lambda: any("2 of 3" in window.text for window in desktop.windows()))
+        album.add("step-wizard-speeds", wizard)
+
+
 SCENES = [take_processes_view, take_case_view, take_process_menu, take_process_dialog, take_delete_question,
-          take_host_dialog, take_case_menu, take_members_dialog, take_picker]
+          take_host_dialog, take_case_menu, take_members_dialog, take_picker, take_steps, take_technology,
+          take_wizard]
 
 
 def main():

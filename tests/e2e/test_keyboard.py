@@ -4,6 +4,7 @@ import re
 
 from case_dialog import VALUES, case_dialog, fill_case_by_keyboard
 from desktop import wait_for
+from hands import button
 from workbench import WorkbenchTest, guid_bytes
 
 ATTACHMENTS = "SELECT count(*) FROM attachment"
@@ -24,15 +25,8 @@ class KeyboardTest(WorkbenchTest):
         column = headings.index("Name") if "Name" in headings else 0
         return [row["cells"][column] for row in table["rows"]]
 
-    def button(self, dialog, caption):
-        """A button by its caption, whatever access key it was given."""
-        def found():
-            return [each for each in self.desktop.find("Button", inside=dialog)
-                    if each.text.replace("&", "") == caption]
-        return wait_for(f"a button {caption!r}", found)[0]
-
     def press(self, dialog, caption):
-        self.desktop.tab_to(self.button(dialog, caption))
+        self.desktop.tab_to(button(self.desktop, dialog, caption))
         self.desktop.key("space")
 
     def confirm(self, dialog):

@@ -183,8 +183,11 @@ std::string headings(HWND header, const RemoteMemory& memory, int columns) {
         memory.read(0, item);
         memory.read(kTextOffset, text);
         text.back() = L'\0';
+        RECT area{};
+        ask(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), asParameter(memory.at(0)));
+        memory.read(0, area);
         out += (column > 0 ? "," : "") + std::string(R"({"text":)") + quoted(text.data()) + R"(,"width":)" +
-               std::to_string(item.cxy) + '}';
+               std::to_string(item.cxy) + R"(,"area":)" + shown(toScreen(header, area)) + '}';
     }
     return '[' + out + ']';
 }

@@ -51,6 +51,17 @@ TEST(StepTechnologyTest, TheFirstOfTwoParametersWithOneCodeCounts) {
     EXPECT_TRUE(isEmpty(values.Item("8")->Value()));
 }
 
+TEST(StepTechnologyTest, AFigureThatIsOnlyShownIsNoneOfTheStepsUnlessSomebodyHasSetIt) {
+    constexpr std::int16_t kShown = 1;
+    FakeTechnology technology(602);
+    technology.add(7, 1.0, kShown).add(8, 2.0, kShown, TechnologyParameter::kStateSet);
+    technology.add(9, 3.0, TechnologyParameter::kKindInput).add(10, 4.0, TechnologyParameter::kKindKept);
+    const TechParams values = valuesNow(technology);
+    EXPECT_EQ(values.find(7), nullptr);
+    ASSERT_EQ(values.Count(), 3);
+    EXPECT_EQ(values.Item("8")->Value(), Variant(2.0));
+}
+
 TEST(StepTechnologyTest, ATextIsANumberOnlyWhereItReadsAsOneAndTheParameterHoldsNoText) {
     const auto handed = [](std::int32_t code, const Variant& holds, const std::string& text) {
         FakeParameter parameter(code, 2, 0, holds);

@@ -1,0 +1,191 @@
+#include "support/win32/TextRoom.h"
+
+#include <commctrl.h>
+
+#include "win32/WideText.h"
+
+namespace pellmark::test {
+
+namespace {
+
+/// Between a button's text and its edge, a box's title and its corner, a heading and its dividers.
+constexpr int kButtonPadding = 4;
+constexpr int kTitleIndent = 9;
+constexpr int kHeadingPadding = 6;
+
+/// The message font of today's Windows runs wider than the one that tests find under Wine.
+constexpr int kReservePercent = 15;
+
+int withReserve(LONG width) {
+    return ::MulDiv(static_cast<int>(width), 100 + kReservePercent, 100);
+}
+
+std::wstring classOf(HWND window) {
+    wchar_t name[64]{};
+    ::GetClassNameW(window, name, 64);
+    return name;
+}
+
+std::wstring textOf(HWND window) {
+    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(
+        static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+std::vector<HWND> childrenOf(HWND parent) {
+    std::vector<HWND> children;
+    for (HWND each = ::GetWindow(parent, GW_CHILD); each != nullptr; each = ::GetWindow(each, GW_HWNDNEXT))
+        children.push_back(each);
+    return children;
+}
+
+bool isShown(HWND window) {
+    return (::GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+/// A container of our own has no font by itself and draws its title with that of its form.
+HFONT fontOf(HWND window) {
+    if (const auto font = ::SendMessageW(window, WM_GETFONT, 0, 0)) return reinterpret_cast<HFONT>(font);
+    for (HWND child : childrenOf(window)) {
+        if (const HFONT font = fontOf(child)) return font;
+    }
+    return nullptr;
+}
+
+SIZE sizeOf(const std::wstring& text, HFONT font, UINT format, int width = 0) {
+    const HDC screen = ::GetDC(nullptr);
+    const HGDIOBJ before = ::SelectObject(screen, font);
+    RECT area{0, 0, width, 0};
+    ::DrawTextW(screen, text.c_str(), -1, &area, format | DT_CALCRECT);
+    ::SelectObject(screen, before);
+    ::ReleaseDC(nullptr, screen);
+    return {area.right, area.bottom};
+}
+
+class Inspection {
+  public:
+    explicit Inspection(int dpi) : dpi_(dpi) {}
+
+    void inspect(HWND parent) {
+        RECT area{};
+        ::GetClientRect(parent, &area);
+        const bool isTabs = classOf(parent) == WC_TABCONTROLW;
+        std::vector<std::pair<HWND, RECT>> placed;
+        for (HWND child : childrenOf(parent)) {
+            if (!isShown(child) && !isTabs) continue;
+            RECT at{};
+            ::GetWindowRect(child, &at);
+            ::MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&at), 2);
+            RECT common{};
+            if (::IntersectRect(&common, &at, &area) && !::EqualRect(&common, &at))
+                complain(child, "reaches out");
+            for (const auto& [other, place] : placed) {
+                if (!isTabs && ::IntersectRect(&common, &at, &place))
+                    complain(child, "covers " + nameOf(other));
+            }
+            placed.emplace_back(child, at);
+            look(child);
+        }
+    }
+
+    void inspectCaption(HWND window) {
+        if ((::GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) != WS_CAPTION) return;
+        NONCLIENTMETRICSW metrics{};
+        metrics.cbSize = sizeof metrics;
+        ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+        const HFONT font = ::CreateFontIndirectW(&metrics.lfCaptionFont);
+        RECT area{};
+        ::GetClientRect(window, &area);
+        const int buttons = 3 * metrics.iCaptionWidth;
+        if (sizeOf(textOf(window), font, DT_SINGLELINE | DT_NOPREFIX).cx + buttons > area.right)
+            complain(window, "has no room for its caption");
+        ::DeleteObject(font);
+    }
+
+    std::vector<std::string> complaints() { return std::move(complaints_); }
+
+  private:
+    int pixels(int at96) const { return ::MulDiv(at96, dpi_, USER_DEFAULT_SCREEN_DPI); }
+    static std::string nameOf(HWND window) {
+        return fromWide(classOf(window)) + " \"" + fromWide(textOf(window)) + "\"";
+    }
+    void complain(HWND window, const std::string& what) {
+        complaints_.push_back(nameOf(window) + " " + what);
+    }
+
+    void look(HWND window) {
+        const std::wstring kind = classOf(window);
+        RECT area{};
+        ::GetClientRect(window, &area);
+        if (kind == WC_STATICW) {
+            lookAtLabel(window, area);
+        } else if (kind == WC_BUTTONW) {
+            const SIZE text = sizeOf(textOf(window), fontOf(window), DT_SINGLELINE);
+            if (withReserve(text.cx) + 2 * pixels(kButtonPadding) > area.right || text.cy > area.bottom)
+                complain(window, "is cut off");
+        } else if (kind == WC_TABCONTROLW) {
+            lookAtTabs(window, area);
+            inspect(window);
+        } else if (kind == WC_LISTVIEWW) {
+            lookAtHeadings(reinterpret_cast<HWND>(::SendMessageW(window, LVM_GETHEADER, 0, 0)));
+        } else if (kind == L"Pellmark.Container") {
+            const SIZE title = sizeOf(textOf(window), fontOf(window), DT_SINGLELINE);
+            if (withReserve(title.cx) + 2 * pixels(kTitleIndent) > area.right)
+                complain(window, "has no room for its title");
+            inspect(window);
+        }
+    }
+
+    void lookAtLabel(HWND label, const RECT& area) {
+        const SIZE text = sizeOf(textOf(label), fontOf(label), DT_WORDBREAK, static_cast<int>(area.right));
+        if (withReserve(text.cx) > area.right || text.cy > area.bottom) complain(label, "is cut off");
+    }
+
+    void lookAtTabs(HWND tabs, const RECT& area) {
+        const auto count = ::SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0);
+        for (LRESULT i = 0; i < count; ++i) {
+            wchar_t text[200]{};
+            TCITEMW item{};
+            item.mask = TCIF_TEXT;
+            item.pszText = text;
+            item.cchTextMax = 200;
+            ::SendMessageW(tabs, TCM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+            RECT at{};
+            ::SendMessageW(tabs, TCM_GETITEMRECT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&at));
+            const SIZE needed = sizeOf(text, fontOf(tabs), DT_SINGLELINE | DT_NOPREFIX);
+            if (at.right - at.left < needed.cx || at.right > area.right) complain(tabs, "cuts off a tab");
+        }
+    }
+
+    void lookAtHeadings(HWND header) {
+        const auto count = static_cast<int>(::SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+        for (int i = 0; i < count; ++i) {
+            wchar_t text[200]{};
+            HDITEMW item{};
+            item.mask = HDI_TEXT | HDI_WIDTH;
+            item.pszText = text;
+            item.cchTextMax = 200;
+            ::SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+            if (item.cxy == 0) continue;  // hidden
+            const SIZE needed = sizeOf(text, fontOf(header), DT_SINGLELINE | DT_NOPREFIX);
+            if (needed.cx + 2 * pixels(kHeadingPadding) > item.cxy)
+                complaints_.push_back("heading \"" + fromWide(text) + "\" is cut off: " +
+                                      std::to_string(item.cxy) + " pixels of " + std::to_string(needed.cx));
+        }
+    }
+
+    int dpi_;
+    std::vector<std::string> complaints_;
+};
+
+}  // namespace
+
+std::vector<std::string> complaintsAbout(HWND window, int dpi) {
+    Inspection inspection(dpi);
+    inspection.inspectCaption(window);
+    inspection.inspect(window);
+    return inspection.complaints();
+}
+
+}  // namespace pellmark::test
