@@ -103,7 +103,8 @@ std::vector<Guid> ProcessRecordSet::arrangedKeys() {
 void ProcessRecordSet::readKeysAlongIndex(std::vector<Guid>& ids) {
     constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
     const auto& rows = *arranged_.rows;
-    std::vector<std::uint32_t> placeOfRow(*std::max_element(rows.begin(), rows.end()) + std::size_t{1}, kNone);
+    std::vector<std::uint32_t> placeOfRow(*std::max_element(rows.begin(), rows.end()) + std::size_t{1},
+                                          kNone);
     for (std::size_t i = 0; i < rows.size(); ++i)
         placeOfRow[rows[i]] = static_cast<std::uint32_t>(i);
     Statement list(*reader_, "SELECT id, row FROM process ORDER BY id");

@@ -57,12 +57,12 @@ class ProcessRecordSet : public pellmark::RecordSet {
 
     std::shared_ptr<KnowledgeBase> base_;
     std::shared_ptr<Connection> reader_;
-    std::unique_ptr<Transaction> view_;  ///< until keys() has been delivered
+    std::unique_ptr<Transaction> view_;      ///< until keys() has been delivered
     std::shared_ptr<ProcessOrders> orders_;  ///< null where the processes are arranged
     std::size_t count_ = 0;
     std::int64_t state_ = 0;  ///< of the list, when the query ran
     Arranged arranged_;       ///< its rows are null until they are known
-    std::list<Page> pages_;            ///< last used first
+    std::list<Page> pages_;   ///< last used first
 };
 
 }  // namespace norvex

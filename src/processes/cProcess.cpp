@@ -227,8 +227,7 @@ void cProcess::readFeatureCase() {
         // A record that does not fit its fields must not hide the others.
         trap(person_.operations(), "cProcess::RefreshList", [&] { records->addRow(node); });
     }
-    if (records->count() > 0)
-        records->setFilter(ProcessListRecordset::unitFilter(featureCase_->GetFTUnit()));
+    if (records->count() > 0) records->setFilter(ProcessListRecordset::unitFilter(featureCase_->GetFTUnit()));
     ofCase_ = std::move(records);
 }
 
@@ -362,13 +361,12 @@ void cProcess::openDialog(const std::string& id, WindowHandle owner, Rights* atO
         const OneChange change(*this);
         UpdateFromDb(record);
     });
-    const Subscription completed =
-        dialog.completed.subscribe([this](const std::string& processId) {
-            RefreshList(processId);
-            // What has just been stored is shown, also where it is not what is looked for.
-            const bool isHidden = arrangement_ && arrangement_->isNarrowed() && grid_->findRow(processId) < 0;
-            if (isHidden && arrangement_->drop()) RefreshList(processId);
-        });
+    const Subscription completed = dialog.completed.subscribe([this](const std::string& processId) {
+        RefreshList(processId);
+        // What has just been stored is shown, also where it is not what is looked for.
+        const bool isHidden = arrangement_ && arrangement_->isNarrowed() && grid_->findRow(processId) < 0;
+        if (isHidden && arrangement_->drop()) RefreshList(processId);
+    });
     dialog.showModal(owner);
 }
 
