@@ -291,8 +291,12 @@ void cProcess::Delete() {
         if (grid_->rows() < 2 || grid_->selectedRows() == 0) return;
         ProcessRemoval removal(person_, *grid_);
         const MessageBox question{
-            person_.texts.GetString("Permanently delete selected item(s) from the database?"), kMessageTitle,
-            MessageIcon::Question, MessageButtons::OkCancel};
+            person_.texts.GetString("Permanently delete selected item(s) from the database?"),
+            kMessageTitle,
+            MessageIcon::Question,
+            MessageButtons::OkCancel,
+            removal.names(),
+            true};
         if (person_.show(question) != MessageAnswer::Ok) return;
         const OneChange change(*this);
         Grid::RedrawOff off(*grid_);
@@ -310,7 +314,7 @@ void cProcess::DeleteFromFeatureCase() {
         ProcessRemoval removal(person_, *grid_);
         const MessageBox question{
             "Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?", kMessageTitle,
-            MessageIcon::Question, MessageButtons::OkCancel};
+            MessageIcon::Question, MessageButtons::OkCancel, removal.names()};
         if (person_.show(question) != MessageAnswer::Ok) return;
         const OneChange change(*this);
         Grid::RedrawOff off(*grid_);
