@@ -117,6 +117,9 @@ bool DialogKeys::isNavigationKey(const MSG& message) const {
         // An edit box of several lines claims every key, Escape with the rest, and does nothing with it.
         case VK_ESCAPE:
             return !isOpenList && (isPeer || (code & DLGC_WANTALLKEYS) == 0) && !form_.isEmbedded();
+        case VK_F1:
+            return static_cast<Form*>(form_.control())->helpButton() != nullptr && !isDown(VK_SHIFT) &&
+                   !isDown(VK_CONTROL);
         default:
             return false;
     }
@@ -142,6 +145,9 @@ void DialogKeys::performKey(const MSG& message) {
             break;
         case VK_ESCAPE:
             form_.keyboard().pressEscape();
+            break;
+        case VK_F1:
+            form_.keyboard().pressHelp();
             break;
         case VK_PRIOR:
             form_.keyboard().stepPage(-1);
