@@ -11,6 +11,7 @@
 #include "knowledge/Records.h"
 #include "refhost/store/SqliteKnowledgeBaseService.h"
 #include "refhost/store/Statement.h"
+#include "store/FindBench.h"
 #include "support/Measure.h"
 #include "support/SyntheticBase.h"
 
@@ -257,6 +258,7 @@ void run(const std::string& folder, std::size_t only) {
         findRows(table, service, count);
         removeRows(table, service, count);
         if (count == 100000) exportGrid(table, service, count);
+        findAndSort(table, service, count);
     }
     table.print();
 }

@@ -8,6 +8,7 @@
 #include "knowledge/Records.h"
 #include "refhost/store/KnowledgeBase.h"
 #include "refhost/store/ModelWriter.h"
+#include "refhost/store/ProcessKeys.h"
 #include "refhost/store/SqliteFeatureCaseStore.h"
 #include "refhost/store/Statement.h"
 
@@ -79,6 +80,7 @@ std::string syntheticBase(const std::string& folder, std::size_t processes) {
         norvex::Transaction all(base->connection(), norvex::Transaction::Kind::Write);
         addProcesses(base->connection(), processes);
         attachNineOfTen(base);
+        norvex::completeProcessKeys(base->connection());
         all.commit();
     }
     std::filesystem::rename(unfinished, path);

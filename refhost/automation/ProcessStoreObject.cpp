@@ -1,5 +1,6 @@
 #include "refhost/automation/ProcessStoreObject.h"
 
+#include "base/Text.h"
 #include "knowledge/PackedText.h"
 #include "refhost/automation/Identifiers.h"
 #include "refhost/automation/RecordSetObject.h"
@@ -39,6 +40,7 @@ void ProcessStoreObject::addQueries() {
     method(3, L"ProcessRecords", 1, [this](const Arguments& call) { return processRecords(call); });
     property(4, L"OrphanProcesses",
              [this](const Arguments&) { return makeObject<RecordSetObject>(store().orphanProcesses()); });
+    method(13, L"FindProcesses", 5, [this](const Arguments& call) { return findProcesses(call); });
     method(12, L"MaterialsOf", 1, [this](const Arguments& call) {
         return makeObject<RecordSetObject>(store().materialsOf(call.text(0)));
     });
@@ -68,6 +70,20 @@ void ProcessStoreObject::addChanges() {
         store().removeMaterial(call.text(0), call.text(1));
         return VariantArg();
     });
+}
+
+VariantArg ProcessStoreObject::findProcesses(const Arguments& call) {
+    pellmark::RowQuery query;
+    query.text = call.text(0);
+    for (std::string& field : pellmark::split(call.text(1), '|')) {
+        if (!field.empty()) query.fields.push_back(std::move(field));
+    }
+    const std::vector<std::string> values = pellmark::unpackTexts(call.packedText(2));
+    for (std::size_t at = 0; at + 1 < values.size(); at += 2)
+        query.values.push_back({values[at], values[at + 1]});
+    query.sortField = call.text(3);
+    query.descending = call.int32(4) != 0;
+    return makeObject<RecordSetObject>(store().findProcesses(query));
 }
 
 VariantArg ProcessStoreObject::processRecords(const Arguments& call) {

@@ -14,6 +14,7 @@ class ProcessStoreObject : public AutomationObject {
     void addQueries();
     void addChanges();
     SqliteProcessStore& store() { return session_->service().processStore(); }
+    pellmark::VariantArg findProcesses(const Arguments& arguments);
     pellmark::VariantArg processRecords(const Arguments& arguments);
 
     SharedSession session_;

@@ -27,6 +27,7 @@ RecordSetObject::RecordSetObject(std::shared_ptr<pellmark::RecordSet> records)
         return VariantArg();
     });
     method(7, L"Field", 1, [this](const Arguments& arguments) { return field(arguments); });
+    property(9, L"HasMore", [this](const Arguments&) { return records_->hasMore(); });
     method(8, L"MoveFirst", 0, [this](const Arguments&) {
         cursor_ = 0;
         return VariantArg();

@@ -6,6 +6,7 @@
 #include "base/Error.h"
 #include "refhost/store/CuttingData.h"
 #include "refhost/store/FileCheck.h"
+#include "refhost/store/ProcessKeys.h"
 #include "refhost/store/Schema.h"
 #include "refhost/store/SeedData.h"
 #include "refhost/store/Statement.h"
@@ -44,6 +45,8 @@ void KnowledgeBase::prepare() {
     if (version == 0 && options_.seed) writeSeedData(shared_from_this());
     // The table of speeds and feeds came with the second version.
     if (version == 1) writeCuttingData(connection_);
+    // The natural order came with the third.
+    completeProcessKeys(connection_);
     change.commit();
 }
 

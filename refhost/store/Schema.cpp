@@ -164,9 +164,66 @@ CREATE TABLE cutting_data (
 );
 )sql";
 
+constexpr const char* kVersion3 = R"sql(
+-- What a person may look for. Two marks behind each text make every one and every two letters of it the beginning
+-- of some trigram, so that the index finds what is too short for it as well.
+CREATE VIEW process_text AS
+    SELECT row, coalesce(name, '') || char(1, 1) AS name, coalesce(rule, '') || char(1, 1) AS rule,
+           coalesce(description, '') || char(1, 1) AS description
+    FROM process;
+CREATE VIRTUAL TABLE process_search USING fts5(
+    name, rule, description, content = 'process_text', content_rowid = 'row', tokenize = 'trigram', columnsize = 0);
+CREATE VIRTUAL TABLE process_gram USING fts5vocab(process_search, row);
+INSERT INTO process_search (process_search) VALUES ('rebuild');
+CREATE TRIGGER process_searched_added AFTER INSERT ON process BEGIN
+    INSERT INTO process_search (rowid, name, rule, description)
+    VALUES (new.row, coalesce(new.name, '') || char(1, 1), coalesce(new.rule, '') || char(1, 1),
+            coalesce(new.description, '') || char(1, 1));
+END;
+CREATE TRIGGER process_searched_removed AFTER DELETE ON process BEGIN
+    INSERT INTO process_search (process_search, rowid, name, rule, description)
+    VALUES ('delete', old.row, coalesce(old.name, '') || char(1, 1), coalesce(old.rule, '') || char(1, 1),
+            coalesce(old.description, '') || char(1, 1));
+END;
+CREATE TRIGGER process_searched_changed AFTER UPDATE OF name, rule, description ON process BEGIN
+    INSERT INTO process_search (process_search, rowid, name, rule, description)
+    VALUES ('delete', old.row, coalesce(old.name, '') || char(1, 1), coalesce(old.rule, '') || char(1, 1),
+            coalesce(old.description, '') || char(1, 1));
+    INSERT INTO process_search (rowid, name, rule, description)
+    VALUES (new.row, coalesce(new.name, '') || char(1, 1), coalesce(new.rule, '') || char(1, 1),
+            coalesce(new.description, '') || char(1, 1));
+END;
+
+-- The natural order of the texts, as keys that compare byte by byte. Only this program can compute them: what
+-- others write is marked here by a null, and made up for when somebody sorts.
+CREATE TABLE process_key (process INTEGER PRIMARY KEY, name BLOB, rule BLOB, description BLOB);
+INSERT INTO process_key (process) SELECT row FROM process;
+CREATE INDEX process_key_missing ON process_key (process) WHERE name IS NULL;
+CREATE INDEX process_key_by_name ON process_key (name);
+CREATE INDEX process_key_by_rule ON process_key (rule);
+CREATE INDEX process_key_by_description ON process_key (description);
+CREATE INDEX process_by_unit ON process (unit, name COLLATE NOCASE, id);
+
+-- How often the list has changed: an order that was read before is still the order.
+INSERT INTO tally VALUES ('process change', 0);
+CREATE TRIGGER process_keyed_added AFTER INSERT ON process BEGIN
+    INSERT INTO process_key (process) VALUES (new.row);
+    UPDATE tally SET value = value + 1 WHERE name = 'process change';
+END;
+CREATE TRIGGER process_keyed_removed AFTER DELETE ON process BEGIN
+    DELETE FROM process_key WHERE process = old.row;
+    UPDATE tally SET value = value + 1 WHERE name = 'process change';
+END;
+CREATE TRIGGER process_keyed_changed AFTER UPDATE OF name, unit, rule, description ON process BEGIN
+    UPDATE process_key SET name = NULL, rule = NULL, description = NULL WHERE process = new.row;
+    UPDATE tally SET value = value + 1 WHERE name = 'process change';
+END;
+)sql";
+
 constexpr std::array kMigrations{
     Migration{1, kVersion1},
     Migration{2, kVersion2},
+    Migration{3, kVersion3},
 };
 
 std::int64_t pragma(Connection& connection, const char* sql) {

@@ -5,6 +5,8 @@
 #include "base/Guid.h"
 #include "knowledge/FieldLimits.h"
 #include "knowledge/MemoryRecordSet.h"
+#include "refhost/store/ProcessFinder.h"
+#include "refhost/store/ProcessKeys.h"
 #include "refhost/store/ProcessRecordSet.h"
 #include "refhost/store/Rows.h"
 #include "refhost/store/Statement.h"
@@ -15,6 +17,7 @@ using pellmark::Guid;
 using pellmark::MemoryRecordSet;
 using pellmark::ProcessRecord;
 using pellmark::RecordSet;
+using pellmark::RowQuery;
 namespace field = pellmark::field;
 
 namespace {
@@ -34,7 +37,7 @@ ProcessRecord recordOf(const Statement& row) {
 SqliteProcessStore::SqliteProcessStore(std::shared_ptr<KnowledgeBase> base) : base_(std::move(base)) {}
 
 std::shared_ptr<RecordSet> SqliteProcessStore::processes(const std::string& id) {
-    if (id.empty()) return std::make_shared<ProcessRecordSet>(base_);
+    if (id.empty()) return std::make_shared<ProcessRecordSet>(base_, orders_);
     auto records = std::make_shared<MemoryRecordSet>(
         std::vector<std::string>{field::kId, field::kName, field::kUnit, field::kRule, field::kDescription});
     Statement find(connection(), kOneProcess);
@@ -43,6 +46,22 @@ std::shared_ptr<RecordSet> SqliteProcessStore::processes(const std::string& id) 
         records->addRow(find.guid(0), {find.view(1), find.view(2), find.view(3), find.view(4)});
     }
     return records;
+}
+
+std::shared_ptr<RecordSet> SqliteProcessStore::findProcesses(const RowQuery& query) {
+    if (!query.sortField.empty()) completeProcessKeys(connection());
+    const auto reader = base_->borrowReader();
+    Transaction view(*reader, Transaction::Kind::Read);
+    const ProcessRows order = orders_->by(*reader, query.sortField);
+    ProcessRecordSet::Arranged arranged{order, order, reader, false};
+    if (query.descending) {
+        arranged.rows = std::make_shared<std::vector<std::uint32_t>>(order->rbegin(), order->rend());
+    }
+    ProcessFinder finder(*reader, query);
+    arranged.rows = finder.among(arranged.rows);
+    arranged.hasMore = finder.hasMore();
+    view.commit();
+    return std::make_shared<ProcessRecordSet>(base_, std::move(arranged));
 }
 
 ProcessRecord SqliteProcessStore::process(const std::string& id) {

@@ -4,6 +4,7 @@
 
 #include "knowledge/KnowledgeBaseService.h"
 #include "refhost/store/KnowledgeBase.h"
+#include "refhost/store/ProcessOrders.h"
 
 namespace norvex {
 
@@ -13,6 +14,7 @@ class SqliteProcessStore : public pellmark::ProcessStore {
     explicit SqliteProcessStore(std::shared_ptr<KnowledgeBase> base);
 
     std::shared_ptr<pellmark::RecordSet> processes(const std::string& id) override;
+    std::shared_ptr<pellmark::RecordSet> findProcesses(const pellmark::RowQuery& query) override;
     pellmark::ProcessRecord process(const std::string& id) override;
     std::vector<std::optional<pellmark::ProcessRecord>> processRecords(
         const std::vector<std::string>& ids) override;
@@ -30,6 +32,7 @@ class SqliteProcessStore : public pellmark::ProcessStore {
     Connection& connection() { return base_->connection(); }
 
     std::shared_ptr<KnowledgeBase> base_;
+    std::shared_ptr<ProcessOrders> orders_ = std::make_shared<ProcessOrders>();
 };
 
 }  // namespace norvex

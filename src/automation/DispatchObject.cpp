@@ -44,9 +44,10 @@ struct ErrorDetails : EXCEPINFO {
 [[noreturn]] void throwHostError(ErrorDetails& details, const std::string& member) {
     if (details.pfnDeferredFillIn != nullptr) details.pfnDeferredFillIn(&details);
     const std::int32_t number = details.wCode != 0 ? details.wCode : numberOf(details.scode);
-    std::string source = Bstr::toUtf8(details.bstrSource);
+    // The text is for a person, who knows no members; the source is for whoever reads the trace.
+    const std::string raisedBy = Bstr::toUtf8(details.bstrSource);
+    std::string source = raisedBy.empty() ? member : member + " (" + raisedBy + ")";
     std::string description = Bstr::toUtf8(details.bstrDescription);
-    if (source.empty()) source = member;
     if (description.empty())
         description = "The host's member " + member + " failed with error " + hexOf(details.scode) + ".";
     throw Error(number, std::move(source), description);

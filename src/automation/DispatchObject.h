@@ -41,8 +41,9 @@ class DispatchResult {
 };
 
 /// An object of the host, called late-bound by name. The numbers of its members are asked for once. A
-/// member's own failure is thrown as Error with the host's number, source and description; a missing member,
-/// a wrong number of arguments or the like as errors::kHostInterface that names the member.
+/// member's own failure is thrown as Error with the host's number and description and the member's name as
+/// its source; a missing member, a wrong number of arguments or the like as errors::kHostInterface that names
+/// the member.
 class DispatchObject {
   public:
     /// `name` stands for the object in error texts. Throws errors::kHostInterface for Nothing.

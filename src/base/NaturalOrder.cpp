@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "base/CaseFolding.h"
 #include "base/Text.h"
 
 namespace pellmark {
@@ -12,23 +13,6 @@ namespace {
 
 bool isDigit(char16_t unit) {
     return unit >= u'0' && unit <= u'9';
-}
-
-/// Lower case of the scripts that the host is sold in; the standard library's own depends on the locale of
-/// the process, which belongs to the host.
-char16_t folded(char16_t unit) {
-    const auto within = [unit](char16_t first, char16_t last) { return unit >= first && unit <= last; };
-    if (within(u'A', u'Z')) return static_cast<char16_t>(unit + 0x20);
-    if (within(0x00C0, 0x00DE) && unit != 0x00D7) return static_cast<char16_t>(unit + 0x20);  // Latin-1
-    if (within(0x0391, 0x03A9)) return static_cast<char16_t>(unit + 0x20);                    // Greek
-    if (within(0x0410, 0x042F)) return static_cast<char16_t>(unit + 0x20);                    // Cyrillic
-    if (within(0x0400, 0x040F)) return static_cast<char16_t>(unit + 0x50);
-    // Latin Extended-A pairs capitals and small letters; where a pair starts changes within the block.
-    if (within(0x0100, 0x0137) || within(0x014A, 0x0177)) return static_cast<char16_t>(unit | 1U);
-    if (within(0x0139, 0x0148) || within(0x0179, 0x017E)) {
-        return static_cast<char16_t>(unit % 2 == 1 ? unit + 1 : unit);
-    }
-    return unit;
 }
 
 struct Digits {
@@ -68,11 +52,35 @@ int compareNatural(std::string_view left, std::string_view right) {
             j = ofRight.end;
             continue;
         }
-        const char16_t a = folded(l[i++]);
-        const char16_t b = folded(r[j++]);
+        const char16_t a = foldCase(l[i++]);
+        const char16_t b = foldCase(r[j++]);
         if (a != b) return a < b ? -1 : 1;
     }
     return static_cast<int>(i < l.size()) - static_cast<int>(j < r.size());
+}
+
+std::string naturalKey(std::string_view text) {
+    const std::u16string units = toUtf16(text);
+    std::string key;
+    key.reserve(2 * units.size());
+    const auto put = [&key](char16_t unit) {
+        key += static_cast<char>(unit >> 8U);
+        key += static_cast<char>(unit & 0xFFU);
+    };
+    for (std::size_t i = 0; i < units.size();) {
+        if (!isDigit(units[i])) {
+            put(foldCase(units[i++]));
+            continue;
+        }
+        // One unit for "a number stands here", then how long it is, then the digits: longer is larger.
+        const Digits digits = digitsAt(units, i);
+        put(u'0');
+        put(static_cast<char16_t>(std::min<std::size_t>(digits.count(), 0xFFFF)));
+        for (std::size_t at = digits.begin; at < digits.end; ++at)
+            key += static_cast<char>(units[at]);
+        i = digits.end;
+    }
+    return key;
 }
 
 }  // namespace pellmark

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace pellmark {
@@ -9,5 +10,9 @@ namespace pellmark {
 /// Texts are UTF-8; malformed bytes compare as U+FFFD. Texts that differ only in case or in leading zeros are
 /// equal.
 int compareNatural(std::string_view left, std::string_view right);
+
+/// Bytes that stand in the same order when compared as such (std::string's own order, memcmp, an index of a
+/// database): for sorting many texts. They are not text.
+std::string naturalKey(std::string_view text);
 
 }  // namespace pellmark

@@ -3,6 +3,7 @@
 #include "automation/Coercion.h"
 #include "automation/Guard.h"
 #include "automation/TypeLibrary.h"
+#include "com/CallTrace.h"
 
 namespace pellmark {
 
@@ -174,7 +175,12 @@ void ApplicationObject::putProperty(Member member, const DISPPARAMS& arguments) 
 }
 
 std::string ApplicationObject::perform(Member member, const MethodCall& call) {
-    if (disposeRequested_) return {};
+    Trace& trace = calls_->operations().trace();
+    if (disposeRequested_) {
+        trace.record(fromWide(nameOf(member)), "does nothing after Dispose");
+        return {};
+    }
+    traceCall(trace, member, call);
     if (member == Member::Dispose) {
         requestDispose();
         return {};

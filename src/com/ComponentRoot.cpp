@@ -23,6 +23,13 @@ std::string executableName() {
     return fromWide(file.substr(0, file.find_last_of(L'.')));
 }
 
+/// Integrators set it to find the trace of one program without a debugger, and without touching the registry.
+std::string wantedLogFolder() {
+    wchar_t folder[MAX_PATH] = {};
+    const DWORD length = GetEnvironmentVariableW(L"PELLMARK_LOG", folder, MAX_PATH);
+    return length < MAX_PATH ? fromWide({folder, length}) : std::string();
+}
+
 /// The host behind a call's first argument; null for Nothing. An object of another kind is refused here,
 /// where the caller can still be told: inside the component a failing call ends quietly.
 std::shared_ptr<HostApplication> hostFrom(const ComPtr<IDispatch>& object) {
@@ -43,40 +50,57 @@ std::shared_ptr<HostApplication> hostFrom(const ComPtr<IDispatch>& object) {
 
 ComponentRoot::ComponentRoot()
     : files_(codePage_),
-      trace_(&writeToDebugger, registry_, codePage_, files_, clock_, executableName()),
+      trace_(&writeToDebugger, registry_, codePage_, files_, clock_,
+             TraceOwner{executableName(), GetCurrentProcessId(), &wantedLogFolder}),
       operations_(trace_),
       help_(trace_),
       fileDialogs_(operations_),
       desktop_(module::instance(), operations_),
       application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, fileDialogs_, clipboard_,
-                            hostLibrary_, operations_, componentFolder(), executableName()}) {}
+                            hostLibrary_, operations_, componentFolder(), executableName()}) {
+    trace_.record("Pellmark", "version " PELLMARK_VERSION " from " + componentFolder() + " in " +
+                                  fromWide(module::pathOf(nullptr)));
+}
+
+void ComponentRoot::tellMissingLibrary(const ComPtr<IDispatch>& host) const {
+    const std::string reason = application_.missingKnowledgeBase();
+    if (host && !reason.empty()) throw Error(errors::kHostInterface, "Pellmark.Application", reason);
+}
 
 void ComponentRoot::showProcesses(const ComPtr<IDispatch>& host, const std::string& processGuid) {
     application_.ShowWindowProcessesView(hostFrom(host), processGuid);
+    tellMissingLibrary(host);
 }
 
 void ComponentRoot::showProcessCase(const ComPtr<IDispatch>& host, const CaseDescription& description) {
     application_.ShowWindowProcessCaseView(hostFrom(host), description);
+    tellMissingLibrary(host);
 }
 
 std::string ComponentRoot::openProcess(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
                                        const CaseDescription& description) {
-    return application_.OpenProcess(hostFrom(host), ownerWindowFrom(owner), description);
+    std::string picked = application_.OpenProcess(hostFrom(host), ownerWindowFrom(owner), description);
+    tellMissingLibrary(host);
+    return picked;
 }
 
 void ComponentRoot::editFeatureCase(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
                                     const CaseDescription& description) {
     application_.EditFeatureCase(hostFrom(host), ownerWindowFrom(owner), description);
+    tellMissingLibrary(host);
 }
 
 std::string ComponentRoot::openFeatureCase(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
                                            const CaseDescription& description) {
-    return application_.OpenFeatureCase(hostFrom(host), ownerWindowFrom(owner), description);
+    std::string picked = application_.OpenFeatureCase(hostFrom(host), ownerWindowFrom(owner), description);
+    tellMissingLibrary(host);
+    return picked;
 }
 
 void ComponentRoot::editProcess(const ComPtr<IDispatch>& host, const ComPtr<IDispatch>& owner,
                                 const CaseDescription& description) {
     application_.EditProcess(hostFrom(host), ownerWindowFrom(owner), description);
+    tellMissingLibrary(host);
 }
 
 void ComponentRoot::dispose() {

@@ -46,6 +46,9 @@ class ComponentRoot final : public ApplicationCalls {
     void setCurrentView(FRView view) override { application_.CurrentView = view; }
 
   private:
+    /// The person has been told already; throws for the caller, who may be the one to mend it.
+    void tellMissingLibrary(const ComPtr<IDispatch>& host) const;
+
     // in the order in which they need one another
     Win32Registry registry_;
     Win32CodePage codePage_;

@@ -64,6 +64,10 @@ class Control {
     bool tabStop() const { return tabStop_; }
     void setTabStop(bool tabStop) { tabStop_ = tabStop; }
 
+    /// While set, Escape is this control's own key: it comes to the control and does not close the form.
+    bool takesEscape() const { return takesEscape_; }
+    void setTakesEscape(bool takes) { takesEscape_ = takes; }
+
     const Anchors& anchors() const { return anchors_; }
     /// Declares place and behaviour on resize together: `design` within a container of `designParent`.
     void place(const Rect& design, Size designParent, Anchors anchors);
@@ -94,6 +98,7 @@ class Control {
     bool visible_ = true;
     bool enabled_ = true;
     bool tabStop_ = true;
+    bool takesEscape_ = false;
     int tabIndex_ = 0;
 };
 

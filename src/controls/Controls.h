@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "controls/Control.h"
+#include "controls/KeyPress.h"
 
 /// The small control models: what they hold, and the events that their peers raise for a person's actions.
 namespace pellmark {
@@ -66,8 +67,14 @@ class TextBox : public Control {
     bool multiLine() const { return multiLine_; }
     void setMultiLine(bool multiLine) { multiLine_ = multiLine; }
 
+    /// Selects all of the text, so that the next letter takes its place.
+    void selectText() { selectionRequested.raise(); }
+
     /// Raised for every change, by code or by typing.
     Event<> textChanged;
+    /// A key on its way to a box of one line; Enter comes here only where no button of the form takes it.
+    Event<KeyPress&> keyPressed;
+    Event<> selectionRequested;  ///< for the peer
 
   private:
     std::string text_;

@@ -13,6 +13,7 @@ struct MenuItem {
     std::function<void()> command;
     bool enabled = true;
     bool visible = true;
+    std::string shortcut{};  ///< the key that does the same, as a person reads it; "" for none
 
     bool isSeparator() const { return caption == "-"; }
 };

@@ -41,7 +41,10 @@ bool Application::startUp(const std::shared_ptr<HostApplication>& host, const ch
     services_->configureTexts(*host, title);
     if (!services_->isConnected()) {
         const UserInterface& person = services_->person;
-        person.show({person.texts.GetString("Not connected to database"), "", MessageIcon::Critical});
+        std::string text = person.texts.GetString("Not connected to database");
+        if (const std::string& reason = services_->missingKnowledgeBase(); !reason.empty())
+            text += "\n\n" + reason;
+        person.show({text, "", MessageIcon::Critical});
         return false;
     }
     services_->take(host);
@@ -190,6 +193,10 @@ CaseDescription Application::shown() {
     CaseDescription now;
     if (const cProcess* list = mainForm_->processes()) now.processGuid = list->SelectedProcessID();
     return now;
+}
+
+std::string Application::missingKnowledgeBase() const {
+    return services_ ? services_->missingKnowledgeBase() : std::string();
 }
 
 void Application::Dispose() {

@@ -41,6 +41,9 @@ class Application {
     /// effect when that has ended.
     void Dispose();
 
+    /// Why the host's knowledge-base service could not be created at all; "" when it was, or after Dispose.
+    std::string missingKnowledgeBase() const;
+
     FRView CurrentView = FRView::FRProcesses;  ///< kept for the host, not used here
 
     /// What the user picked last, see OpenProcess and OpenFeatureCase.

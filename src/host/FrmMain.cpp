@@ -32,6 +32,9 @@ FrmMain::FrmMain(const ViewServices& services)
     on(TabCtrl.clicked.subscribe([this](int index) { tabClicked(index); }));
     on(VSFGProcessCaseResults.entered.subscribe(
         [this] { gridEntered(VSFGProcessCaseResults, VSFGProcessStep); }));
+    on(FindAllProcesses.toggled.subscribe([this] { arrangeInside(TabProcesses); }));
+    for (FindLine* line : {&FindProcessCaseResults, &FindProcessStep})
+        on(line->toggled.subscribe([this] { arrangeInside(SizerProcessCase); }));
     on(VSFGProcessStep.entered.subscribe([this] { gridEntered(VSFGProcessStep, VSFGProcessCaseResults); }));
 }
 
@@ -93,7 +96,7 @@ cProcess* FrmMain::processes() {
 }
 
 void FrmMain::buildProcessesView() {
-    processesView_ = std::make_unique<ProcessesView>(services_, VSFGAllProcesses);
+    processesView_ = std::make_unique<ProcessesView>(services_, VSFGAllProcesses, FindAllProcesses);
     menus_.serve(processesView_->processes);
 }
 
@@ -102,7 +105,8 @@ void FrmMain::buildProcessCaseView() {
         std::make_unique<CaseView>(services_,
                                    FeatureCaseControls{CmbFTNvxFeatureType, CmbFTPartType, CmbPartMaterial,
                                                        CmbFTUnit, CmbProcessCaseUnit, VSFGProcessCase},
-                                   VSFGProcessCaseResults, VSFGProcessStep);
+                                   CaseView::List{VSFGProcessCaseResults, FindProcessCaseResults},
+                                   CaseView::List{VSFGProcessStep, FindProcessStep});
     menus_.serve(*caseView_, VSFGProcessCase);
     VSFGProcessCaseResults.setFocus();
 }
@@ -198,9 +202,18 @@ void FrmMain::arrangeButtons(Size strip) {
     CmdOK.setBounds(places.ok);
 }
 
+void FrmMain::placeList(FindLine& line, Grid& grid, Rect at) {
+    line.setBounds({at.left, at.top, at.width, line.taken()});
+    arrangeInside(line);
+    at.top += line.taken();
+    at.height = std::max(at.height - line.taken(), 0);
+    grid.setBounds(at);
+}
+
 void FrmMain::arrangeProcesses(Size page) {
-    VSFGAllProcesses.setBounds({kTabMargin, kTabMargin, std::max(page.width - 2 * kTabMargin, 0),
-                                std::max(page.height - 2 * kTabMargin, 0)});
+    placeList(FindAllProcesses, VSFGAllProcesses,
+              {kTabMargin, kTabMargin, std::max(page.width - 2 * kTabMargin, 0),
+               std::max(page.height - 2 * kTabMargin, 0)});
 }
 
 void FrmMain::arrangeProcessCase(Size page) {
@@ -212,8 +225,8 @@ void FrmMain::arrangeProcessCase(Size page) {
     FrameProcessCaseResults.setBounds(at.results);
     FrameProcessStep.setBounds(at.steps);
     VSFGProcessCase.setBounds(layout::gridInFrame(at.processCase));
-    VSFGProcessCaseResults.setBounds(layout::gridInFrame(at.results));
-    VSFGProcessStep.setBounds(layout::gridInFrame(at.steps));
+    placeList(FindProcessCaseResults, VSFGProcessCaseResults, layout::gridInFrame(at.results));
+    placeList(FindProcessStep, VSFGProcessStep, layout::gridInFrame(at.steps));
 }
 
 }  // namespace pellmark

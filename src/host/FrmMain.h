@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "controls/Controls.h"
+#include "controls/FindLine.h"
 #include "controls/Form.h"
 #include "controls/grid/Grid.h"
 #include "host/FrmMenu.h"
@@ -85,6 +86,7 @@ class FrmMain : public Form {
     ArrangedFrame Sizer{*this, "Sizer", [this](Size client) { arrangeSizer(client); }};
     TabStrip TabCtrl{Sizer, "TabCtrl"};
     ArrangedPage TabProcesses{TabCtrl, "TabProcesses", [this](Size page) { arrangeProcesses(page); }};
+    FindLine FindAllProcesses{TabProcesses, "FindAllProcesses"};
     Grid VSFGAllProcesses{TabProcesses, "VSFGAllProcesses"};
 
     ArrangedPage SizerProcessCase{TabCtrl, "SizerProcessCase",
@@ -105,8 +107,10 @@ class FrmMain : public Form {
     Frame FrameProcessCase{FrameFilters, "FrameProcessCase", "Feature Case"};
     Grid VSFGProcessCase{FrameProcessCase, "VSFGProcessCase"};
     Frame FrameProcessCaseResults{SizerProcessCase, "FrameProcessCaseResults", "Processes"};
+    FindLine FindProcessCaseResults{FrameProcessCaseResults, "FindProcessCaseResults"};
     Grid VSFGProcessCaseResults{FrameProcessCaseResults, "VSFGProcessCaseResults"};
     Frame FrameProcessStep{SizerProcessCase, "FrameProcessStep", "Process Steps"};
+    FindLine FindProcessStep{FrameProcessStep, "FindProcessStep"};
     Grid VSFGProcessStep{FrameProcessStep, "VSFGProcessStep"};
 
     ArrangedFrame FrameButtons{Sizer, "FrameButtons", [this](Size strip) { arrangeStrip(strip); }};
@@ -128,6 +132,8 @@ class FrmMain : public Form {
     void arrangeButtons(Size strip);
     void arrangeProcesses(Size page);
     void arrangeProcessCase(Size page);
+    /// A grid with the line above it, which takes its height from the grid while it is open.
+    static void placeList(FindLine& line, Grid& grid, Rect at);
     void placeFilters();
     void translateCaptions();
     void tabClicked(int index);

@@ -14,12 +14,24 @@ namespace {
 /// Below the headings, for a menu that the keyboard asks for.
 constexpr Point kKeyboardPlace{-1, -1};
 
+/// Keys as keyboards name them; looked up like captions.
+constexpr const char* kInsertKey = "Ins";
+constexpr const char* kDeleteKey = "Del";
+constexpr const char* kEnterKey = "Enter";
+constexpr const char* kEditKey = "F2";
+
 MenuItem& itemOf(Menu& menu, std::string_view name) {
     auto& items = menu.items();
     const auto found =
         std::find_if(items.begin(), items.end(), [name](const MenuItem& item) { return item.name == name; });
     if (found == items.end()) throw Error(errors::kInvalidArgument, "Pellmark.FrmMenu", std::string(name));
     return *found;
+}
+
+/// Where a dialog has a default button, Enter presses that.
+bool enterEdits(Grid& grid) {
+    const Button* button = grid.form() == nullptr ? nullptr : grid.form()->defaultButton();
+    return button == nullptr || !button->visible() || !button->enabled();
 }
 
 void enable(Menu& menu, std::initializer_list<const char*> names, bool enabled) {
@@ -49,12 +61,12 @@ void FrmMenu::buildProcessMenu() {
             if (processes_ != nullptr) std::invoke(command, *processes_);
         };
     };
-    mnuProcess.add("mnuProcessAddNew", "New...", list(&cProcess::AddNewWizard));
+    mnuProcess.add("mnuProcessAddNew", "New...", list(&cProcess::AddNewWizard)).shortcut = kInsertKey;
     mnuProcess.add("mnuProcessEdit", "Edit...", list(&cProcess::Editwizard));
     mnuProcess.add("mnuProcessEditProcessses", "Process Members...",
                    list(&cProcess::EditExistingProcesseswizard));
     mnuProcess.add("mnuProcessBar2", "-");
-    mnuProcess.add("mnuProcessDelete", "Delete", list(&cProcess::Delete));
+    mnuProcess.add("mnuProcessDelete", "Delete", list(&cProcess::Delete)).shortcut = kDeleteKey;
     mnuProcess.add("mnuProcessDeleteFromfeatureCase", "Delete From Feature Case",
                    list(&cProcess::DeleteFromFeatureCase));
     mnuProcess.add("mnuProcessBar1", "-");
@@ -70,10 +82,11 @@ void FrmMenu::buildStepMenu() {
             if (steps_ != nullptr) std::invoke(command, *steps_);
         };
     };
-    mnuProcessStep.add("mnuProcessStepAddNew", "New...", list(&cProcessSteps::AddNewWizard));
+    mnuProcessStep.add("mnuProcessStepAddNew", "New...", list(&cProcessSteps::AddNewWizard)).shortcut =
+        kInsertKey;
     mnuProcessStep.add("mnuProcessStepEdit", "Edit...", list(&cProcessSteps::Editwizard));
     mnuProcessStep.add("mnuProcessStepBar2", "-");
-    mnuProcessStep.add("mnuProcessStepDelete", "Delete", list(&cProcessSteps::Delete));
+    mnuProcessStep.add("mnuProcessStepDelete", "Delete", list(&cProcessSteps::Delete)).shortcut = kDeleteKey;
     mnuProcessStep.add("mnuProcessStepBar1", "-");
     mnuProcessStep.add("mnuProcessStepOpen", "Open...", list(&cProcessSteps::OpenPrc));
     mnuProcessStep.add("mnuProcessStepSave", "Save...", list(&cProcessSteps::Save));
@@ -155,6 +168,7 @@ void FrmMenu::prepareProcessMenu() {
            {"mnuProcessDelete", "mnuProcessEdit", "mnuProcessDeleteFromfeatureCase", "mnuProcessPrint",
             "mnuProcessSaveAs", "mnuProcessFormatColumns"},
            hasData);
+    itemOf(mnuProcess, "mnuProcessEdit").shortcut = enterEdits(*FGProcesses) ? kEnterKey : kEditKey;
     // A new process is attached to a feature case from the start, so there must be one to attach it to.
     const bool ofCase = featureCase_ != nullptr;
     for (const char* name :
@@ -167,6 +181,7 @@ void FrmMenu::prepareStepMenu() {
     const std::string stepId = gridOps_.SelectedId(*FGProcessStep);
     const bool hasData = FGProcessStep->rows() >= 2;
     const bool hasProcess = processes_ != nullptr && !processes_->SelectedProcessID().empty();
+    itemOf(mnuProcessStep, "mnuProcessStepEdit").shortcut = enterEdits(*FGProcessStep) ? kEnterKey : "";
     // A step is added to, and read from a file into, the selected process.
     enable(mnuProcessStep, {"mnuProcessStepAddNew", "mnuProcessStepOpen"}, hasProcess);
     enable(mnuProcessStep, {"mnuProcessStepEdit"}, hasData && !stepId.empty());
@@ -186,6 +201,7 @@ void FrmMenu::popUpOver(Grid& grid, Menu& menu, Point at) {
             shown.add(item.name, item.isSeparator() ? "-" : person_.texts.GetString(item.caption));
         copy.command = item.command;
         copy.visible = item.visible;
+        if (!item.shortcut.empty()) copy.shortcut = person_.texts.GetString(item.shortcut);
         // An item whose command does not exist yet must not look as if it did something.
         copy.enabled = item.enabled && item.command != nullptr;
     }

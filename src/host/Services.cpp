@@ -38,8 +38,8 @@ namespace {
 /// Creates a service of the host's library, or its stand-in with the reason why there is none: a library that
 /// is not there must not keep the Application from being created.
 template <class Absent, class Service, class Create>
-std::unique_ptr<Service> createOr(const Operations& operations, const char* operation, Create&& create) {
-    std::string reason;
+std::unique_ptr<Service> createOr(const Operations& operations, const char* operation, std::string& reason,
+                                  Create&& create) {
     std::unique_ptr<Service> created;
     trap(operations, operation, [&] {
         try {
@@ -57,13 +57,14 @@ std::unique_ptr<Service> createOr(const Operations& operations, const char* oper
 
 std::unique_ptr<KnowledgeBaseService> Services::createKnowledgeBase() {
     return createOr<AbsentKnowledgeBase, KnowledgeBaseService>(
-        platform_.operations, "Services::createKnowledgeBase",
+        platform_.operations, "Services::createKnowledgeBase", missingKnowledgeBase_,
         [this] { return platform_.hostLibrary.createKnowledgeBaseService(); });
 }
 
 std::unique_ptr<TechnologyService> Services::createTechnology() {
+    std::string reason;
     return createOr<AbsentTechnology, TechnologyService>(
-        platform_.operations, "Services::createTechnology",
+        platform_.operations, "Services::createTechnology", reason,
         [this] { return platform_.hostLibrary.createTechnologyService(); });
 }
 

@@ -31,6 +31,8 @@ class Services {
     void take(const std::shared_ptr<HostApplication>& host);
     /// False also when the host's service could not be created.
     bool isConnected();
+    /// Why the host's knowledge-base service could not be created at all; "" when it was.
+    const std::string& missingKnowledgeBase() const { return missingKnowledgeBase_; }
 
     ViewServices forViews();
 
@@ -40,6 +42,7 @@ class Services {
     std::unique_ptr<TechnologyService> createTechnology();
 
     Platform platform_;
+    std::string missingKnowledgeBase_;
     std::unique_ptr<KnowledgeBaseService> knowledgeBase_;
     std::unique_ptr<TechnologyService> technology_;
     std::unique_ptr<LanguageConverter> languages_;

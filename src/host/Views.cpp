@@ -2,21 +2,24 @@
 
 namespace pellmark {
 
-ProcessesView::ProcessesView(const ViewServices& services, Grid& grid)
+ProcessesView::ProcessesView(const ViewServices& services, Grid& grid, FindLine& line)
     : processes(services.person, services.knowledgeBase, services.rights, services.settings, services.gridOps,
                 services.host, nullptr) {
     processes.Init(grid);
+    processes.offerFinding(line, services.steps.idle);
 }
 
-CaseView::CaseView(const ViewServices& services, const FeatureCaseControls& filters, Grid& processGrid,
-                   Grid& stepGrid)
+CaseView::CaseView(const ViewServices& services, const FeatureCaseControls& filters,
+                   const List& processList, const List& stepList)
     : featureCase(services.person, services.knowledgeBase, services.creation),
       processes(services.person, services.knowledgeBase, services.rights, services.settings, services.gridOps,
                 services.host, &featureCase),
-      steps(services.steps, &processGrid) {
+      steps(services.steps, &processList.grid) {
     featureCase.Init(filters);
-    processes.Init(processGrid);
-    steps.Init(stepGrid);
+    processes.Init(processList.grid);
+    processes.offerFinding(processList.line, services.steps.idle);
+    steps.Init(stepList.grid);
+    steps.offerFinding(stepList.line);
     const auto on = [this](Subscription subscription) { subscriptions_.push_back(std::move(subscription)); };
     on(featureCase.caseChanged.subscribe([this] { caseChanged(); }));
     on(processes.currentChanged.subscribe([this] { processChanged(); }));

@@ -13,7 +13,7 @@ namespace pellmark {
 /// The controllers of the list of all processes.
 class ProcessesView {
   public:
-    ProcessesView(const ViewServices& services, Grid& grid);
+    ProcessesView(const ViewServices& services, Grid& grid, FindLine& line);
 
     cProcess processes;
 };
@@ -22,8 +22,13 @@ class ProcessesView {
 /// the selected process which steps.
 class CaseView {
   public:
-    CaseView(const ViewServices& services, const FeatureCaseControls& filters, Grid& processGrid,
-             Grid& stepGrid);
+    /// A grid and the line in which a person finds something in it.
+    struct List {
+        Grid& grid;
+        FindLine& line;
+    };
+    CaseView(const ViewServices& services, const FeatureCaseControls& filters, const List& processList,
+             const List& stepList);
 
     /// Shows what the host describes. Filters that the description leaves open stay as they are, and so does
     /// a selection where it names none.

@@ -7,6 +7,7 @@
 
 #include "knowledge/RecordSet.h"
 #include "knowledge/Records.h"
+#include "knowledge/RowQuery.h"
 
 /// The host's machining knowledge base as the component needs it. Three implementations obey one contract
 /// suite: the in-memory fake, the SQLite store and the adapter over the host's automation objects. Every
@@ -36,6 +37,9 @@ class ProcessStore {
     /// Fields `_Id`, `_Name`, `_Unit`, `_Rule`, `_Description`. "" gives all processes by name; an id gives
     /// that one, or no record when it is unknown.
     virtual std::shared_ptr<RecordSet> processes(const std::string& id) = 0;
+    /// The processes that a query finds, in its order; the fields are those of processes(""). Null where the
+    /// store cannot search or sort by itself. An answer may end early, see RecordSet::hasMore.
+    virtual std::shared_ptr<RecordSet> findProcesses(const RowQuery& query) = 0;
     /// Throws errors::kNotFound when the process does not exist.
     virtual ProcessRecord process(const std::string& id) = 0;
     /// The current values of many processes in one call, in the order asked; nothing in the place of one

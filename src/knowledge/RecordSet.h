@@ -29,6 +29,9 @@ class RecordSet {
     /// not a GUID: the caller then asks record by record. May be costly; called once at most.
     virtual std::optional<std::vector<Guid>> keys() = 0;
 
+    /// True where the answer ends early: more records belong to it, but finding them all would take too long.
+    virtual bool hasMore() { return false; }
+
     /// Position of a field by its name, case ignored; nothing when there is no such field.
     std::optional<std::size_t> fieldIndex(std::string_view name) const;
 

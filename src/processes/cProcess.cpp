@@ -1,15 +1,18 @@
 #include "processes/cProcess.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "knowledge/ArrangedRecords.h"
 #include "knowledge/ProcessListRecordset.h"
 #include "processes/BracketHeading.h"
 #include "processes/CaseProcesses.h"
 #include "processes/FrmAddEditProcess.h"
 #include "processes/FrmAddExistingProcess.h"
 #include "processes/FrmEditProcessMaterials.h"
+#include "processes/ProcessMarks.h"
 #include "processes/ProcessRemoval.h"
 #include "settings/NumberOptions.h"
 
@@ -58,7 +61,8 @@ cProcess::cProcess(const UserInterface& person, KnowledgeBaseService& knowledgeB
       settings_(settings),
       gridOps_(gridOps),
       host_(host),
-      featureCase_(featureCase) {}
+      featureCase_(featureCase),
+      all_(knowledgeBase) {}
 
 cProcess::~cProcess() = default;
 
@@ -71,19 +75,41 @@ void cProcess::Init(Grid& grid) {
     };
     subscriptions_.clear();
     onGrid(grid.rowChanged.subscribe([this] {
-        if (heldBack_ == 0) const OneChange change(*this);
+        if (heldBack_ > 0) return;
+        const OneChange change(*this);
+        refreshWhereGone();
     }));
     onGrid(grid.doubleClicked.subscribe([this](int row) {
         if (row >= grid_->fixedRows()) Editwizard();
     }));
-    onGrid(grid.keyPressed.subscribe([this](KeyPress& key) {
-        if (key.keyCode != KeyPress::kDelete) return;
-        key.handled = true;
-        Delete();
-    }));
+    onGrid(grid.keyPressed.subscribe([this](KeyPress& key) { keyPressed(key); }));
     onGrid(grid.dragStarted.subscribe([this](DragData& drag) {
         trap(person_.operations(), "cProcess::DragStart", [&] { offerSelection(drag); });
     }));
+}
+
+void cProcess::offerFinding(FindLine& line, Idle& idle) {
+    arrangement_ = std::make_unique<ListArrangement>(person_, idle, *grid_, line);
+    subscriptions_.push_back(arrangement_->changed.subscribe([this] { rearrange(); }));
+}
+
+void cProcess::keyPressed(KeyPress& key) {
+    if (key.handled) return;
+    key.handled = true;
+    if (key.keyCode == KeyPress::kDelete) {
+        Delete();
+    } else if (key.is(KeyPress::kEnter) || key.is(KeyPress::kF2)) {
+        Editwizard();
+    } else if (key.is(KeyPress::kInsert) && featureCase_ != nullptr) {
+        // A new process is attached to a feature case from the start, so there must be one to attach it to.
+        AddNewWizard();
+    } else if (key.is(KeyPress::kF5)) {
+        Refresh();
+    } else if (key.isWithControl('C')) {
+        CopySelection();
+    } else {
+        key.handled = false;
+    }
 }
 
 std::span<const ColumnSpec> cProcess::columns() const {
@@ -108,6 +134,7 @@ void cProcess::RefreshList(const std::string& selectId) {
     fillFailure_.clear();
     trap(person_.operations(), "cProcess::RefreshList", [&] {
         try {
+            forgetRead();
             fill(selectId);
         } catch (const std::exception& error) {
             fillFailure_ = error.what();
@@ -120,6 +147,43 @@ void cProcess::RefreshListfeatureCase(const std::string& selectId) {
     if (featureCase_ != nullptr) RefreshList(selectId);
 }
 
+void cProcess::Refresh() {
+    carryOut(person_, "cProcess::Refresh", [this] {
+        const OneChange change(*this);
+        KeptPlace place(*grid_);
+        forgetRead();
+        fill(place.currentId());
+        place.restoreSelection();
+        place.restoreScroll();
+    });
+}
+
+void cProcess::rearrange() {
+    trapAndTell(person_, "cProcess::rearrange", [this] {
+        const OneChange change(*this);
+        KeptPlace place(*grid_);
+        fill(place.currentId().empty() ? arrangement_->rowBefore() : place.currentId());
+        place.restoreSelection();
+    });
+}
+
+void cProcess::forgetRead() {
+    all_.forget();
+    ofCase_.reset();
+}
+
+/// A row that reads as nothing, though its id is known, has been deleted by somebody else.
+void cProcess::refreshWhereGone() {
+    const int row = grid_->row();
+    if (row < 0 || grid_->rowData(row).empty() || !grid_->text(row, field::kId).empty()) return;
+    person_.operations().trace().record("cProcess::rowChanged",
+                                        "A listed process is gone: the list is read anew.");
+    // What tells of the row is still at work on the rows that there are.
+    person_.operations().whenIdle([list = std::weak_ptr(self_)] {
+        if (const auto alive = list.lock()) (*alive)->Refresh();
+    });
+}
+
 void cProcess::fill(const std::string& selectId) {
     if (featureCase_ == nullptr) {
         fillAll(selectId);
@@ -130,7 +194,7 @@ void cProcess::fill(const std::string& selectId) {
 }
 
 void cProcess::fillAll(const std::string& selectId) {
-    grid_->bind(knowledgeBase_.processStore().processes(""));
+    grid_->bind(all_.read(arrangement_.get()));
     hideInternal();
     // The first rows are on the screen before the ids of all the others are asked for.
     grid_->paintNow();
@@ -143,6 +207,18 @@ void cProcess::fillAll(const std::string& selectId) {
 void cProcess::fillFeatureCase(const std::string& selectId) {
     Grid::RedrawOff off(*grid_);
     grid_->bind(nullptr);
+    if (!ofCase_) readFeatureCase();
+    if (ofCase_->count() == 0) return;
+    auto records = upToLimit(ofCase_);
+    if (arrangement_) records = arrangement_->arranged(records);
+    grid_->bind(std::move(records));
+    hideInternal();
+    gridOps_.SetRowDataToIds(*grid_);
+    markMatches(*grid_, results_, person_.texts);
+    selectProcess(selectId);
+}
+
+void cProcess::readFeatureCase() {
     results_.clear();
     results_ = processesOfCase(knowledgeBase_, featureCase_->description(),
                                settings_.orDefault(option::kProcessListStyle));
@@ -151,50 +227,26 @@ void cProcess::fillFeatureCase(const std::string& selectId) {
         // A record that does not fit its fields must not hide the others.
         trap(person_.operations(), "cProcess::RefreshList", [&] { records->addRow(node); });
     }
-    if (records->count() == 0) return;
-    records->setFilter(ProcessListRecordset::unitFilter(featureCase_->GetFTUnit()));
-    grid_->bind(std::move(records));
-    hideInternal();
-    gridOps_.SetRowDataToIds(*grid_);
-    markMatches();
-    cutToLimit();
-    selectProcess(selectId);
+    if (records->count() > 0) records->setFilter(ProcessListRecordset::unitFilter(featureCase_->GetFTUnit()));
+    ofCase_ = std::move(records);
 }
 
-void cProcess::markMatches() {
-    const int nameCol = grid_->colIndex(field::kName);
-    for (const pNode& node : results_) {
-        const int row = grid_->findRow(node.id);
-        if (node.ExactMatch) {
-            grid_->setForeColor(row, nameCol, kGreen);
-        } else {
-            grid_->setItalic(row, nameCol, true);
-        }
-    }
-}
-
-void cProcess::cutToLimit() {
-    const int most = std::max(settings_.orDefault(option::kMaxProcessReturnNum), 0);
-    if (grid_->dataRows() > most) grid_->setRows(grid_->fixedRows() + most);
+/// The first of the list's own order, exact matches before partial ones, whatever order is wanted of them.
+std::shared_ptr<RecordSet> cProcess::upToLimit(const std::shared_ptr<RecordSet>& records) {
+    const auto most =
+        static_cast<std::size_t>(std::max(settings_.orDefault(option::kMaxProcessReturnNum), 0));
+    if (records->count() <= most) return records;
+    std::vector<std::uint32_t> first(most);
+    std::iota(first.begin(), first.end(), 0U);
+    return std::make_shared<ArrangedRecords>(records, std::move(first));
 }
 
 void cProcess::SetOrphanColor() {
-    const int nameCol = grid_->colIndex(field::kName);
-    Grid::RedrawOff off(*grid_);
-    grid_->setColumnForeColor(nameCol, kBlack);
-    const auto orphans = knowledgeBase_.processStore().orphanProcesses();
-    if (const auto keys = orphans->keys()) {
-        for (const Guid& key : *keys)
-            grid_->setForeColor(grid_->findRow(key), nameCol, kRed);
-        return;
-    }
-    const std::size_t idField = orphans->requireField(field::kId);
-    for (std::size_t i = 0; i < orphans->count(); ++i) {
-        grid_->setForeColor(grid_->findRow(orphans->text(i, idField)), nameCol, kRed);
-    }
+    markOrphans(*grid_, knowledgeBase_.processStore(), person_.texts);
 }
 
 void cProcess::UpdateFromDb(const ProcessRecord& record) {
+    forgetRead();
     const auto current = knowledgeBase_.processStore().processes(record.Id);
     Grid::RedrawOff off(*grid_);
     int row = grid_->findRow(record.Id);
@@ -248,11 +300,16 @@ void cProcess::Delete() {
         if (grid_->rows() < 2 || grid_->selectedRows() == 0) return;
         ProcessRemoval removal(person_, *grid_);
         const MessageBox question{
-            person_.texts.GetString("Permanently delete selected item(s) from the database?"), kMessageTitle,
-            MessageIcon::Question, MessageButtons::OkCancel};
+            person_.texts.GetString("Permanently delete selected item(s) from the database?"),
+            kMessageTitle,
+            MessageIcon::Question,
+            MessageButtons::OkCancel,
+            removal.names(),
+            true};
         if (person_.show(question) != MessageAnswer::Ok) return;
         const OneChange change(*this);
         Grid::RedrawOff off(*grid_);
+        forgetRead();
         removal.carryOut("cProcess::Delete", [this](const ProcessRemoval::Target& each) {
             return knowledgeBase_.processStore().deleteProcess(each.id);
         });
@@ -266,16 +323,21 @@ void cProcess::DeleteFromFeatureCase() {
         ProcessRemoval removal(person_, *grid_);
         const MessageBox question{
             "Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?", kMessageTitle,
-            MessageIcon::Question, MessageButtons::OkCancel};
+            MessageIcon::Question, MessageButtons::OkCancel, removal.names()};
         if (person_.show(question) != MessageAnswer::Ok) return;
         const OneChange change(*this);
         Grid::RedrawOff off(*grid_);
+        forgetRead();
         removal.carryOut("cProcess::DeleteFromFeatureCase", [this](const ProcessRemoval::Target& each) {
             if (each.featureCaseId.empty()) return false;
             return knowledgeBase_.processStore().detach(each.featureCaseId, each.id);
         });
         selectLast();
     });
+}
+
+void cProcess::CopySelection() {
+    carryOut(person_, "cProcess::CopySelection", [this] { gridOps_.CopySelection(*grid_); });
 }
 
 void cProcess::AddNewWizard() {
@@ -303,8 +365,12 @@ void cProcess::openDialog(const std::string& id, WindowHandle owner, Rights* atO
         const OneChange change(*this);
         UpdateFromDb(record);
     });
-    const Subscription completed =
-        dialog.completed.subscribe([this](const std::string& processId) { RefreshList(processId); });
+    const Subscription completed = dialog.completed.subscribe([this](const std::string& processId) {
+        RefreshList(processId);
+        // What has just been stored is shown, also where it is not what is looked for.
+        const bool isHidden = arrangement_ && arrangement_->isNarrowed() && grid_->findRow(processId) < 0;
+        if (isHidden && arrangement_->drop()) RefreshList(processId);
+    });
     dialog.showModal(owner);
 }
 
@@ -318,6 +384,8 @@ void cProcess::EditExistingProcesseswizard() {
         }
         // OK would detach what a list that could not be read does not show.
         if (!fillFailure_.empty()) throw Error(errors::kKnowledgeBase, "Pellmark.cProcess", fillFailure_);
+        // The dialog takes the rows of the list for everything that is attached.
+        if (arrangement_ && arrangement_->drop()) rearrange();
         FrmAddExistingProcess dialog(person_, knowledgeBase_, *featureCase_, *grid_,
                                      std::to_string(featureCase_->GetFTUnit()));
         const std::string current = SelectedProcessID();

@@ -7,10 +7,13 @@
 
 #include "controls/grid/ColumnTable.h"
 #include "controls/grid/Grid.h"
+#include "controls/grid/KeptPlace.h"
 #include "featurecases/cFeatureCase.h"
 #include "knowledge/KnowledgeBaseService.h"
 #include "ports/HostInterfaces.h"
+#include "processes/AllProcesses.h"
 #include "settings/cQDLExtSettings.h"
+#include "util/ListArrangement.h"
 #include "util/Rights.h"
 #include "util/UserInterface.h"
 #include "util/cVSGridOps.h"
@@ -30,6 +33,11 @@ class cProcess {
 
     /// Keeps the grid, which must outlive the list, and lays it out.
     void Init(Grid& grid);
+    /// Lets a person find in the list, by this line above it, and sort it by its headings. After Init; the
+    /// line must outlive the list.
+    void offerFinding(FindLine& line, Idle& idle);
+    /// A person's wish to see what is stored now: selection and place stay as they are.
+    void Refresh();
     /// Refills the list and selects the process, or the first row when it is not listed.
     void RefreshList(const std::string& selectId);
     void RefreshListfeatureCase(const std::string& selectId);
@@ -47,6 +55,8 @@ class cProcess {
     void Delete();
     /// Detaches the selected processes from the feature cases through which they are listed, after asking.
     void DeleteFromFeatureCase();
+    /// Puts the selected rows on the clipboard, under their headings.
+    void CopySelection();
     /// Opens the dialog for a new process.
     void AddNewWizard();
     /// Opens the dialog on the current process; does nothing without one.
@@ -73,11 +83,15 @@ class cProcess {
     std::span<const ColumnSpec> columns() const;
     HeadingText headings() const;
     void hideInternal();
+    void keyPressed(KeyPress& key);
     void fill(const std::string& selectId);
     void fillAll(const std::string& selectId);
     void fillFeatureCase(const std::string& selectId);
-    void markMatches();
-    void cutToLimit();
+    void readFeatureCase();
+    std::shared_ptr<RecordSet> upToLimit(const std::shared_ptr<RecordSet>& records);
+    void forgetRead();
+    void rearrange();
+    void refreshWhereGone();
     void selectProcess(const std::string& id);
     void selectLast();
     void offerSelection(DragData& drag);
@@ -91,9 +105,13 @@ class cProcess {
     HostApplication& host_;
     cFeatureCase* featureCase_;
     Grid* grid_ = nullptr;
+    std::unique_ptr<ListArrangement> arrangement_;
+    AllProcesses all_;
     std::vector<pNode> results_;
-    std::string fillFailure_;  ///< why the last fill failed, "" when it did not
+    std::shared_ptr<RecordSet> ofCase_;  ///< what is behind the rows of a feature case; null: to be read
+    std::string fillFailure_;            ///< why the last fill failed, "" when it did not
     int heldBack_ = 0;
+    std::shared_ptr<cProcess*> self_ = std::make_shared<cProcess*>(this);  ///< for what may find it gone
     std::vector<Subscription> subscriptions_;
 };
 

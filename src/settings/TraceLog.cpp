@@ -9,8 +9,6 @@ namespace pellmark {
 
 namespace {
 
-constexpr char kFileName[] = "Pellmark.log";
-
 /// A line of the trace is one line, whatever a foreign error text holds.
 std::string onOneLine(std::string_view text) {
     std::string line(text);
@@ -34,11 +32,12 @@ class Busy {
 }  // namespace
 
 TraceLog::TraceLog(DebuggerOutput debuggerOutput, Registry& registry, const CodePage& codePage,
-                   FileSystem& files, Clock& clock, std::string executableName)
+                   FileSystem& files, Clock& clock, TraceOwner owner)
     : debuggerOutput_(std::move(debuggerOutput)),
+      owner_(std::move(owner)),
       files_(files),
       clock_(clock),
-      settings_(registry, codePage, files, std::move(executableName), *this) {}
+      settings_(registry, codePage, files, owner_.executableName, *this) {}
 
 void TraceLog::record(std::string_view operation, std::string_view what) noexcept {
     try {
@@ -63,10 +62,27 @@ void TraceLog::writeToDebugger(const std::string& line) noexcept {
     }
 }
 
+std::string TraceLog::folder() {
+    std::string wanted = owner_.wantedFolder ? owner_.wantedFolder() : std::string();
+    if (wanted.empty() && settings_.orDefault(option::kDebugMode) != 0) wanted = files_.temporaryFolder();
+    if (!wanted.empty() && !wanted.ends_with('\\')) wanted += '\\';
+    return wanted;
+}
+
 void TraceLog::appendToFile(const std::string& line) {
-    if (settings_.orDefault(option::kDebugMode) == 0) return;
-    const std::string folder = files_.temporaryFolder();
-    if (!folder.empty()) files_.append(folder + kFileName, line + "\r\n");
+    const std::string place = folder();
+    if (place.empty()) return;
+    const std::string path =
+        place + "Pellmark-" + owner_.executableName + "-" + std::to_string(owner_.processId) + ".log";
+    files_.append(path, line + "\r\n");
+    if (const std::uint64_t size = files_.size(path); size > kMostBytes) dropOlderHalf(path, size);
+}
+
+void TraceLog::dropOlderHalf(const std::string& path, std::uint64_t size) {
+    constexpr std::size_t kKept = kMostBytes / 2;
+    std::string newer = files_.read(path, size - kKept, kKept);
+    newer.erase(0, newer.find('\n') + 1);
+    files_.write(path, newer);
 }
 
 }  // namespace pellmark

@@ -29,7 +29,8 @@ class ProcessFiles {
     void import(const std::string& path, const std::string& processId, WindowHandle owner, Import& outcome);
 
     /// Asks for a file and saves into it what its extension says: "prc", "csv" or "txt", case ignored.
-    /// Another extension saves nothing.
+    /// Another extension saves nothing. A table holds the rows of the list, a process file every step of the
+    /// process.
     void save(const Grid& grid, const std::string& processId, WindowHandle owner);
 
   private:
@@ -38,8 +39,8 @@ class ProcessFiles {
     void importWith(const Progress& progress, const std::string& path, const std::string& processId,
                     Import& outcome);
     std::string addStep(TechnologyObject& operation, const std::string& processId);
-    void writeProcessFile(const Grid& grid, const std::string& processId, const std::string& path);
-    TechnologyService::OperationList operationsOf(const Grid& grid, const std::string& processId);
+    void writeProcessFile(const std::string& processId, const std::string& path);
+    TechnologyService::OperationList operationsOf(const std::string& processId);
     void saveTable(const Grid& grid, const std::string& path, char separator);
 
     StepServices services_;

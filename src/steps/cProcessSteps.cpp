@@ -52,14 +52,33 @@ void cProcessSteps::listen() {
     on(grid_->doubleClicked.subscribe([this](int row) {
         if (row >= grid_->fixedRows()) Editwizard();
     }));
-    on(grid_->keyPressed.subscribe([this](KeyPress& key) {
-        if (key.keyCode != KeyPress::kDelete) return;
-        key.handled = true;
-        Delete();
-    }));
+    on(grid_->keyPressed.subscribe([this](KeyPress& key) { keyPressed(key); }));
     on(grid_->dragStarted.subscribe([this, operations](DragData& drag) {
         trap(operations, "cProcessSteps::DragStart", [&] { offerSelection(drag); });
     }));
+}
+
+void cProcessSteps::offerFinding(FindLine& line) {
+    arrangement_ = std::make_unique<ListArrangement>(services_.person, services_.idle, *grid_, line);
+    subscriptions_.push_back(arrangement_->changed.subscribe([this] { rearrange(); }));
+}
+
+void cProcessSteps::keyPressed(KeyPress& key) {
+    if (key.handled) return;
+    key.handled = true;
+    if (key.keyCode == KeyPress::kDelete) {
+        Delete();
+    } else if (key.is(KeyPress::kEnter) || key.is(KeyPress::kF2)) {
+        Editwizard();
+    } else if (key.is(KeyPress::kInsert)) {
+        AddNewWizard();
+    } else if (key.is(KeyPress::kF5)) {
+        Refresh();
+    } else if (key.isWithControl('C')) {
+        CopySelection();
+    } else {
+        key.handled = false;
+    }
 }
 
 std::string cProcessSteps::selectedProcess() const {
@@ -86,6 +105,26 @@ void cProcessSteps::RefreshList(const std::string& selectId) {
     });
 }
 
+void cProcessSteps::Refresh() {
+    carryOut(services_.person, "cProcessSteps::Refresh", [this] {
+        KeptPlace place(*grid_);
+        const Grid::RedrawOff off(*grid_);
+        fill(place.currentId());
+        offerCuttingCycles();
+        place.restoreSelection();
+        place.restoreScroll();
+    });
+}
+
+void cProcessSteps::rearrange() {
+    trapAndTell(services_.person, "cProcessSteps::rearrange", [this] {
+        KeptPlace place(*grid_);
+        const Grid::RedrawOff off(*grid_);
+        fill(place.currentId().empty() ? arrangement_->rowBefore() : place.currentId());
+        place.restoreSelection();
+    });
+}
+
 void cProcessSteps::FollowProcess() {
     trap(services_.person.operations(), "cProcessSteps::FollowProcess", [this] {
         const Grid::RedrawOff off(*grid_);
@@ -102,10 +141,20 @@ void cProcessSteps::fill(const std::string& selectId) {
     grid_->bind(nullptr);
     hideInternalColumns(*grid_, kStepColumns, services_.settings.orDefault(option::kDebugMode) == 0);
     if (shownProcess_.empty()) return;
-    grid_->bind(store().steps(shownProcess_));
+    auto steps = store().steps(shownProcess_);
+    if (arrangement_) steps = arrangement_->arranged(steps);
+    grid_->bind(std::move(steps));
     services_.gridOps.SetRowDataToIds(*grid_);
     selectStep(selectId);
     decorate();
+}
+
+/// What has just been stored is shown, also where it is not what is looked for.
+void cProcessSteps::fillWith(const std::string& stepId) {
+    const Grid::RedrawOff off(*grid_);
+    fill(stepId);
+    const bool isHidden = arrangement_ && arrangement_->isNarrowed() && grid_->findRow(stepId) < 0;
+    if (isHidden && arrangement_->drop()) fill(stepId);
 }
 
 void cProcessSteps::offerCuttingCycles() {
@@ -149,7 +198,11 @@ void cProcessSteps::Delete() {
         if (ids.empty()) return;
         const MessageBox question{
             services_.person.texts.GetString("Permanently delete selected item(s) from the database?"),
-            kMessageTitle, MessageIcon::Question, MessageButtons::OkCancel};
+            kMessageTitle,
+            MessageIcon::Question,
+            MessageButtons::OkCancel,
+            namesOf(ids),
+            true};
         if (services_.person.desktop.showMessage(question) == MessageAnswer::Ok) deleteSteps(ids);
     });
 }
@@ -163,6 +216,13 @@ std::vector<std::string> cProcessSteps::selectedIdsBottomUp() const {
     for (const int row : rows)
         ids.push_back(grid_->rowData(row));
     return ids;
+}
+
+std::vector<std::string> cProcessSteps::namesOf(const std::vector<std::string>& idsBottomUp) const {
+    std::vector<std::string> names;
+    std::transform(idsBottomUp.rbegin(), idsBottomUp.rend(), std::back_inserter(names),
+                   [this](const std::string& id) { return grid_->text(grid_->findRow(id), field::kName); });
+    return names;
 }
 
 void cProcessSteps::deleteSteps(const std::vector<std::string>& ids) {
@@ -182,6 +242,11 @@ void cProcessSteps::deleteSteps(const std::vector<std::string>& ids) {
     if (failure) std::rethrow_exception(failure);
 }
 
+void cProcessSteps::CopySelection() {
+    carryOut(services_.person, "cProcessSteps::CopySelection",
+             [this] { services_.gridOps.CopySelection(*grid_); });
+}
+
 void cProcessSteps::AddNewWizard() {
     carryOut(services_.person, "cProcessSteps::AddNewWizard", [this] {
         if (!services_.rights.CheckPermission(PermissionAdd)) return;
@@ -195,8 +260,7 @@ void cProcessSteps::AddNewWizard() {
         if (dialog.StoredStepId().empty()) {
             decorate();
         } else {
-            const Grid::RedrawOff off(*grid_);
-            fill(dialog.StoredStepId());
+            fillWith(dialog.StoredStepId());
         }
     });
 }
@@ -254,10 +318,7 @@ void cProcessSteps::OpenPrc() {
         ProcessFiles::Import outcome;
         const bool whole = trapAndTell(services_.person, "cProcessSteps::OpenPrc",
                                        [&] { files_.import(path, process, ownerWindow(), outcome); });
-        {
-            const Grid::RedrawOff off(*grid_);
-            fill(outcome.firstStepId.empty() ? SelectedStepID() : outcome.firstStepId);
-        }
+        fillWith(outcome.firstStepId.empty() ? SelectedStepID() : outcome.firstStepId);
         tellImport(outcome, !whole);
     });
 }

@@ -6,9 +6,11 @@
 
 #include "base/Event.h"
 #include "controls/grid/Grid.h"
+#include "controls/grid/KeptPlace.h"
 #include "steps/ProcessFiles.h"
 #include "steps/StepEdits.h"
 #include "steps/StepServices.h"
+#include "util/ListArrangement.h"
 
 namespace pellmark {
 
@@ -22,6 +24,11 @@ class cProcessSteps {
 
     /// Keeps the grid, which must outlive the list, lays it out and fills it.
     void Init(Grid& grid);
+    /// Lets a person find in the list, by this line above it, and sort it by its headings. After Init; the
+    /// line must outlive the list.
+    void offerFinding(FindLine& line);
+    /// A person's wish to see what is stored now: selection and place stay as they are.
+    void Refresh();
     /// Reads the steps of the selected process and the cutting cycles anew, and selects the step, or the
     /// first one when it is not listed.
     void RefreshList(const std::string& selectId);
@@ -37,6 +44,8 @@ class cProcessSteps {
 
     /// Deletes the selected steps for good, after asking.
     void Delete();
+    /// Puts the selected rows on the clipboard, under their headings.
+    void CopySelection();
     /// Opens the dialog that adds a step to the current process; does nothing without one.
     void AddNewWizard();
     /// Opens the host's step wizard on the current step and stores what the person changed there.
@@ -56,11 +65,16 @@ class cProcessSteps {
     WindowHandle ownerWindow() const;
     std::string selectedProcess() const;
     void listen();
+    void keyPressed(KeyPress& key);
+    void rearrange();
     void fill(const std::string& selectId);
+    void fillWith(const std::string& stepId);
     void offerCuttingCycles();
     void decorate();
     void selectStep(const std::string& id);
     std::vector<std::string> selectedIdsBottomUp() const;
+    /// From the top of the list.
+    std::vector<std::string> namesOf(const std::vector<std::string>& idsBottomUp) const;
     void deleteSteps(const std::vector<std::string>& ids);
     void runWizard(const std::string& id);
     void tellImport(const ProcessFiles::Import& outcome, bool failed);
@@ -71,6 +85,7 @@ class cProcessSteps {
     Grid* grid_ = nullptr;
     ProcessFiles files_;
     std::unique_ptr<StepEdits> edits_;
+    std::unique_ptr<ListArrangement> arrangement_;
     std::string shownProcess_;
     std::vector<Subscription> subscriptions_;
 };

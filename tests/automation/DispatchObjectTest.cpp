@@ -65,7 +65,7 @@ TEST_F(DispatchObjectTest, AMemberThatVanishedIsNamedInTheError) {
     expectError(errors::kHostInterface, "Host.Gone is missing", [&] { object().call("Gone"); });
 }
 
-TEST_F(DispatchObjectTest, AnErrorOfTheHostKeepsItsNumberSourceAndText) {
+TEST_F(DispatchObjectTest, AnErrorOfTheHostKeepsItsNumberAndTextAndNamesTheMember) {
     EXCEPINFO details{};
     details.scode = static_cast<SCODE>(0x800A0000U + 26101U);
     details.bstrSource = Bstr("Knowledge").release();
@@ -79,7 +79,7 @@ TEST_F(DispatchObjectTest, AnErrorOfTheHostKeepsItsNumberSourceAndText) {
         FAIL() << "no error was thrown";
     } catch (const Error& error) {
         EXPECT_EQ(error.number(), errors::kNotFound);
-        EXPECT_EQ(error.source(), "Knowledge");
+        EXPECT_EQ(error.source(), "Host.Process (Knowledge)");
         EXPECT_EQ(error.description(),
                   "The process \xE2\x80\x9C"
                   "Bore\xE2\x80\x9D is gone.");

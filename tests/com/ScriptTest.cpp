@@ -1,36 +1,16 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <iterator>
 
 #include "com/ChildProgram.h"
 #include "com/LoadedServer.h"
+#include "com/RegisteredLibrary.h"
 
 namespace pellmark {
 namespace {
-
-/// A library with the usual entry points, registered for everybody while this lives.
-class Registered {
-  public:
-    explicit Registered(const wchar_t* dll) : module_(LoadLibraryW((programFolder() + L"\\" + dll).c_str())) {
-        if (module_ == nullptr || FAILED(call("DllRegisterServer")))
-            throw std::runtime_error("not registered");
-    }
-    Registered(const Registered&) = delete;
-    Registered& operator=(const Registered&) = delete;
-    ~Registered() {
-        call("DllUnregisterServer");
-        FreeLibrary(module_);
-    }
-
-  private:
-    HRESULT call(const char* name) {
-        using Entry = HRESULT STDAPICALLTYPE();
-        auto* const entry = reinterpret_cast<Entry*>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
-        return entry == nullptr ? E_NOINTERFACE : entry();
-    }
-
-    HMODULE module_;
-};
 
 struct Seeker {
     DWORD process;
@@ -90,8 +70,8 @@ class ScriptTest : public testing::Test {
     }
 
     Apartment apartment_;
-    Registered host_{L"Norvex.dll"};
-    Registered component_{L"Pellmark.dll"};
+    RegisteredLibrary host_{L"Norvex.dll"};
+    RegisteredLibrary component_{L"Pellmark.dll"};
 };
 
 testing::AssertionResult says(const ChildResult& result, const std::string& line) {
@@ -159,6 +139,51 @@ TEST_F(ScriptTest, AnArrayOfJScriptIsTakenForTheValues) {
     const ChildResult result = run(L"jscript\\case.js");
     EXPECT_TRUE(says(result, "Shown for one value of feature type {"));
     EXPECT_TRUE(says(result, "A number in the array's place: error 5\n"));
+}
+
+TEST_F(ScriptTest, TheLogThatTheEnvironmentAsksForNamesTheMemberAndTheReason) {
+    const std::wstring folder = programFolder() + L"\\log-test";
+    CreateDirectoryW(folder.c_str(), nullptr);
+    SetEnvironmentVariableW(L"PELLMARK_LOG", folder.c_str());
+    std::wstring log;
+    const ChildResult result = run(L"vbscript\\whatiswrong.vbs", [&](unsigned long process) {
+        log = folder + L"\\Pellmark-cscript-" + std::to_wstring(process) + L".log";
+    });
+    SetEnvironmentVariableW(L"PELLMARK_LOG", nullptr);
+    EXPECT_TRUE(says(result, "No error came back.\n"));
+    std::ifstream file(std::filesystem::path(log), std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_THAT(text, testing::HasSubstr("Pellmark: version "));
+    EXPECT_THAT(text, testing::HasSubstr(" ShowWindowProcessesView: called\r\n"));
+    EXPECT_THAT(text, testing::HasSubstr("ProcessGuid \"no identifier\" is no identifier"));
+    EXPECT_THAT(text,
+                testing::HasSubstr("Application::ShowWindowProcessesView: error 438 from "
+                                   "NvxApplication.MainWindowHandle"));
+}
+
+/// The text of a message box; "" when the window is none.
+std::wstring textOfMessage(HWND box) {
+    constexpr int kText = 0xFFFF;
+    wchar_t text[1024] = {};
+    if (const HWND label = GetDlgItem(box, kText))
+        GetWindowTextW(label, text, static_cast<int>(std::size(text)));
+    return text;
+}
+
+TEST(MissingLibraryTest, TheClassIsNamedToThePersonAndToTheCaller) {
+    const Apartment apartment;
+    const RegisteredLibrary component{L"Pellmark.dll"};
+    std::wstring told;
+    const ChildResult result =
+        runChild(L"cscript.exe //nologo \"" + programFolder() + L"\\samples\\vbscript\\whatiswrong.vbs\"",
+                 [&](unsigned long process) {
+                     const HWND box = visibleWindowOf(process);
+                     if (box == nullptr) return;
+                     told = textOfMessage(box);
+                     PostMessageW(box, WM_COMMAND, IDOK, 0);
+                 });
+    EXPECT_NE(told.find(L"Norvex.KnowledgeBaseService"), std::wstring::npos);
+    EXPECT_TRUE(says(result, "Error 26105: The host's class Norvex.KnowledgeBaseService cannot be created"));
 }
 
 }  // namespace

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "knowledge/ArrangedRecords.h"
 #include "knowledge/FieldLimits.h"
 #include "knowledge/MemoryRecordSet.h"
+#include "knowledge/RowFinder.h"
 
 namespace pellmark::test {
 
@@ -39,6 +41,17 @@ std::shared_ptr<RecordSet> FakeProcessStore::processes(const std::string& id) {
         if (id.empty() || process->record.Id == canonicalId(id)) addTo(*records, process->record);
     }
     return records;
+}
+
+std::shared_ptr<RecordSet> FakeProcessStore::findProcesses(const RowQuery& query) {
+    tables_.called("findProcesses", query.text, query.sortField);
+    if (!tables_.findsProcesses) return nullptr;
+    auto all = processFields();
+    for (const auto* process : byName())
+        addTo(*all, process->record);
+    const auto asStored = [](const std::string&, const std::string& stored) { return stored; };
+    const auto noHurry = [](std::size_t, std::size_t) { return true; };
+    return std::make_shared<ArrangedRecords>(all, *RowFinder(*all, asStored, noHurry).find(query));
 }
 
 ProcessRecord FakeProcessStore::process(const std::string& id) {

@@ -11,6 +11,7 @@ class FakeProcessStore : public ProcessStore, public MaterialStore {
     explicit FakeProcessStore(FakeTables& tables) : tables_(tables) {}
 
     std::shared_ptr<RecordSet> processes(const std::string& id) override;
+    std::shared_ptr<RecordSet> findProcesses(const RowQuery& query) override;
     ProcessRecord process(const std::string& id) override;
     std::vector<std::optional<ProcessRecord>> processRecords(const std::vector<std::string>& ids) override;
     std::shared_ptr<RecordSet> orphanProcesses() override;

@@ -61,6 +61,8 @@ struct FakeTables {
     std::vector<FeatureType> featureTypes;
     std::vector<CuttingCycle> cuttingCycles;
 
+    bool findsProcesses = true;  ///< the optional member is there
+
     /// Told of each call by its operation, before it is carried out: the host's code may do anything then.
     std::function<void(const std::string& operation)> onCall;
     std::vector<std::string> calls;         ///< "attach {…} {…}", in order

@@ -9,6 +9,11 @@ namespace pellmark {
 HostRecordSet::HostRecordSet(DispatchObject object)
     : object_(std::move(object)), fields_(split(object_.call("Fields").text(), '|')) {}
 
+bool HostRecordSet::hasMore() {
+    const auto held = alive();
+    return object_.has("HasMore") && object_.call("HasMore").boolean();
+}
+
 void HostRecordSet::refuseReentry() const {
     throw Error(errors::kHostInterface, origin(),
                 "The records of " + origin() + " were asked for again while the host was giving them.");

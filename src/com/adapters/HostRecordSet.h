@@ -16,6 +16,7 @@ namespace pellmark {
 class HostRecordSet : public RecordSet, public std::enable_shared_from_this<HostRecordSet> {
   public:
     const std::vector<std::string>& fields() const override { return fields_; }
+    bool hasMore() override;
     /// The member that answered with it: "ProcessStore.Processes".
     std::string origin() const override { return object_.name(); }
 

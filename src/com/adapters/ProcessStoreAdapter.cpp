@@ -19,6 +19,20 @@ std::shared_ptr<RecordSet> ProcessStoreAdapter::processes(const std::string& id)
     return query("Processes", {id});
 }
 
+std::shared_ptr<RecordSet> ProcessStoreAdapter::findProcesses(const RowQuery& wanted) {
+    if (!store().has("FindProcesses")) return nullptr;
+    std::string fields;
+    for (const std::string& field : wanted.fields)
+        fields += (fields.empty() ? "" : "|") + field;
+    std::vector<std::string> values;
+    for (const RowQuery::Value& each : wanted.values) {
+        values.push_back(each.field);
+        values.push_back(each.value);
+    }
+    return query("FindProcesses",
+                 {wanted.text, fields, packedTexts(values), wanted.sortField, wanted.descending});
+}
+
 ProcessRecord ProcessStoreAdapter::process(const std::string& id) {
     const DispatchResult result = call("Process", {id});
     return processFrom(readRecord(result, kProcessFields), result);

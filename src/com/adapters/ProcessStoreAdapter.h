@@ -12,6 +12,7 @@ class ProcessStoreAdapter : public ProcessStore, private StoreAdapter {
         : StoreAdapter(std::move(service), "ProcessStore") {}
 
     std::shared_ptr<RecordSet> processes(const std::string& id) override;
+    std::shared_ptr<RecordSet> findProcesses(const RowQuery& query) override;
     ProcessRecord process(const std::string& id) override;
     std::vector<std::optional<ProcessRecord>> processRecords(const std::vector<std::string>& ids) override;
     std::shared_ptr<RecordSet> orphanProcesses() override;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -16,6 +17,7 @@ struct CellStyle {
     std::optional<Color> back;
     bool italic = false;
     int picture = -1;
+    std::string note;  ///< what the look means, for whoever does not know or see it; "" for nothing
 
     bool operator==(const CellStyle&) const = default;
     bool hasPicture() const { return picture >= 0; }

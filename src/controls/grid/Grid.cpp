@@ -115,6 +115,12 @@ const DisplayList& Grid::comboList(int row, int col) const {
     return columns_.at(col).list;
 }
 
+void Grid::setSortMark(const SortMark& mark) {
+    if (sortMark_ == mark) return;
+    sortMark_ = mark;
+    notify({What::Columns});
+}
+
 void Grid::userResizedColumn(int col, Twips width) {
     setColWidth(col, width);
     colResized.raise(col);
@@ -279,9 +285,25 @@ void Grid::setPicture(int row, int col, int picture) {
     setStyle(row, col, [picture](CellStyle& style) { style.picture = picture; });
 }
 
+void Grid::setNote(int row, int col, const std::string& note) {
+    setStyle(row, col, [&note](CellStyle& style) { style.note = note; });
+}
+
+std::string Grid::notes(int row) const {
+    std::string all;
+    for (int col = 0; col < cols(); ++col) {
+        const std::string note = style(row, col).note;
+        if (!note.empty()) all += (all.empty() ? "" : ", ") + note;
+    }
+    return all;
+}
+
 void Grid::setColumnForeColor(int col, Color color) {
     if (!columns_.contains(col)) return;
-    styles_.changeColumn(col, [color](CellStyle& style) { style.fore = color; });
+    styles_.changeColumn(col, [color](CellStyle& style) {
+        style.fore = color;
+        style.note.clear();
+    });
     notify({What::Cells});
 }
 
@@ -320,6 +342,16 @@ void Grid::setCurrent(int row, int col) {
 
 void Grid::showCell(int row, int) {
     if (isDataRow(row)) notify({What::Scroll, row});
+}
+
+int Grid::topRow() {
+    int top = fixedRows_;
+    topRowAsked.raise(top);
+    return top;
+}
+
+void Grid::setTopRow(int row) {
+    if (isDataRow(row)) notify({What::Top, row});
 }
 
 int Grid::selectedRows() const {
@@ -426,29 +458,28 @@ void Grid::cancelEdit() {
 // -----------------------------------------------------------------------------------------------
 
 void Grid::notify(GridChange change) {
-    if (redrawOff_ == 0) {
-        gridChanged.raise(change);
+    if (held_.isHolding()) {
+        held_.hold(change);
     } else {
-        pending_ = pending_ ? GridChange{What::All} : change;
-        if (change.what == What::Scroll) pendingScroll_ = change.row;
+        gridChanged.raise(change);
     }
 }
 
 void Grid::currentMoved() {
-    if (redrawOff_ == 0) rowChanged.raise();
+    if (!held_.isHolding()) rowChanged.raise();
 }
 
 void Grid::redrawOff() {
-    if (redrawOff_++ == 0) currentBefore_ = {row(), rowData(row())};
+    if (held_.begin()) currentBefore_ = {row(), rowData(row())};
 }
 
 void Grid::redrawOn() {
-    if (--redrawOff_ > 0) return;
+    if (!held_.end()) return;
     const bool moved = currentBefore_ != Current{row(), rowData(row())};
-    const auto change = std::exchange(pending_, std::nullopt);
-    const auto scroll = std::exchange(pendingScroll_, std::nullopt);
-    if (change) gridChanged.raise(*change);
-    if (scroll && isDataRow(*scroll)) gridChanged.raise({What::Scroll, *scroll});
+    for (const GridChange& change : held_.take()) {
+        const bool scrolls = change.what == What::Scroll || change.what == What::Top;
+        if (!scrolls || isDataRow(change.row)) gridChanged.raise(change);
+    }
     if (moved) rowChanged.raise();
 }
 

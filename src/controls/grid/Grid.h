@@ -9,9 +9,11 @@
 #include <vector>
 
 #include "controls/Control.h"
+#include "controls/KeyPress.h"
 #include "controls/grid/CellStyles.h"
 #include "controls/grid/DisplayList.h"
 #include "controls/grid/GridColumns.h"
+#include "controls/grid/GridChange.h"
 #include "controls/grid/GridRows.h"
 #include "controls/grid/RowKeys.h"
 #include "controls/grid/RowSelection.h"
@@ -26,15 +28,6 @@ struct DragData {
     bool copyOnly = false;
 
     void clear() { *this = {}; }
-};
-
-/// A key press, which a handler may take for itself.
-struct KeyPress {
-    int keyCode = 0;
-    bool shift = false;
-    bool control = false;
-    bool handled = false;
-    static constexpr int kDelete = 46;
 };
 
 enum class MouseButton { Left = 1, Right = 2, Middle = 4 };
@@ -53,13 +46,6 @@ struct CellEdit {
     int col = 0;
     std::string text;  ///< the stored value before the edit, or the one about to be applied
     bool cancel = false;
-};
-
-/// What about the grid the peer must show anew.
-struct GridChange {
-    enum class What { Cells, Rows, Columns, Selection, Current, Scroll, All };
-    What what = What::All;
-    int row = -1;  ///< for Cells, Selection and Scroll: the row, -1 for all
 };
 
 /// A virtual table. Rows and columns count from 0; the first fixedRows() rows are headings, the rest data
@@ -116,6 +102,9 @@ class Grid : public Control {
     /// A list of choices for one row in place of its column's; empty text returns to the column's.
     void setRowComboList(int row, int col, const std::string& list);
     const DisplayList& comboList(int row, int col) const;
+    /// An arrow in a heading. The rows themselves come in the order of what is bound.
+    const SortMark& sortMark() const { return sortMark_; }
+    void setSortMark(const SortMark& mark);
 
     // --- data --------------------------------------------------------------------------------------------
     /// Shows a record set: one data row per record, columns bound to the fields of the same key. Forgets
@@ -152,8 +141,12 @@ class Grid : public Control {
     void setItalic(int row, int col, bool italic);
     /// A picture by its number in the peer's image list; -1 for none.
     void setPicture(int row, int col, int picture);
-    /// The text colour of every data cell of a column, whatever colour was set before; the rest of their
-    /// looks stays. Rows of which none was given a look of its own cost nothing.
+    /// What the look of a cell means, in the person's language.
+    void setNote(int row, int col, const std::string& note);
+    /// The notes of a row's cells, one after the other; "" when it has none.
+    std::string notes(int row) const;
+    /// The text colour of every data cell of a column, whatever colour and note were set before; the rest of
+    /// their looks stays. Rows of which none was given a look of its own cost nothing.
     void setColumnForeColor(int col, Color color);
     /// The grid whose selection is drawn in the system highlight colour; the other gets a paler one.
     bool activeLook() const { return activeLook_; }
@@ -168,6 +161,10 @@ class Grid : public Control {
     /// Moves the current cell and leaves the selection.
     void setCurrent(int row, int col);
     void showCell(int row, int col);
+    /// The row at the upper edge of the window; the first data row where there is no window.
+    int topRow();
+    /// Scrolls so that this row stands at the upper edge, as far as there are rows behind it.
+    void setTopRow(int row);
     int selectedRows() const;
     /// The i-th selected row, in the order in which the rows were selected; -1 when out of range.
     int selectedRow(int i) const;
@@ -222,12 +219,14 @@ class Grid : public Control {
     // --- events ------------------------------------------------------------------------------------------
     Event<const GridChange&> gridChanged;  ///< for the peer
     Event<> paintRequested;                ///< for the peer
+    Event<int&> topRowAsked;               ///< for the peer
     Event<> rowChanged;                    ///< the current row became another one; see RedrawOff
     Event<int> doubleClicked;              ///< the row under the mouse, -1 outside the rows, 0 on headings
     Event<KeyPress&> keyPressed;
     Event<const MousePress&> mousePressed;
     Event<int> colResized;  ///< by a person
     Event<int> colMoved;    ///< by a person
+    Event<int> headingClicked;  ///< the column whose heading a person clicked
     Event<DragData&> dragStarted;
     Event<CellEdit&> beforeEdit;
     Event<CellEdit&> validateEdit;
@@ -274,9 +273,8 @@ class Grid : public Control {
     std::optional<CellEdit> editing_;
     std::unordered_map<std::uint64_t, DisplayList> rowLists_;
     bool activeLook_ = true;
-    int redrawOff_ = 0;
-    std::optional<GridChange> pending_;
-    std::optional<int> pendingScroll_;
+    HeldChanges held_;
+    SortMark sortMark_;
     struct Current {
         int row = -1;
         std::string data;

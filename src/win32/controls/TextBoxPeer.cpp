@@ -14,10 +14,13 @@ TextBoxPeer::TextBoxPeer(FormWindow& form, TextBox& box, HWND parent) : ControlP
     ::SendMessageW(window(), EM_SETLIMITTEXT, 0, 0);
     show();
     textChanged_ = box.textChanged.subscribe([this] { show(); });
+    selectionRequested_ = box.selectionRequested.subscribe(
+        [this] { ::SendMessageW(window(), EM_SETSEL, 0, -1); });
 }
 
 void TextBoxPeer::detach() {
     textChanged_.reset();
+    selectionRequested_.reset();
     ControlPeer::detach();
 }
 
@@ -50,6 +53,16 @@ std::optional<LRESULT> TextBoxPeer::message(UINT message, WPARAM wParam, LPARAM 
         ::SendMessageW(window(), EM_SETSEL, 0, -1);
         return 0;
     }
+    if (message == WM_KEYDOWN && !box()->multiLine()) {
+        KeyPress press;
+        press.keyCode = static_cast<int>(wParam);
+        press.shift = ::GetKeyState(VK_SHIFT) < 0;
+        press.control = ::GetKeyState(VK_CONTROL) < 0;
+        box()->keyPressed.raise(press);
+        if (press.handled || control() == nullptr) return 0;
+    }
+    // The box would answer the character of a key that was taken with a beep.
+    if (message == WM_CHAR && (wParam == VK_ESCAPE || wParam == VK_RETURN) && !box()->multiLine()) return 0;
     return ControlPeer::message(message, wParam, lParam);
 }
 

@@ -22,6 +22,7 @@ class TextBoxPeer : public ControlPeer {
     void show();
 
     Subscription textChanged_;
+    Subscription selectionRequested_;
     bool showing_ = false;
 };
 

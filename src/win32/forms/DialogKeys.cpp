@@ -113,16 +113,24 @@ bool DialogKeys::isNavigationKey(const MSG& message) const {
         case VK_DOWN:
             return (code & (DLGC_WANTARROWS | DLGC_WANTALLKEYS)) == 0;
         case VK_RETURN:
-            return !isOpenList && (code & DLGC_WANTALLKEYS) == 0;
+            return !isOpenList && (code & DLGC_WANTALLKEYS) == 0 && !isLeftToList(control);
         // An edit box of several lines claims every key, Escape with the rest, and does nothing with it.
         case VK_ESCAPE:
-            return !isOpenList && (isPeer || (code & DLGC_WANTALLKEYS) == 0) && !form_.isEmbedded();
+            return !isOpenList && (isPeer || (code & DLGC_WANTALLKEYS) == 0) && !form_.isEmbedded() &&
+                   !(control != nullptr && control->takesEscape());
         case VK_F1:
             return static_cast<Form*>(form_.control())->helpButton() != nullptr && !isDown(VK_SHIFT) &&
                    !isDown(VK_CONTROL);
         default:
             return false;
     }
+}
+
+bool DialogKeys::isLeftToList(const Control* control) const {
+    const bool isList = control != nullptr &&
+                        (control->kind() == Control::Kind::Grid || control->kind() == Control::Kind::TextBox);
+    const Button* button = static_cast<const Form*>(form_.control())->defaultButton();
+    return isList && (button == nullptr || !button->visible() || !button->enabled());
 }
 
 void DialogKeys::perform() {

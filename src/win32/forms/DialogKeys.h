@@ -6,6 +6,7 @@
 
 namespace pellmark {
 
+class Control;
 class FormWindow;
 
 /// The keys that move about in a form: Tab, arrows, access keys, Enter, Escape, Ctrl+Tab.
@@ -46,6 +47,8 @@ class DialogKeys {
     bool isOurs(const MSG& message) const;
     bool isNavigation(const MSG& message) const;
     bool isNavigationKey(const MSG& message) const;
+    /// Enter means something to a list, or to the line in which one is searched, where it presses no button.
+    bool isLeftToList(const Control* control) const;
     void performKey(const MSG& message);
 
     FormWindow& form_;

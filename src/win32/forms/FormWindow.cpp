@@ -337,6 +337,8 @@ void FormWindow::setToolTip(HWND of, const std::string& text) {
         toolTips_ = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
                                       WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, window(), nullptr,
                                       surroundings_->instance(), nullptr);
+        // A description has up to 1,000 characters: on one line it would leave the screen.
+        ::SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(Twips{9000}));
     }
     std::wstring wide = toWide(text);
     TOOLINFOW tool{};

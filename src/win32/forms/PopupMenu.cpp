@@ -21,7 +21,8 @@ PopupMenu::PopupMenu(const Menu& menu) : menu_(::CreatePopupMenu()) {
         separatorDue = false;
         any = true;
         const UINT flags = MF_STRING | (item.enabled ? MF_ENABLED : MF_GRAYED);
-        ::AppendMenuW(menu_.get(), flags, id, toWide(item.caption).c_str());
+        const std::string key = item.shortcut.empty() ? std::string() : "\t" + item.shortcut;
+        ::AppendMenuW(menu_.get(), flags, id, toWide(item.caption + key).c_str());
     }
 }
 

@@ -20,7 +20,11 @@ bool isDown(int key) {
 GridPeer::GridPeer(FormWindow& form, Grid& grid, HWND parent)
     : TablePeer(form, grid, std::make_unique<GridTable>(grid, form.surroundings().trace())) {
     create(parent, true);
+    description_.emplace(window());
     gridChanged_ = grid.gridChanged.subscribe([this](const GridChange& change) { modelChanged(change); });
+    topRowAsked_ = grid.topRowAsked.subscribe([this](int& row) {
+        if (window() != nullptr) row = gridTable().gridRow(topRow());
+    });
     paintRequested_ = grid.paintRequested.subscribe([this] { ::UpdateWindow(window()); });
     if (table().current() >= 0) scrollTo(table().current());
 }
@@ -30,6 +34,8 @@ GridPeer::~GridPeer() = default;
 void GridPeer::detach() {
     gridChanged_.reset();
     paintRequested_.reset();
+    topRowAsked_.reset();
+    description_.reset();
     gridTable().detach();
     TablePeer::detach();
     editor_.reset();  // which moves the keyboard: nothing must reach the model any more
@@ -69,12 +75,22 @@ void GridPeer::modelChanged(const GridChange& change) {
         case GridChange::What::Scroll:
             scrollTo(row);
             break;
+        case GridChange::What::Top:
+            scrollToTop(row);
+            break;
         case GridChange::What::All:
             gridTable().takeRows();
             gridTable().takeColumns();
             showAll();
             break;
     }
+    describeCurrent();
+}
+
+void GridPeer::describeCurrent() {
+    if (!description_ || grid() == nullptr) return;
+    const int row = grid()->row();
+    description_->show(table().current(), row < 0 ? std::string() : grid()->notes(row));
 }
 
 // --- what a person does
@@ -88,7 +104,9 @@ std::optional<LRESULT> GridPeer::notified(NMHDR& header) {
     // The grid's own echo is muted: the window shows already what the person has done to it.
     const bool isSelection = header.code == LVN_ITEMCHANGED || header.code == LVN_ODSTATECHANGED;
     const auto quiet = isSelection ? gridChanged_.mute() : nullptr;
-    return TablePeer::notified(header);
+    const auto answer = TablePeer::notified(header);
+    if (isSelection) describeCurrent();
+    return answer;
 }
 
 void GridPeer::cellDoubleClicked(Cell cell) {
@@ -109,6 +127,10 @@ void GridPeer::headingPressed(int column, MouseButton button, POINT at) {
     grid()->mousePressed.raise({button, col < 0 ? -1 : 0, col, scale().twips(at)});
 }
 
+void GridPeer::headingClicked(int column) {
+    if (const int col = gridTable().colOf(column); col >= 0) grid()->headingClicked.raise(col);
+}
+
 void GridPeer::pressed(MouseButton button, POINT at) {
     const Cell cell = cellAt(at);
     grid()->mousePressed.raise(
@@ -127,10 +149,8 @@ void GridPeer::takeCell(Cell cell, bool onlySelected) {
 }
 
 bool GridPeer::keyDown(int keyCode) {
-    if (keyCode == VK_F2) {
-        editByKeyboard();
-        return true;
-    }
+    if (keyCode == VK_F2 && editByKeyboard()) return true;
+    if (control() == nullptr) return true;
     KeyPress press;
     press.keyCode = keyCode;
     press.shift = isDown(VK_SHIFT);
@@ -154,13 +174,15 @@ bool GridPeer::isEditable(Cell cell) const {
     return cell.row >= 0 && col >= 0 && grid()->colEditable(col);
 }
 
-void GridPeer::editByKeyboard() {
+bool GridPeer::editByKeyboard() {
     const int row = table().current();
-    if (row < 0) return;
+    if (row < 0) return false;
     Cell cell{row, gridTable().columnOf(grid()->col())};
     for (int column = 0; !isEditable(cell) && column < table().columns(); ++column)
         cell.column = column;
-    if (isEditable(cell)) edit(cell);
+    if (!isEditable(cell)) return false;
+    edit(cell);
+    return true;
 }
 
 namespace {

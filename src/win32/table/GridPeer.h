@@ -4,6 +4,7 @@
 
 #include "controls/grid/Grid.h"
 #include "win32/table/GridTable.h"
+#include "win32/table/RowDescription.h"
 #include "win32/table/TablePeer.h"
 
 namespace pellmark {
@@ -23,6 +24,7 @@ class GridPeer : public TablePeer {
   protected:
     void cellDoubleClicked(Cell cell) override;
     void headingDoubleClicked(int column) override;
+    void headingClicked(int column) override;
     void headingPressed(int column, MouseButton button, POINT at) override;
     std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam) override;
     std::optional<LRESULT> innerMessage(HWND inner, UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -36,11 +38,15 @@ class GridPeer : public TablePeer {
     void takeCell(Cell cell, bool onlySelected);
     bool isEditable(Cell cell) const;
     void edit(Cell cell);
-    void editByKeyboard();
+    /// False when the current row has nothing to edit.
+    bool editByKeyboard();
     void dragOut();
+    void describeCurrent();
 
     Subscription gridChanged_;
     Subscription paintRequested_;
+    Subscription topRowAsked_;
+    std::optional<RowDescription> description_;
     std::unique_ptr<GridEditor> editor_;
     bool ending_ = false;  ///< the value of the editor is being offered
 };

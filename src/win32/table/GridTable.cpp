@@ -33,6 +33,12 @@ Twips GridTable::width(int column) const {
     return col < 0 ? 0 : grid_->colWidth(col);
 }
 
+int GridTable::sorting(int column) const {
+    const int col = colOf(column);
+    if (col < 0 || grid_->sortMark().col != col) return 0;
+    return grid_->sortMark().descending ? -1 : 1;
+}
+
 void GridTable::userResized(int column, Twips width) {
     if (const int col = colOf(column); col >= 0) grid_->userResizedColumn(col, width);
 }

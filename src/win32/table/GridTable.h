@@ -30,6 +30,7 @@ class GridTable : public ShownTable {
     int columns() const override { return static_cast<int>(columns_.size()); }
     std::string heading(int column) const override;
     Twips width(int column) const override;
+    int sorting(int column) const override;
     void userResized(int column, Twips width) override;
     void userMoved(int from, int to) override;
     int rows() const override { return grid_ ? grid_->dataRows() : 0; }

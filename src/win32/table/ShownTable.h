@@ -17,6 +17,8 @@ class ShownTable {
     virtual int columns() const = 0;
     virtual std::string heading(int column) const = 0;
     virtual Twips width(int column) const = 0;
+    /// 1 where the rows rise by this column, -1 where they fall, 0 where they stand by something else.
+    virtual int sorting(int /*column*/) const { return 0; }
     virtual void userResized(int column, Twips width) = 0;
     virtual void userMoved(int from, int to) = 0;
 

@@ -19,6 +19,12 @@ int textWidth(HDC canvas, const std::string& text) {
     return static_cast<int>(size.cx);
 }
 
+/// Not every version of the control draws the arrow that a heading's format asks for; text is always drawn.
+std::wstring arrowOf(int sorting) {
+    if (sorting == 0) return {};
+    return sorting > 0 ? L" \x25B2" : L" \x25BC";
+}
+
 }  // namespace
 
 TableHeader::TableHeader(HWND list, ShownTable& table)
@@ -34,7 +40,7 @@ void TableHeader::rebuild(const Scale& scale) {
         ::SendMessageW(list_, LVM_DELETECOLUMN, static_cast<WPARAM>(there - 1), 0);
     widths_.assign(static_cast<std::size_t>(wanted), 0);
     for (int column = 0; column < wanted; ++column) {
-        std::wstring heading = toWide(table_.heading(column));
+        std::wstring heading = toWide(table_.heading(column)) + arrowOf(table_.sorting(column));
         int& width = widths_[static_cast<std::size_t>(column)];
         width = scale.pixels(table_.width(column));
         LVCOLUMNW shown{};

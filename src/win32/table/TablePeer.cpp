@@ -95,6 +95,18 @@ void TablePeer::scrollTo(int row) {
     ::SendMessageW(window(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
+int TablePeer::topRow() const {
+    return static_cast<int>(::SendMessageW(window(), LVM_GETTOPINDEX, 0, 0));
+}
+
+void TablePeer::scrollToTop(int row) {
+    RECT line{};
+    line.left = LVIR_BOUNDS;
+    ::SendMessageW(window(), LVM_GETITEMRECT, static_cast<WPARAM>(topRow()), reinterpret_cast<LPARAM>(&line));
+    // The window scrolls by pixels and is asked for whole rows.
+    ::SendMessageW(window(), LVM_SCROLL, 0, LPARAM{row - topRow()} * (line.bottom - line.top));
+}
+
 void TablePeer::rescale() {
     painter_->forgetFonts();
     ControlPeer::rescale();
@@ -224,8 +236,14 @@ void TablePeer::tipFor(POINT at) {
     const Cell cell = cellAt(at);
     if (cell == tipCell_) return;
     tipCell_ = cell;
-    const bool isCut = cell.row >= 0 && painter_->isCut(cell.row, cell.column, form().font(), scale());
-    form().setToolTip(window(), isCut ? table_->text(cell.row, cell.column) : control()->toolTip());
+    std::string tip = control()->toolTip();
+    if (cell.row >= 0) {
+        const bool isCut = painter_->isCut(cell.row, cell.column, form().font(), scale());
+        const std::string note = table_->style(cell.row, cell.column).note;
+        if (isCut) tip = table_->text(cell.row, cell.column);
+        if (!note.empty()) tip = isCut ? tip + " (" + note + ")" : note;
+    }
+    form().setToolTip(window(), tip);
 }
 
 // --- moving the selection

@@ -41,6 +41,8 @@ class TablePeer : public ControlPeer {
     void showRows();
     void showRow(int row);
     void scrollTo(int row);
+    int topRow() const;
+    void scrollToTop(int row);
     /// The data cell under a point of the window; -1 beside all of them.
     Cell cellAt(POINT at) const;
     RECT cellRect(Cell cell) const;

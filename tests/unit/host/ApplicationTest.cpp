@@ -55,9 +55,12 @@ TEST_F(ApplicationTest, WithoutAConnectionEveryMethodSaysSoAndEndsEmpty) {
 TEST_F(ApplicationTest, AMissingHostLibraryCountsAsNotConnected) {
     library.missing = true;
     app = std::make_unique<Application>(platform());
-    desktop.expectMessage("Not connected to database");
+    ASSERT_NE(app->missingKnowledgeBase(), "");
+    desktop.expectMessage("Not connected to database\n\n" + app->missingKnowledgeBase());
     app->ShowWindowProcessesView(host, "");
     EXPECT_THAT(trace.lines(), Contains(HasSubstr("Services::createKnowledgeBase: error 26105")));
+    app->Dispose();
+    EXPECT_EQ(app->missingKnowledgeBase(), "");
 }
 
 TEST_F(ApplicationTest, TheTranslationServiceIsBoundAtEachCall) {

@@ -248,6 +248,34 @@ const std::vector<Command>& commands() {
                  form.VSFGProcessStep.dragStarted.raise(drag);
              });
          }},
+        {"Ctrl+F and what is typed there",
+         [](Sweep& s) {
+             s.press(&FrmMain::VSFGProcessCaseResults, 'F', true);
+             s.gesture([](FrmMain& form) { form.FindProcessCaseResults.TxtFind.setText("dr"); });
+             s.gesture([](FrmMain& form) { form.FindProcessCaseResults.CmdCloseFind.click(); });
+         }},
+        {"finding in the list of all",
+         [](Sweep& s) {
+             s.showAll();
+             s.press(&FrmMain::VSFGAllProcesses, 'F', true);
+             s.gesture([](FrmMain& form) { form.FindAllProcesses.TxtFind.setText("dr"); });
+         }},
+        {"finding a step",
+         [](Sweep& s) {
+             s.press(&FrmMain::VSFGProcessStep, 'F', true);
+             s.gesture([](FrmMain& form) { form.FindProcessStep.TxtFind.setText("dr"); });
+         }},
+        {"sorting",
+         [](Sweep& s) {
+             s.gesture([](FrmMain& form) { form.VSFGProcessCaseResults.headingClicked.raise(2); });
+             s.gesture([](FrmMain& form) { form.VSFGProcessStep.headingClicked.raise(4); });
+         }},
+        {"F5", [](Sweep& s) { s.press(&FrmMain::VSFGProcessCaseResults, KeyPress::kF5); }},
+        {"F5 among steps", [](Sweep& s) { s.press(&FrmMain::VSFGProcessStep, KeyPress::kF5); }},
+        {"Enter", [](Sweep& s) { s.press(&FrmMain::VSFGProcessCaseResults, KeyPress::kEnter); }},
+        {"Insert", [](Sweep& s) { s.press(&FrmMain::VSFGProcessCaseResults, KeyPress::kInsert); }},
+        {"Ctrl+C", [](Sweep& s) { s.press(&FrmMain::VSFGProcessCaseResults, 'C', true); }},
+        {"Ctrl+C among steps", [](Sweep& s) { s.press(&FrmMain::VSFGProcessStep, 'C', true); }},
         {"a tab", [](Sweep& s) { s.gesture([](FrmMain& form) { form.TabCtrl.click(0); }); }},
         {"Help", [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmdHelp.click(); }); }},
         {"Help without a help window",

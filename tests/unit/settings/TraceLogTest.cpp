@@ -18,7 +18,7 @@ using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 constexpr char kKey[] = "Software\\Orvane\\Norvex\\ExtensionSettings\\GlobalQDLSettings";
-constexpr char kLog[] = "C:\\Temp\\Pellmark.log";
+constexpr char kLog[] = "C:\\Temp\\Pellmark-Norvex-1234.log";
 
 }  // namespace
 
@@ -28,6 +28,11 @@ class TraceLogTest : public ::testing::Test {
         registry.setText(Registry::kCurrentUser, kKey, "DebugMode", text);
     }
 
+    TraceOwner owner() {
+        return {"Norvex", 1234, [this] { return wanted; }};
+    }
+
+    std::string wanted;
     std::vector<std::string> debugger;
     MemoryRegistry registry;
     PortableCodePage codePage;
@@ -38,7 +43,7 @@ class TraceLogTest : public ::testing::Test {
                  codePage,
                  files,
                  clock,
-                 "Norvex"};
+                 owner()};
 };
 
 TEST_F(TraceLogTest, EveryLineGoesToTheDebuggerWithTimeAndOperation) {
@@ -88,7 +93,50 @@ TEST_F(TraceLogTest, WithoutATemporaryFolderThereIsNoFile) {
     files.temporary = "";
     log.record("cProcess::Delete", "one");
     EXPECT_EQ(debugger.size(), 1U);
-    EXPECT_FALSE(files.has("\\Pellmark.log"));
+    EXPECT_FALSE(files.has("\\Pellmark-Norvex-1234.log"));
+}
+
+TEST_F(TraceLogTest, AWantedFolderGetsTheLogWhateverDebugModeSays) {
+    files.makeFolder("D:\\Logs");
+    wanted = "D:\\Logs";
+    log.record("a", "one");
+    wanted = "D:\\Logs\\";
+    setDebugMode("1");
+    log.record("b", "two");
+    EXPECT_EQ(files.contents("D:\\Logs\\Pellmark-Norvex-1234.log"),
+              "2026-11-20 21:53:07.123 a: one\r\n2026-11-20 21:53:07.123 b: two\r\n");
+    EXPECT_FALSE(files.has(kLog));
+}
+
+TEST_F(TraceLogTest, AWantedFolderThatIsNotThereIsToldTheDebugger) {
+    wanted = "D:\\Nowhere";
+    log.record("a", "one");
+    EXPECT_THAT(debugger, ElementsAre(HasSubstr("a: one"), HasSubstr("D:\\Nowhere")));
+}
+
+TEST_F(TraceLogTest, ALogThatHasGrownTooLongLosesItsOlderHalf) {
+    setDebugMode("1");
+    files.makeFile(kLog, std::string(TraceLog::kMostBytes - 10, 'x') + "\r\n");
+    log.record("a", "the one that is too many");
+    EXPECT_EQ(files.contents(kLog), "2026-11-20 21:53:07.123 a: the one that is too many\r\n");
+    std::string lines;
+    while (lines.size() < TraceLog::kMostBytes)
+        lines += "line " + std::to_string(lines.size()) + "\r\n";
+    files.makeFile(kLog, lines);
+    log.record("a", "last");
+    const std::string kept = files.contents(kLog);
+    EXPECT_LE(kept.size(), TraceLog::kMostBytes / 2);
+    EXPECT_GT(kept.size(), TraceLog::kMostBytes / 2 - 100);
+    EXPECT_THAT(kept, StartsWith("line "));
+    EXPECT_TRUE(kept.ends_with("a: last\r\n"));
+}
+
+TEST_F(TraceLogTest, ALogOfExactlyTheGreatestSizeIsLeftAlone) {
+    setDebugMode("1");
+    const std::string line = "2026-11-20 21:53:07.123 a: one\r\n";
+    files.makeFile(kLog, std::string(TraceLog::kMostBytes - line.size(), 'x'));
+    log.record("a", "one");
+    EXPECT_EQ(files.contents(kLog).size(), TraceLog::kMostBytes);
 }
 
 TEST_F(TraceLogTest, ALineStaysOneLine) {
@@ -99,7 +147,7 @@ TEST_F(TraceLogTest, ALineStaysOneLine) {
 TEST_F(TraceLogTest, AThrowingDebuggerOutputDoesNotKeepTheLineFromTheFile) {
     setDebugMode("1");
     TraceLog failing([](const std::string&) { throw std::runtime_error("no"); }, registry, codePage, files,
-                     clock, "Norvex");
+                     clock, owner());
     failing.record("cProcess::Delete", "one");
     EXPECT_THAT(files.contents(kLog), StartsWith("2026-11-20 21:53:07.123 cProcess::Delete: one"));
 }
@@ -112,7 +160,7 @@ TEST_F(TraceLogTest, ADebuggerOutputThatRecordsItselfDoesNotRecurse) {
             ++calls;
             self->record("echo", "again");
         },
-        registry, codePage, files, clock, "Norvex");
+        registry, codePage, files, clock, owner());
     self = &echoing;
     echoing.record("cProcess::Delete", "one");
     EXPECT_EQ(calls, 1);
@@ -120,7 +168,7 @@ TEST_F(TraceLogTest, ADebuggerOutputThatRecordsItselfDoesNotRecurse) {
 
 TEST_F(TraceLogTest, WithoutADebuggerOutputTheFileIsStillWritten) {
     setDebugMode("1");
-    TraceLog silent({}, registry, codePage, files, clock, "Norvex");
+    TraceLog silent({}, registry, codePage, files, clock, owner());
     silent.record("cProcess::Delete", "one");
     EXPECT_TRUE(files.has(kLog));
 }

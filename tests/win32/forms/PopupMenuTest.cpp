@@ -64,6 +64,12 @@ TEST_F(PopupMenuTest, ItemsAreShownInOrderAndDisabledOnesGrey) {
                 ElementsAre("&New...", "-", "Delete (off)", "Remove", "-", "Print..."));
 }
 
+TEST_F(PopupMenuTest, AKeyThatDoesTheSameStandsAtTheRight) {
+    item(menu, "delete").shortcut = "Del";
+    EXPECT_THAT(shown(PopupMenu(menu)),
+                ElementsAre("&New...", "-", "Delete\tDel", "Remove", "-", "Print..."));
+}
+
 TEST_F(PopupMenuTest, SeparatorsStandOnlyBetweenItems) {
     item(menu, "new").visible = false;
     item(menu, "print").visible = false;

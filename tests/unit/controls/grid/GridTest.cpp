@@ -384,8 +384,21 @@ TEST_F(GridTest, StylesOfOneCellAddUp) {
     grid.setBackColor(1, 1, 0xFFFFFF);
     grid.setItalic(1, 1, true);
     grid.setPicture(1, 1, 3);
+    grid.setNote(1, 1, "why");
     const CellStyle style = grid.style(1, 1);
-    EXPECT_EQ(style, (CellStyle{kGreen, 0xFFFFFFU, true, 3}));
+    EXPECT_EQ(style, (CellStyle{kGreen, 0xFFFFFFU, true, 3, "why"}));
+}
+
+TEST_F(GridTest, TheNotesOfARowStandTogetherAndGoWithTheColoursOfTheColumn) {
+    fill(2);
+    EXPECT_EQ(grid.notes(1), "");
+    grid.setNote(1, 0, "first");
+    grid.setNote(1, 1, "second");
+    EXPECT_EQ(grid.notes(1), "first, second");
+    EXPECT_EQ(grid.notes(2), "");
+    EXPECT_EQ(grid.notes(0), "");
+    grid.setColumnForeColor(0, kBlack);
+    EXPECT_EQ(grid.notes(1), "second");
 }
 
 TEST_F(GridTest, ColumnsMoveOnTheScreenAndKeepTheirIndex) {
