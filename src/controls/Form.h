@@ -73,6 +73,8 @@ class Form : public Container {
     /// Pressed by Enter and Escape; null for none.
     Button* defaultButton() const { return defaultButton_; }
     Button* cancelButton() const { return cancelButton_; }
+    /// Pressed by F1; null leaves the key to the host.
+    Button* helpButton() const { return helpButton_; }
 
     // --- the keyboard ------------------------------------------------------------------------------------
     /// The control that has the keyboard within this form, had it last, or has asked for it and gets it when
@@ -102,6 +104,7 @@ class Form : public Container {
     void setMinimumSize(Size size) { minimumSize_ = size; }
     void setDefaultButton(Button* button) { defaultButton_ = button; }
     void setCancelButton(Button* button) { cancelButton_ = button; }
+    void setHelpButton(Button* button) { helpButton_ = button; }
 
   private:
     Desktop& desktop_;
@@ -123,6 +126,7 @@ class Form : public Container {
     Size minimumSize_{};
     Button* defaultButton_ = nullptr;
     Button* cancelButton_ = nullptr;
+    Button* helpButton_ = nullptr;
 };
 
 }  // namespace pellmark

@@ -22,6 +22,7 @@ FrmMain::FrmMain(const ViewServices& services)
     setMinimumSize({9600, 7200});
     setDefaultButton(&CmdOK);
     setCancelButton(&CmdCancel);
+    setHelpButton(&CmdHelp);
     placeFilters();
 
     const auto on = [this](Subscription subscription) { subscriptions_.push_back(std::move(subscription)); };

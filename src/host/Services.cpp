@@ -16,7 +16,7 @@ Services::Services(const Platform& platform)
                platform.operations.trace()),
       dialogs(platform.fileDialogs, platform.files, platform.executableName),
       texts(platform.operations),
-      help(platform.help, std::string()),
+      help(platform.help, platform.files, platform.desktop, texts),
       person{platform.desktop, texts, help},
       gridOps({person, platform.files, files, platform.clipboard}),
       rights(*knowledgeBase_, person),

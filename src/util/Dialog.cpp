@@ -25,6 +25,7 @@ void Dialog::addButtons(Size client, Button& ok, Button& cancel, Button& help) {
     }
     setDefaultButton(&ok);
     setCancelButton(&cancel);
+    setHelpButton(&help);
     on(ok.clicked.subscribe([this] { accept(); }));
     on(cancel.clicked.subscribe([this] { CmdCancel_Click(); }));
     on(help.clicked.subscribe([this] { CmdHelp_Click(); }));

@@ -278,6 +278,11 @@ const std::vector<Command>& commands() {
         {"Ctrl+C among steps", [](Sweep& s) { s.press(&FrmMain::VSFGProcessStep, 'C', true); }},
         {"a tab", [](Sweep& s) { s.gesture([](FrmMain& form) { form.TabCtrl.click(0); }); }},
         {"Help", [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmdHelp.click(); }); }},
+        {"Help without a help window",
+         [](Sweep& s) {
+             s.help.shows = false;
+             s.gesture([](FrmMain& form) { form.CmdHelp.click(); });
+         }},
         {"Exit", [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmdCancel.click(); }); }},
         {"Edit... of the list of all",
          [](Sweep& s) {

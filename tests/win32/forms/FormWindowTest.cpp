@@ -115,6 +115,29 @@ TEST_F(FormWindowTest, EscapeInAnEmbeddedFormLeavesItLoaded) {
     EXPECT_TRUE(::IsWindowVisible(window()));
 }
 
+TEST_F(FormWindowTest, F1PressesTheHelpButtonWhereverTheKeyboardIs) {
+    embed();
+    int helps = 0;
+    const auto help = form->help.clicked.subscribe([&] { ++helps; });
+    focus(form->grid);
+    Person::press({VK_F1});
+    focus(form->ok);
+    Person::press({VK_F1});
+    EXPECT_EQ(helps, 2);
+}
+
+TEST_F(FormWindowTest, F1WithAnotherKeyAndInAFormWithoutHelpIsTheHosts) {
+    embed();
+    int helps = 0;
+    const auto help = form->help.clicked.subscribe([&] { ++helps; });
+    focus(form->grid);
+    Person::press({VK_SHIFT, VK_F1});
+    Person::press({VK_CONTROL, VK_F1});
+    form->setHelpButton(nullptr);
+    Person::press({VK_F1});
+    EXPECT_EQ(helps, 0);
+}
+
 TEST_F(FormWindowTest, TheCloseBoxClosesAModalForm) {
     form->setCancelButton(nullptr);
     runModal({[&] { return isShownModally(); },

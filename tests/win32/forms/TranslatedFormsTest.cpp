@@ -102,8 +102,7 @@ class TranslatedFormsTest : public testing::TestWithParam<std::tuple<std::int16_
     }
 
     Win32Desktop windows_{::GetModuleHandleW(nullptr), operations};
-    Services services_{{windows_, registry, codePage, files, idle, help, fileDialogs, library, operations,
-                        "C:\\Pellmark", "Norvex"}};
+    Services services_{platformOn(windows_)};
     std::string process_;
 };
 
