@@ -54,8 +54,13 @@ const std::vector<std::string>& ProcessRecordSet::fields() const {
 }
 
 std::string ProcessRecordSet::text(std::size_t record, std::size_t field) {
-    if (record >= count_) return {};
-    return page(record / kPageRows).text(record % kPageRows, field);
+    std::string cell;
+    appendText(record, field, cell);
+    return cell;
+}
+
+void ProcessRecordSet::appendText(std::size_t record, std::size_t field, std::string& out) {
+    if (record < count_) page(record / kPageRows).appendText(record % kPageRows, field, out);
 }
 
 std::optional<std::vector<Guid>> ProcessRecordSet::keys() {
@@ -103,7 +108,8 @@ std::vector<Guid> ProcessRecordSet::arrangedKeys() {
 void ProcessRecordSet::readKeysAlongIndex(std::vector<Guid>& ids) {
     constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
     const auto& rows = *arranged_.rows;
-    std::vector<std::uint32_t> placeOfRow(*std::max_element(rows.begin(), rows.end()) + std::size_t{1}, kNone);
+    std::vector<std::uint32_t> placeOfRow(*std::max_element(rows.begin(), rows.end()) + std::size_t{1},
+                                          kNone);
     for (std::size_t i = 0; i < rows.size(); ++i)
         placeOfRow[rows[i]] = static_cast<std::uint32_t>(i);
     Statement list(*reader_, "SELECT id, row FROM process ORDER BY id");

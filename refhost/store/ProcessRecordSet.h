@@ -35,6 +35,7 @@ class ProcessRecordSet : public pellmark::RecordSet {
     const std::vector<std::string>& fields() const override;
     std::size_t count() override { return count_; }
     std::string text(std::size_t record, std::size_t field) override;
+    void appendText(std::size_t record, std::size_t field, std::string& out) override;
     std::optional<std::vector<pellmark::Guid>> keys() override;
     bool hasMore() override { return arranged_.hasMore; }
 
@@ -57,12 +58,12 @@ class ProcessRecordSet : public pellmark::RecordSet {
 
     std::shared_ptr<KnowledgeBase> base_;
     std::shared_ptr<Connection> reader_;
-    std::unique_ptr<Transaction> view_;  ///< until keys() has been delivered
+    std::unique_ptr<Transaction> view_;      ///< until keys() has been delivered
     std::shared_ptr<ProcessOrders> orders_;  ///< null where the processes are arranged
     std::size_t count_ = 0;
     std::int64_t state_ = 0;  ///< of the list, when the query ran
     Arranged arranged_;       ///< its rows are null until they are known
-    std::list<Page> pages_;            ///< last used first
+    std::list<Page> pages_;   ///< last used first
 };
 
 }  // namespace norvex

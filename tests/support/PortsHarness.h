@@ -14,9 +14,11 @@
 #include "support/NoIdle.h"
 #include "support/PortableCodePage.h"
 #include "support/RecordingClipboard.h"
+#include "support/RecordingPrinter.h"
 #include "support/RecordingTrace.h"
 #include "support/ScriptedDesktop.h"
 #include "support/ScriptedFileDialogs.h"
+#include "support/ScriptedSystemDialogs.h"
 
 namespace pellmark::test {
 
@@ -46,8 +48,8 @@ struct PortsHarness {
         registry.setText(Registry::kCurrentUser, kSettings, option, value);
     }
     Platform platform() {
-        return {desktop,     registry,  codePage, files,      idle,           help,
-                fileDialogs, clipboard, library,  operations, "C:\\Pellmark", "Norvex"};
+        return {desktop,       registry,  codePage, files,   idle,       help,           fileDialogs,
+                systemDialogs, clipboard, printer,  library, operations, "C:\\Pellmark", "Norvex"};
     }
 
     FakeKnowledgeBase base;
@@ -59,7 +61,9 @@ struct PortsHarness {
     Operations operations{trace};
     RecordingHelp help;
     ScriptedFileDialogs fileDialogs;
+    ScriptedSystemDialogs systemDialogs;
     RecordingClipboard clipboard;
+    RecordingPrinter printer;
     FakeHostLibrary library{base};
     ScriptedDesktop desktop{operations};
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();
