@@ -46,15 +46,15 @@ std::string quoted(std::string_view text) {
 }
 
 std::size_t codePoints(std::string_view utf8) {
-    return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-    }));
+    return static_cast<std::size_t>(std::count_if(
+        utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
 }  // namespace
 
 void RowMarks::add(std::uint32_t row) {
-    if (row / kBits >= words_.size()) words_.resize(std::max<std::size_t>(row / kBits + 1, words_.size() * 2));
+    if (row / kBits >= words_.size())
+        words_.resize(std::max<std::size_t>(row / kBits + 1, words_.size() * 2));
     words_[row / kBits] |= std::uint64_t{1} << (row % kBits);
 }
 
@@ -95,16 +95,15 @@ ProcessRows ProcessFinder::lookedAt(const std::vector<std::uint32_t>& rows, std:
     for (std::size_t i = 0; i < std::min(rows.size(), most); ++i) {
         one.bind(std::int64_t{rows[i]});
         const bool isFound =
-            one.step() &&
-            (std::any_of(fields_.begin(), fields_.end(),
-                         [&](int column) {
-                             return column == kIdColumn ? needle.isIn(one.id(column))
-                                                        : needle.isIn(one.view(column));
-                         }) ||
-             std::any_of(query_.values.begin(), query_.values.end(), [&](const auto& value) {
-                 const int column = columnOf(value.field);
-                 return column > kIdColumn && one.view(column) == value.value;
-             }));
+            one.step() && (std::any_of(fields_.begin(), fields_.end(),
+                                       [&](int column) {
+                                           return column == kIdColumn ? needle.isIn(one.id(column))
+                                                                      : needle.isIn(one.view(column));
+                                       }) ||
+                           std::any_of(query_.values.begin(), query_.values.end(), [&](const auto& value) {
+                               const int column = columnOf(value.field);
+                               return column > kIdColumn && one.view(column) == value.value;
+                           }));
         if (isFound) found->push_back(rows[i]);
         one.reset();
     }

@@ -8,11 +8,11 @@ namespace pellmark {
 namespace {
 
 constexpr Twips kGap = 90;
-constexpr Twips kLabelWidth = 900;
+constexpr Twips kLabelWidth = 1200;
 constexpr Twips kTextWidth = 3600;
 constexpr Twips kLeastTextWidth = 900;
 constexpr Twips kFoundWidth = 2700;
-constexpr Size kButton{1000, 330};
+constexpr Size kButton{1215, 330};
 constexpr Twips kLineHeight = 255;
 
 }  // namespace

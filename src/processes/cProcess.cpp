@@ -227,8 +227,7 @@ void cProcess::readFeatureCase() {
         // A record that does not fit its fields must not hide the others.
         trap(person_.operations(), "cProcess::RefreshList", [&] { records->addRow(node); });
     }
-    if (records->count() > 0)
-        records->setFilter(ProcessListRecordset::unitFilter(featureCase_->GetFTUnit()));
+    if (records->count() > 0) records->setFilter(ProcessListRecordset::unitFilter(featureCase_->GetFTUnit()));
     ofCase_ = std::move(records);
 }
 
@@ -301,8 +300,12 @@ void cProcess::Delete() {
         if (grid_->rows() < 2 || grid_->selectedRows() == 0) return;
         ProcessRemoval removal(person_, *grid_);
         const MessageBox question{
-            person_.texts.GetString("Permanently delete selected item(s) from the database?"), kMessageTitle,
-            MessageIcon::Question, MessageButtons::OkCancel};
+            person_.texts.GetString("Permanently delete selected item(s) from the database?"),
+            kMessageTitle,
+            MessageIcon::Question,
+            MessageButtons::OkCancel,
+            removal.names(),
+            true};
         if (person_.show(question) != MessageAnswer::Ok) return;
         const OneChange change(*this);
         Grid::RedrawOff off(*grid_);
@@ -320,7 +323,7 @@ void cProcess::DeleteFromFeatureCase() {
         ProcessRemoval removal(person_, *grid_);
         const MessageBox question{
             "Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?", kMessageTitle,
-            MessageIcon::Question, MessageButtons::OkCancel};
+            MessageIcon::Question, MessageButtons::OkCancel, removal.names()};
         if (person_.show(question) != MessageAnswer::Ok) return;
         const OneChange change(*this);
         Grid::RedrawOff off(*grid_);
@@ -362,13 +365,12 @@ void cProcess::openDialog(const std::string& id, WindowHandle owner, Rights* atO
         const OneChange change(*this);
         UpdateFromDb(record);
     });
-    const Subscription completed =
-        dialog.completed.subscribe([this](const std::string& processId) {
-            RefreshList(processId);
-            // What has just been stored is shown, also where it is not what is looked for.
-            const bool isHidden = arrangement_ && arrangement_->isNarrowed() && grid_->findRow(processId) < 0;
-            if (isHidden && arrangement_->drop()) RefreshList(processId);
-        });
+    const Subscription completed = dialog.completed.subscribe([this](const std::string& processId) {
+        RefreshList(processId);
+        // What has just been stored is shown, also where it is not what is looked for.
+        const bool isHidden = arrangement_ && arrangement_->isNarrowed() && grid_->findRow(processId) < 0;
+        if (isHidden && arrangement_->drop()) RefreshList(processId);
+    });
     dialog.showModal(owner);
 }
 

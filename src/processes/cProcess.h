@@ -109,7 +109,7 @@ class cProcess {
     AllProcesses all_;
     std::vector<pNode> results_;
     std::shared_ptr<RecordSet> ofCase_;  ///< what is behind the rows of a feature case; null: to be read
-    std::string fillFailure_;  ///< why the last fill failed, "" when it did not
+    std::string fillFailure_;            ///< why the last fill failed, "" when it did not
     int heldBack_ = 0;
     std::shared_ptr<cProcess*> self_ = std::make_shared<cProcess*>(this);  ///< for what may find it gone
     std::vector<Subscription> subscriptions_;

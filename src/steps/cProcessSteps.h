@@ -73,6 +73,8 @@ class cProcessSteps {
     void decorate();
     void selectStep(const std::string& id);
     std::vector<std::string> selectedIdsBottomUp() const;
+    /// From the top of the list.
+    std::vector<std::string> namesOf(const std::vector<std::string>& idsBottomUp) const;
     void deleteSteps(const std::vector<std::string>& ids);
     void runWizard(const std::string& id);
     void tellImport(const ProcessFiles::Import& outcome, bool failed);

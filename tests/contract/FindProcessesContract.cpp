@@ -50,7 +50,7 @@ TEST_P(FindProcessesContract, ATextIsFoundAnywhereInTheFieldsThatAreSearched) {
 
 TEST_P(FindProcessesContract, LettersAreFoundWithoutCase) {
     add("Tap m10", "", "");
-    add("\xC3\x84tzen", "", "");           // A umlaut
+    add("\xC3\x84tzen", "", "");              // A umlaut
     add("\xD0\x96\xD0\x90\xD0\xA0", "", "");  // Cyrillic
     EXPECT_THAT(named("TAP M"), ElementsAre("Tap m10"));
     EXPECT_THAT(named("\xC3\xA4TZ"), ElementsAre("\xC3\x84tzen"));
@@ -109,8 +109,7 @@ TEST_P(FindProcessesContract, AValueThatAPersonSeesAsTheTextCountsAsFound) {
 TEST_P(FindProcessesContract, NamesAreSortedInNaturalOrder) {
     for (const char* name : {"M10", "m3", "M3x0.5", "M030", "Bore", "drill"})
         add(name, "", "");
-    EXPECT_THAT(names(sorting(field::kName)),
-                ElementsAre("Bore", "drill", "m3", "M3x0.5", "M10", "M030"));
+    EXPECT_THAT(names(sorting(field::kName)), ElementsAre("Bore", "drill", "m3", "M3x0.5", "M10", "M030"));
     EXPECT_THAT(names(sorting(field::kName, true)),
                 ElementsAre("M030", "M10", "M3x0.5", "m3", "drill", "Bore"));
 }

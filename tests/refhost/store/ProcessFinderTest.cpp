@@ -24,14 +24,13 @@ struct ProcessFinderTest : testing::Test {
     SqliteKnowledgeBaseService service{folder.file("base.nkb"), {std::chrono::milliseconds(50), false}};
     Connection& connection = service.base()->connection();
 
-    void addNamed(const std::string& name) {
-        service.processStore().addProcess({"", name, 71, "d", "r"});
-    }
+    void addNamed(const std::string& name) { service.processStore().addProcess({"", name, 71, "d", "r"}); }
     void addMany() {
         Transaction all(connection, Transaction::Kind::Write);
-        connection.execute("WITH RECURSIVE n(i) AS (SELECT 100000 UNION ALL SELECT i + 1 FROM n WHERE i < 120999) "
-                           "INSERT INTO process (id, name, unit, rule, description) "
-                           "SELECT randomblob(16), 'P ' || i, 71, '', '' FROM n");
+        connection.execute(
+            "WITH RECURSIVE n(i) AS (SELECT 100000 UNION ALL SELECT i + 1 FROM n WHERE i < 120999) "
+            "INSERT INTO process (id, name, unit, rule, description) "
+            "SELECT randomblob(16), 'P ' || i, 71, '', '' FROM n");
         all.commit();
     }
     std::shared_ptr<pellmark::RecordSet> find(const std::string& text, const std::string& sort = {}) {
@@ -144,8 +143,9 @@ TEST_F(ProcessFinderTest, AFileOfTheSecondVersionIsSearchedAndSortedAfterIt) {
         Connection old(path, true, std::chrono::milliseconds(50));
         Transaction change(old, Transaction::Kind::Write);
         migrate(old, migrations().subspan(0, 2));
-        old.execute("INSERT INTO process (id, name, unit, rule) VALUES (randomblob(16), 'Tap M10', 71, 'd = 10'), "
-                    "(randomblob(16), 'Tap M3', 71, NULL)");
+        old.execute(
+            "INSERT INTO process (id, name, unit, rule) VALUES (randomblob(16), 'Tap M10', 71, 'd = 10'), "
+            "(randomblob(16), 'Tap M3', 71, NULL)");
         change.commit();
     }
     SqliteKnowledgeBaseService reopened(path, {std::chrono::milliseconds(50), false});

@@ -50,11 +50,40 @@ TEST(NaturalOrderTest, APrefixStandsFirstAndEmptyStandsBeforeEverything) {
 }
 
 TEST(NaturalOrderTest, KeysStandInTheSameOrderAsTheirTexts) {
-    const std::string texts[] = {"",      "0",    "00",   "1",       "9",     "10",       "010",  "9a",
-                                 "10a",   "a",    "A",    "a 1",     "a1",    "a01b2",    "a1b10", "a-",
-                                 "M3",    "M3x0.5", "M10", "m10 fine", "!",   "~",        "\xC3\xA4", "\xC3\x84" "b",
-                                 "\xD0\x96", "\xE8\xA8\x98", "\xF0\x9F\x94\xA9", "99999999999999999999",
-                                 "100000000000000000000", "1.5", "1.25", " 1", "1 "};
+    const std::string texts[] = {"",
+                                 "0",
+                                 "00",
+                                 "1",
+                                 "9",
+                                 "10",
+                                 "010",
+                                 "9a",
+                                 "10a",
+                                 "a",
+                                 "A",
+                                 "a 1",
+                                 "a1",
+                                 "a01b2",
+                                 "a1b10",
+                                 "a-",
+                                 "M3",
+                                 "M3x0.5",
+                                 "M10",
+                                 "m10 fine",
+                                 "!",
+                                 "~",
+                                 "\xC3\xA4",
+                                 "\xC3\x84"
+                                 "b",
+                                 "\xD0\x96",
+                                 "\xE8\xA8\x98",
+                                 "\xF0\x9F\x94\xA9",
+                                 "99999999999999999999",
+                                 "100000000000000000000",
+                                 "1.5",
+                                 "1.25",
+                                 " 1",
+                                 "1 "};
     const auto sign = [](int order) { return (order > 0) - (order < 0); };
     for (const std::string& left : texts) {
         for (const std::string& right : texts) {

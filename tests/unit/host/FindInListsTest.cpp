@@ -17,29 +17,29 @@ constexpr int kShift0 = '0';
 
 class FindInListsTest : public testing::Test, protected CaseHarness {
   protected:
-    static std::vector<std::string> names(const Grid& grid) {
+    static std::vector<std::string> names(const Grid& of) {
         std::vector<std::string> all;
-        for (int row = 1; row < grid.rows(); ++row)
-            all.push_back(grid.text(row, field::kName));
+        for (int row = 1; row < of.rows(); ++row)
+            all.push_back(of.text(row, field::kName));
         return all;
     }
-    static std::string current(const Grid& grid) { return grid.text(grid.row(), field::kName); }
-    static bool press(Grid& grid, int keyCode, bool control = false, bool shift = false) {
+    static std::string current(const Grid& of) { return of.text(of.row(), field::kName); }
+    static bool press(Grid& of, int keyCode, bool control = false, bool shift = false) {
         KeyPress key{keyCode, shift, control};
-        grid.keyPressed.raise(key);
+        of.keyPressed.raise(key);
         return key.handled;
     }
-    static bool pressIn(FindLine& line, int keyCode) {
+    static bool pressIn(FindLine& of, int keyCode) {
         KeyPress key{keyCode};
-        line.TxtFind.keyPressed.raise(key);
+        of.TxtFind.keyPressed.raise(key);
         return key.handled;
     }
-    static void sortBy(Grid& grid, const char* key) { grid.headingClicked.raise(grid.colIndex(key)); }
-    static void selectNamed(Grid& grid, const std::string& name) {
-        grid.select(grid.findText(name, grid.colIndex(field::kName)), 1);
+    static void sortBy(Grid& of, const char* key) { of.headingClicked.raise(of.colIndex(key)); }
+    static void selectNamed(Grid& of, const std::string& name) {
+        of.select(of.findText(name, of.colIndex(field::kName)), 1);
     }
-    std::optional<Color> colorOf(const Grid& grid, const std::string& id) {
-        return grid.style(grid.findRow(id), grid.colIndex(field::kName)).fore;
+    std::optional<Color> colorOf(const Grid& of, const std::string& id) {
+        return of.style(of.findRow(id), of.colIndex(field::kName)).fore;
     }
     void openTaps() {
         for (const char* name : {"Tap M10", "Tap M3", "Drill 8", "Ream", "Tap M30"})
@@ -329,9 +329,9 @@ TEST_F(FindInListsTest, TheMembersOfACaseAreChosenFromTheWholeList) {
     openCase({d8, m8});
     press(results, 'F', true);
     resultsLine.TxtFind.setText("tap");
-    desktop.expectDialog("FrmAddExistingProcess", [&](Form& form) {
+    desktop.expectDialog("FrmAddExistingProcess", [&](Form& dialog) {
         EXPECT_EQ(results.dataRows(), 2);
-        form.close();
+        dialog.close();
     });
     list().EditExistingProcesseswizard();
     EXPECT_FALSE(resultsLine.isOpen());
@@ -405,10 +405,35 @@ TEST_F(FindInListsTest, ARefreshThatFailsIsTold) {
     EXPECT_TRUE(trace.trapped("cProcess::Refresh"));
 }
 
+TEST_F(FindInListsTest, AListThatMeetsARowThatIsGoneIsReadAnew) {
+    openTaps();
+    base.processStore().deleteProcess(ids["Tap M3"]);
+    const int row = grid.findRow(ids["Tap M3"]);
+    grid.setText(row, field::kId, "");  // as a store answers for a row that has gone meanwhile
+    grid.select(row, 1);
+    EXPECT_THAT(names(grid), Not(Contains("Tap M3")));
+    EXPECT_TRUE(trace.trapped("cProcess::rowChanged"));
+    EXPECT_THAT(desktop.messages(), IsEmpty());
+}
+
+TEST_F(FindInListsTest, TheMeaningOfColoursStandsAtTheNames) {
+    const std::string exact = base.addProcess("exact");
+    const std::string partial = base.addProcess("partial");
+    const std::string orphan = base.addProcess("orphan");
+    base.addFeatureCase(hole, {d8, m8}, {exact});
+    base.addFeatureCase(hole, {d8}, {partial});
+    openCase({d8, m8});
+    EXPECT_EQ(results.notes(results.findRow(exact)), "matches the feature case exactly");
+    EXPECT_EQ(results.notes(results.findRow(partial)), "matches the feature case in part");
+    openProcesses();
+    EXPECT_EQ(grid.notes(grid.findRow(orphan)), "attached to no feature case");
+    EXPECT_EQ(grid.notes(grid.findRow(exact)), "");
+}
+
 TEST_F(FindInListsTest, EnterAndF2EditTheCurrentProcess) {
     openTaps();
     for (const int key : {KeyPress::kEnter, KeyPress::kF2}) {
-        desktop.expectDialog("FrmAddEditProcess", [](Form& form) { form.close(); });
+        desktop.expectDialog("FrmAddEditProcess", [](Form& dialog) { dialog.close(); });
         EXPECT_TRUE(press(grid, key));
     }
 }
@@ -417,7 +442,7 @@ TEST_F(FindInListsTest, InsertMakesANewProcessWhereThereIsACaseForIt) {
     openTaps();
     EXPECT_FALSE(press(grid, KeyPress::kInsert));
     openCase({d8});
-    desktop.expectDialog("FrmAddEditProcess", [](Form& form) { form.close(); });
+    desktop.expectDialog("FrmAddEditProcess", [](Form& dialog) { dialog.close(); });
     EXPECT_TRUE(press(results, KeyPress::kInsert));
 }
 

@@ -74,6 +74,28 @@ TEST_F(FrmMenuTest, IsAHiddenFormOfSevenMenus) {
     EXPECT_EQ(menus().mnuFeatureType.caption(), "FeatureTypeContext");
 }
 
+TEST_F(FrmMenuTest, TheKeysOfCommandsStandBesideThemInThePersonsLanguage) {
+    library.translations["Del"] = "Entf";
+    base.addFeatureCase(hole, {d8}, {base.addProcess("a")});
+    openCase({d8});
+    const auto keys = [](const Menu& menu) {
+        std::vector<std::string> all;
+        for (const MenuItem& item : menu.items()) {
+            if (!item.shortcut.empty()) all.push_back(item.caption + " " + item.shortcut);
+        }
+        return all;
+    };
+    look(results(), "mnuProcess", [&](Menu& menu) {
+        EXPECT_THAT(keys(menu), ElementsAre("New... Ins", "Edit... F2", "Delete Entf")) << "Enter is OK here";
+    });
+    mainForm().CmdOK.setVisible(false);
+    look(results(), "mnuProcess", [&](Menu& menu) { EXPECT_THAT(keys(menu), Contains("Edit... Enter")); });
+    look(mainForm().VSFGProcessStep, "mnuProcessStep", [&](Menu& menu) {
+        EXPECT_THAT(keys(menu), ElementsAre("New... Ins", "Edit... Enter", "Delete Entf"));
+    });
+    EXPECT_THAT(captionsOf(menus().mnuProcess), Contains("Delete")) << "captions stay as they are";
+}
+
 TEST_F(FrmMenuTest, TheProcessMenuHoldsItsCommandsInOrder) {
     EXPECT_THAT(captionsOf(menus().mnuProcess),
                 ElementsAre("New...", "Edit...", "Process Members...", "-", "Delete",

@@ -58,6 +58,8 @@ TEST_F(StepCommandsTest, SelectedStepsAreDeletedFromTheBottomUpAfterOneQuestion)
     EXPECT_EQ(desktop.messages()[0].icon, MessageIcon::Question);
     EXPECT_EQ(desktop.messages()[0].buttons, MessageButtons::OkCancel);
     EXPECT_EQ(desktop.messages()[0].title, "Norvex - Process Manager");
+    EXPECT_THAT(desktop.messages()[0].names, ElementsAre("a", "b", "d"));
+    EXPECT_TRUE(desktop.messages()[0].cancelIsDefault);
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 

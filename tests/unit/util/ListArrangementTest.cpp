@@ -111,8 +111,9 @@ TEST_F(ListArrangementTest, UpToAHundredThousandRowsAreSortedHere) {
 
 TEST_F(ListArrangementTest, OfALongerListThePersonIsToldAndItKeepsItsOrder) {
     fill(100'001);
-    desktop.expectMessage("The list is too long to be sorted by this program, and the knowledge base does not "
-                          "sort it.");
+    desktop.expectMessage(
+        "The list is too long to be sorted by this program, and the knowledge base does not "
+        "sort it.");
     arrangement.sortBy(1);
     EXPECT_EQ(grid.text(1, 0), "n0");
     EXPECT_EQ(grid.sortMark(), SortMark{});

@@ -1,4 +1,5 @@
-// What finding and sorting are on the screen: a line above the grid, keys that reach it and the list, an arrow.
+// What finding and sorting are on the screen: a line above the grid, keys that reach it and the list, an
+// arrow.
 #include <gmock/gmock.h>
 
 #include "controls/FindLine.h"
@@ -76,9 +77,7 @@ class FindInGridTest : public ::testing::Test, protected PeerHarness {
         ::SetFocus(grid());
         Person::pump();
     }
-    HWND window(Control& control) const {
-        return findIn(reinterpret_cast<HWND>(list.handle()), control);
-    }
+    HWND window(Control& control) const { return findIn(reinterpret_cast<HWND>(list.handle()), control); }
     static HWND findIn(HWND parent, const Control& control) {
         for (HWND child = ::GetWindow(parent, GW_CHILD); child != nullptr;
              child = ::GetWindow(child, GW_HWNDNEXT)) {
