@@ -69,9 +69,13 @@ void GridPeer::modelChanged(const GridChange& change) {
         case GridChange::What::Scroll:
             scrollTo(row);
             break;
+        case GridChange::What::Font:
+            showFont();
+            break;
         case GridChange::What::All:
             gridTable().takeRows();
             gridTable().takeColumns();
+            showFont();
             showAll();
             break;
     }
@@ -201,7 +205,7 @@ void GridPeer::edit(Cell cell) {
     };
     const ActivationContext::Active themed(form().surroundings().theme());
     editor_ = std::make_unique<GridEditor>(window(), cellRect(cell), grid()->comboList(row, col),
-                                           grid()->editing()->text, form().font(),
+                                           grid()->editing()->text, font(),
                                            form().surroundings().operations(), ended);
 }
 

@@ -33,6 +33,10 @@ Twips GridTable::width(int column) const {
     return col < 0 ? 0 : grid_->colWidth(col);
 }
 
+void GridTable::userTookWidth(int column, Twips width) {
+    if (const int col = colOf(column); col >= 0) grid_->userTookWidth(col, width);
+}
+
 void GridTable::userResized(int column, Twips width) {
     if (const int col = colOf(column); col >= 0) grid_->userResizedColumn(col, width);
 }
