@@ -55,6 +55,11 @@ void CaseView::show(const CaseDescription& description) {
     if (!description.processGuid.empty()) processes.SetProcessGui(description.processGuid);
 }
 
+void CaseView::showAgain(const CaseDescription& before) {
+    featureCase.openFilters();
+    show(before);
+}
+
 CaseDescription CaseView::shown() {
     CaseDescription now{featureCase.description(), processes.SelectedProcessID(), steps.SelectedStepID()};
     return now;

@@ -65,7 +65,8 @@ cProcess::~cProcess() = default;
 void cProcess::Init(Grid& grid) {
     grid_ = &grid;
     layOutColumns(grid, columns(), headings());
-    hideInternal();
+    layout_.emplace(grid, person_.layouts);
+    restoreColumns();
     const auto onGrid = [this](Subscription subscription) {
         subscriptions_.push_back(std::move(subscription));
     };
@@ -97,7 +98,9 @@ HeadingText cProcess::headings() const {
     };
 }
 
-void cProcess::hideInternal() {
+void cProcess::restoreColumns() {
+    const Grid::RedrawOff off(*grid_);
+    layout_->restore();
     hideInternalColumns(*grid_, columns(), settings_.orDefault(option::kDebugMode) == 0);
 }
 
@@ -131,7 +134,7 @@ void cProcess::fill(const std::string& selectId) {
 
 void cProcess::fillAll(const std::string& selectId) {
     grid_->bind(knowledgeBase_.processStore().processes(""));
-    hideInternal();
+    restoreColumns();
     // The first rows are on the screen before the ids of all the others are asked for.
     grid_->paintNow();
     Grid::RedrawOff off(*grid_);
@@ -154,7 +157,7 @@ void cProcess::fillFeatureCase(const std::string& selectId) {
     if (records->count() == 0) return;
     records->setFilter(ProcessListRecordset::unitFilter(featureCase_->GetFTUnit()));
     grid_->bind(std::move(records));
-    hideInternal();
+    restoreColumns();
     gridOps_.SetRowDataToIds(*grid_);
     markMatches();
     cutToLimit();

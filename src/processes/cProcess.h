@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "knowledge/KnowledgeBaseService.h"
 #include "ports/HostInterfaces.h"
 #include "settings/cQDLExtSettings.h"
+#include "util/GridLayout.h"
 #include "util/Rights.h"
 #include "util/UserInterface.h"
 #include "util/cVSGridOps.h"
@@ -72,7 +74,8 @@ class cProcess {
     WindowHandle ownerWindow() const;
     std::span<const ColumnSpec> columns() const;
     HeadingText headings() const;
-    void hideInternal();
+    /// Columns as the person left them, but for the internal ones.
+    void restoreColumns();
     void fill(const std::string& selectId);
     void fillAll(const std::string& selectId);
     void fillFeatureCase(const std::string& selectId);
@@ -91,6 +94,7 @@ class cProcess {
     HostApplication& host_;
     cFeatureCase* featureCase_;
     Grid* grid_ = nullptr;
+    std::optional<GridLayout> layout_;
     std::vector<pNode> results_;
     std::string fillFailure_;  ///< why the last fill failed, "" when it did not
     int heldBack_ = 0;
