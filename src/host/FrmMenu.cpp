@@ -60,7 +60,7 @@ void FrmMenu::buildProcessMenu() {
     mnuProcess.add("mnuProcessBar1", "-");
     mnuProcess.add("mnuProcessSaveAs", "Save...");
     mnuProcess.add("mnuProcessPrint", "Print...");
-    mnuProcess.add("mnuProcessFormatColumns", "Format Columns...");
+    mnuProcess.add("mnuProcessFormatColumns", "Format Columns...", [this] { formatColumns(FGProcesses); });
 }
 
 void FrmMenu::buildStepMenu() {
@@ -78,7 +78,8 @@ void FrmMenu::buildStepMenu() {
     mnuProcessStep.add("mnuProcessStepOpen", "Open...", list(&cProcessSteps::OpenPrc));
     mnuProcessStep.add("mnuProcessStepSave", "Save...", list(&cProcessSteps::Save));
     mnuProcessStep.add("mnuProcessStepPrint", "Print...");
-    mnuProcessStep.add("mnuProcessStepFormatColumns", "Format Columns...");
+    mnuProcessStep.add("mnuProcessStepFormatColumns", "Format Columns...",
+                       [this] { formatColumns(FGProcessStep); });
 }
 
 void FrmMenu::buildOtherMenus() {
@@ -190,6 +191,11 @@ void FrmMenu::popUpOver(Grid& grid, Menu& menu, Point at) {
         copy.enabled = item.enabled && item.command != nullptr;
     }
     form->popUp(shown, grid, at);
+}
+
+void FrmMenu::formatColumns(Grid* grid) {
+    const Form* const form = grid == nullptr ? nullptr : grid->form();
+    if (form != nullptr) gridOps_.FormatColumns(*grid, *form);
 }
 
 void FrmMenu::EditMaterials() {

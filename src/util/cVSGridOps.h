@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/Form.h"
 #include "controls/grid/Grid.h"
 #include "ports/Clipboard.h"
 #include "ports/FileSystem.h"
@@ -40,6 +41,11 @@ class cVSGridOps {
     /// Writes that text into a file and returns it. Where the file cannot be written the trace says why.
     std::string SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
                                              const std::string& separator);
+
+    /// Lets the person choose which columns the grid shows, in a dialog over the owner.
+    void FormatColumns(Grid& grid, const Form& owner);
+    /// Gives the target's columns the places, widths and visibility of the source's columns of the same keys.
+    void SetGrids(const Grid& source, Grid& target);
 
     /// Puts the selected rows on the clipboard as they are seen: visible columns and shown texts under their
     /// headings, as text and as an HTML table. Leaves the clipboard alone when nothing is selected. A person

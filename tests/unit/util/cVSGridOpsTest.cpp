@@ -6,6 +6,7 @@
 #include "controls/grid/SelectionText.h"
 #include "knowledge/MemoryRecordSet.h"
 #include "support/PortsHarness.h"
+#include "util/FrmFormatColumns.h"
 
 namespace pellmark::test {
 namespace {
@@ -106,6 +107,46 @@ TEST_F(CVSGridOpsTest, AFileThatCannotBeWrittenIsTracedAndTheTextIsThereAllTheSa
     files.breakDown(true);
     EXPECT_EQ(save(), "\r\n\r\n");
     EXPECT_TRUE(trace.trapped("cFileIO::WriteFile"));
+}
+
+TEST_F(CVSGridOpsTest, FormatColumnsOpensTheChooserForTheGridOverItsOwner) {
+    form.load();
+    desktop.expectDialog("FrmFormatColumns", [](Form& dialog) {
+        auto& chooser = static_cast<FrmFormatColumns&>(dialog);
+        ASSERT_EQ(chooser.List.count(), 2);
+        chooser.List.setSelected(1, false);
+        chooser.CmdOK.click();
+    });
+    ops.FormatColumns(grid, form);
+    EXPECT_TRUE(grid.colHidden(2));
+    EXPECT_THAT(desktop.windows(),
+                testing::Contains("modal FrmFormatColumns " + std::to_string(form.handle())));
+}
+
+TEST_F(CVSGridOpsTest, ALayoutIsCopiedToTheColumnsOfTheSameKeys) {
+    grid.setColWidth(0, 1111);
+    grid.setColHidden(1, true);
+    grid.setColPosition(2, 0);
+    Grid target(form, "VSFGOther");
+    target.setHeadings("Rule|Note|Id|Name|");
+    const char* keys[] = {"_Rule", "_note", "_Id", "_NAME", ""};
+    for (int col = 0; col < target.cols(); ++col)
+        target.setColKey(col, keys[col]);
+    target.setColWidth(4, 4444);
+    target.setColHidden(3, true);
+    int changes = 0;
+    const auto heard = target.gridChanged.subscribe([&](const GridChange&) { ++changes; });
+    ops.SetGrids(grid, target);
+    EXPECT_THAT(target.displayOrder(), ElementsAre(1, 3, 2, 0, 4));
+    EXPECT_EQ(target.colWidth(3), 1111);
+    EXPECT_FALSE(target.colHidden(3));
+    EXPECT_TRUE(target.colHidden(2));
+    EXPECT_EQ(target.colWidth(4), 4444) << "no key, no counterpart";
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(target.widthsChosen());
+    grid.userResizedColumn(0, 1234);
+    ops.SetGrids(grid, target);
+    EXPECT_TRUE(target.widthsChosen());
 }
 
 TEST_F(CVSGridOpsTest, TheSelectionIsCopiedAsTextAndAsATable) {
