@@ -94,6 +94,9 @@ class Form : public Container {
 
   protected:
     virtual void Form_Load() {}
+    /// Brings the form back as a person left it: after Form_Load, when everything that may have been arranged
+    /// is there, and before the window is made.
+    virtual void restoreLayout() {}
     virtual void Form_QueryUnload() {}
 
     /// Called from Form_Load: the form stays unloaded, and the show that asked for it returns at once.

@@ -29,14 +29,17 @@ void HTMLHelp::openPages(WindowHandle owner) {
     bool opened = listingFindsFile(files_, page);
     if (opened && !told_) {
         told_ = true;
-        person_.show({person_.texts.GetString(
-                          "The help file cannot be shown in its own window. Its pages open in the browser."),
-                      "", MessageIcon::Information});
+        tell(texts_.GetString(
+                 "The help file cannot be shown in its own window. Its pages open in the browser."),
+             MessageIcon::Information);
     }
     opened = opened && viewer_.openPage(owner, page);
-    if (opened) return;
-    person_.show({person_.texts.GetString("The help could not be opened:") + " " + HelpFile, "",
-                  MessageIcon::Critical});
+    if (!opened)
+        tell(texts_.GetString("The help could not be opened:") + " " + HelpFile, MessageIcon::Critical);
+}
+
+void HTMLHelp::tell(const std::string& text, MessageIcon icon) {
+    desktop_.showMessage({text, texts_.title(), icon});
 }
 
 }  // namespace pellmark

@@ -18,7 +18,7 @@ class HTMLHelp : public HelpLauncher {
 
     /// All of them must outlive this object. `helpFile` is a full path.
     HTMLHelp(HelpViewer& viewer, FileSystem& files, Desktop& desktop, Texts& texts, std::string helpFile = {})
-        : HelpFile(std::move(helpFile)), viewer_(viewer), files_(files), person_{desktop, texts, *this} {}
+        : HelpFile(std::move(helpFile)), viewer_(viewer), files_(files), desktop_(desktop), texts_(texts) {}
 
     std::string HelpFile;  ///< full path; another one at each public call
 
@@ -33,10 +33,12 @@ class HTMLHelp : public HelpLauncher {
 
   private:
     void openPages(WindowHandle owner);
+    void tell(const std::string& text, MessageIcon icon);
 
     HelpViewer& viewer_;
     FileSystem& files_;
-    UserInterface person_;
+    Desktop& desktop_;
+    Texts& texts_;
     bool told_ = false;  ///< that the browser stands in: once is enough
 };
 

@@ -68,7 +68,8 @@ cProcess::~cProcess() = default;
 void cProcess::Init(Grid& grid) {
     grid_ = &grid;
     layOutColumns(grid, columns(), headings());
-    hideInternal();
+    layout_.emplace(grid, person_.layouts);
+    restoreColumns();
     const auto onGrid = [this](Subscription subscription) {
         subscriptions_.push_back(std::move(subscription));
     };
@@ -122,7 +123,9 @@ HeadingText cProcess::headings() const {
     };
 }
 
-void cProcess::hideInternal() {
+void cProcess::restoreColumns() {
+    const Grid::RedrawOff off(*grid_);
+    layout_->restore();
     hideInternalColumns(*grid_, columns(), settings_.orDefault(option::kDebugMode) == 0);
 }
 
@@ -194,7 +197,7 @@ void cProcess::fill(const std::string& selectId) {
 
 void cProcess::fillAll(const std::string& selectId) {
     grid_->bind(all_.read(arrangement_.get()));
-    hideInternal();
+    restoreColumns();
     // The first rows are on the screen before the ids of all the others are asked for.
     grid_->paintNow();
     Grid::RedrawOff off(*grid_);
@@ -213,7 +216,7 @@ void cProcess::fillFeatureCase(const std::string& selectId) {
     auto records = firstRecords(ofCase_, static_cast<std::size_t>(most));
     if (arrangement_) records = arrangement_->arranged(records);
     grid_->bind(std::move(records));
-    hideInternal();
+    restoreColumns();
     gridOps_.SetRowDataToIds(*grid_);
     markMatches(*grid_, results_, person_.texts);
     selectProcess(selectId);

@@ -39,6 +39,7 @@ void cProcessSteps::Init(Grid& grid) {
             return services_.person.texts.GetString(english);
         });
         grid_->setFixedCols(1);
+        layout_.emplace(*grid_, services_.person.layouts);
     });
     listen();
     RefreshList("");
@@ -100,6 +101,7 @@ WindowHandle cProcessSteps::ownerWindow() const {
 void cProcessSteps::RefreshList(const std::string& selectId) {
     trap(services_.person.operations(), "cProcessSteps::RefreshList", [&] {
         const Grid::RedrawOff off(*grid_);
+        if (layout_) layout_->restore();
         fill(selectId);
         offerCuttingCycles();
     });

@@ -130,7 +130,7 @@ TEST_F(StepCommandsTest, WhatWasSelectedBeforeTheQuestionIsDeletedWhateverTheLis
     };
     cProcessSteps* list = nullptr;
     Refreshing desk(operations, list);
-    const UserInterface watched{desk, texts, help};
+    const UserInterface watched{desk, texts, help, layouts};
     const StepServices mine{watched, rights,  base,   technology, settings,
                             gridOps, dialogs, fileIO, files,      idle};
     cProcessSteps second(mine, &processGrid);

@@ -56,7 +56,9 @@ TEST_F(GridPrintTest, AWideGridIsProposedSidewaysAndThePersonDecides) {
 }
 
 TEST_F(GridPrintTest, ANarrowGridIsProposedUprightAgain) {
-    printer.setSettings({"", 1, Orientation::Landscape});
+    PrinterSettings wide;
+    wide.orientation = Orientation::Landscape;
+    printer.setSettings(wide);
     systemDialogs.expectPrint([](PrinterSettings& settings) {
         EXPECT_EQ(settings.orientation, Orientation::Portrait);
         return true;
