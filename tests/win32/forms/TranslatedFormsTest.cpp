@@ -98,6 +98,12 @@ class TranslatedFormsTest : public testing::TestWithParam<std::tuple<std::int16_
         if (cProcess* list = main.processes()) list->RefreshList("");
         Person::pump();
         EXPECT_THAT(complaintsAbout(main), IsEmpty());
+        for (Grid* grid : {&main.VSFGAllProcesses, &main.VSFGProcessCaseResults, &main.VSFGProcessStep}) {
+            KeyPress find{'F', false, true};
+            grid->keyPressed.raise(find);
+        }
+        Person::pump();
+        EXPECT_THAT(complaintsAbout(main), IsEmpty()) << "while something is looked for";
         main.unload();
     }
 
