@@ -34,6 +34,11 @@ bool enterEdits(Grid& grid) {
     return button == nullptr || !button->visible() || !button->enabled();
 }
 
+WindowHandle windowOf(Grid& grid) {
+    const Form* const form = grid.form();
+    return form != nullptr ? form->handle() : 0;
+}
+
 void enable(Menu& menu, std::initializer_list<const char*> names, bool enabled) {
     for (const char* name : names)
         itemOf(menu, name).enabled = enabled;
@@ -70,8 +75,12 @@ void FrmMenu::buildProcessMenu() {
     mnuProcess.add("mnuProcessDeleteFromfeatureCase", "Delete From Feature Case",
                    list(&cProcess::DeleteFromFeatureCase));
     mnuProcess.add("mnuProcessBar1", "-");
-    mnuProcess.add("mnuProcessSaveAs", "Save...");
-    mnuProcess.add("mnuProcessPrint", "Print...");
+    mnuProcess.add("mnuProcessSaveAs", "Save...", [this] {
+        if (FGProcesses != nullptr) gridOps_.SaveGrid(*FGProcesses, windowOf(*FGProcesses));
+    });
+    mnuProcess.add("mnuProcessPrint", "Print...", [this] {
+        if (FGProcesses != nullptr) gridOps_.PrintGrid(*FGProcesses, person_.texts.GetString("Processes"));
+    });
     mnuProcess.add("mnuProcessFormatColumns", "Format Columns...");
 }
 
@@ -90,7 +99,10 @@ void FrmMenu::buildStepMenu() {
     mnuProcessStep.add("mnuProcessStepBar1", "-");
     mnuProcessStep.add("mnuProcessStepOpen", "Open...", list(&cProcessSteps::OpenPrc));
     mnuProcessStep.add("mnuProcessStepSave", "Save...", list(&cProcessSteps::Save));
-    mnuProcessStep.add("mnuProcessStepPrint", "Print...");
+    mnuProcessStep.add("mnuProcessStepPrint", "Print...", [this] {
+        if (FGProcessStep != nullptr)
+            gridOps_.PrintGrid(*FGProcessStep, person_.texts.GetString("Process Steps"));
+    });
     mnuProcessStep.add("mnuProcessStepFormatColumns", "Format Columns...");
 }
 

@@ -1,7 +1,6 @@
 #include "processes/cProcess.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include "base/Error.h"
 #include "base/Text.h"
@@ -131,15 +130,9 @@ void cProcess::hideInternal() {
 
 void cProcess::RefreshList(const std::string& selectId) {
     const OneChange change(*this);
-    fillFailure_.clear();
     trap(person_.operations(), "cProcess::RefreshList", [&] {
-        try {
-            forgetRead();
-            fill(selectId);
-        } catch (const std::exception& error) {
-            fillFailure_ = error.what();
-            throw;
-        }
+        forgetRead();
+        fill(selectId);
     });
 }
 
@@ -185,10 +178,16 @@ void cProcess::refreshWhereGone() {
 }
 
 void cProcess::fill(const std::string& selectId) {
-    if (featureCase_ == nullptr) {
-        fillAll(selectId);
-    } else {
-        fillFeatureCase(selectId);
+    fillFailure_.clear();
+    try {
+        if (featureCase_ == nullptr) {
+            fillAll(selectId);
+        } else {
+            fillFeatureCase(selectId);
+        }
+    } catch (const std::exception& error) {
+        fillFailure_ = error.what();
+        throw;
     }
     grid_->setColComboList(grid_->colIndex(field::kUnit), kUnitComboList);
 }
@@ -209,7 +208,9 @@ void cProcess::fillFeatureCase(const std::string& selectId) {
     grid_->bind(nullptr);
     if (!ofCase_) readFeatureCase();
     if (ofCase_->count() == 0) return;
-    auto records = upToLimit(ofCase_);
+    // The limit is one of the list's own order, exact matches before partial ones, whatever is wanted of it.
+    const int most = std::max(settings_.orDefault(option::kMaxProcessReturnNum), 0);
+    auto records = firstRecords(ofCase_, static_cast<std::size_t>(most));
     if (arrangement_) records = arrangement_->arranged(records);
     grid_->bind(std::move(records));
     hideInternal();
@@ -229,16 +230,6 @@ void cProcess::readFeatureCase() {
     }
     if (records->count() > 0) records->setFilter(ProcessListRecordset::unitFilter(featureCase_->GetFTUnit()));
     ofCase_ = std::move(records);
-}
-
-/// The first of the list's own order, exact matches before partial ones, whatever order is wanted of them.
-std::shared_ptr<RecordSet> cProcess::upToLimit(const std::shared_ptr<RecordSet>& records) {
-    const auto most =
-        static_cast<std::size_t>(std::max(settings_.orDefault(option::kMaxProcessReturnNum), 0));
-    if (records->count() <= most) return records;
-    std::vector<std::uint32_t> first(most);
-    std::iota(first.begin(), first.end(), 0U);
-    return std::make_shared<ArrangedRecords>(records, std::move(first));
 }
 
 void cProcess::SetOrphanColor() {

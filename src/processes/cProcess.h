@@ -88,7 +88,6 @@ class cProcess {
     void fillAll(const std::string& selectId);
     void fillFeatureCase(const std::string& selectId);
     void readFeatureCase();
-    std::shared_ptr<RecordSet> upToLimit(const std::shared_ptr<RecordSet>& records);
     void forgetRead();
     void rearrange();
     void refreshWhereGone();

@@ -14,9 +14,11 @@
 #include "support/NoIdle.h"
 #include "support/PortableCodePage.h"
 #include "support/RecordingClipboard.h"
+#include "support/RecordingPrinter.h"
 #include "support/RecordingTrace.h"
 #include "support/ScriptedDesktop.h"
 #include "support/ScriptedFileDialogs.h"
+#include "support/ScriptedSystemDialogs.h"
 
 namespace pellmark::test {
 
@@ -57,8 +59,8 @@ struct PortsHarness {
     Platform platform() { return platformOn(desktop); }
     /// The same with another screen.
     Platform platformOn(Desktop& screen) {
-        return {screen,      registry,  codePage, files,      idle,           help,
-                fileDialogs, clipboard, library,  operations, "C:\\Pellmark", "Norvex"};
+        return {screen,        registry,  codePage, files,   idle,       help,           fileDialogs,
+                systemDialogs, clipboard, printer,  library, operations, "C:\\Pellmark", "Norvex"};
     }
 
     FakeKnowledgeBase base;
@@ -70,7 +72,9 @@ struct PortsHarness {
     Operations operations{trace};
     RecordingHelp help;
     ScriptedFileDialogs fileDialogs;
+    ScriptedSystemDialogs systemDialogs;
     RecordingClipboard clipboard;
+    RecordingPrinter printer;
     FakeHostLibrary library{base};
     ScriptedDesktop desktop{operations};
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();

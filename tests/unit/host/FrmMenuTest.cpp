@@ -257,6 +257,55 @@ TEST_F(FrmMenuTest, DeleteAndDeleteFromFeatureCaseAskTheirOwnQuestions) {
     EXPECT_THAT(changes(), IsEmpty());
 }
 
+TEST_F(FrmMenuTest, SaveAsksForAFileAndWritesTheWholeProcessGrid) {
+    base.addProcess("Drill");
+    openProcesses();
+    fileDialogs.expectSave([](const FileDialogHook&) {
+        FileDialogResult chosen{true, {"C:\\Temp\\p.csv"}, "p.csv", 1, 0};
+        return chosen;
+    });
+    take(allProcesses(), "mnuProcess", "mnuProcessSaveAs");
+    EXPECT_EQ(fileDialogs.requests().at(0).owner, mainForm().handle());
+    EXPECT_THAT(files.contents("C:\\Temp\\p.csv"),
+                testing::MatchesRegex("Id,Name,Unit,Rule,Description\r\n\\{.*\\},Drill,.*\r\n"));
+}
+
+TEST_F(FrmMenuTest, PrintOfTheProcessesBearsTheirTitle) {
+    base.addProcess("Drill");
+    library.translations["Processes"] = "Prozesse";
+    openProcesses();
+    systemDialogs.expectPrintConfirmed();
+    take(allProcesses(), "mnuProcess", "mnuProcessPrint");
+    EXPECT_EQ(printer.documents.at(0).name, "Prozesse");
+    EXPECT_THAT(printer.documents.at(0).texts(0), Contains("Drill"));
+}
+
+TEST_F(FrmMenuTest, PrintOfTheStepsBearsTheirTitle) {
+    base.addCuttingCycle(602, "Drilling", 6);
+    const std::string process = base.addProcess("Drill");
+    base.addStep(process, "Centre", 1, 602);
+    base.addFeatureCase(hole, {d8}, {process});
+    openCase({d8});
+    systemDialogs.expectPrintConfirmed();
+    take(mainForm().VSFGProcessStep, "mnuProcessStep", "mnuProcessStepPrint");
+    EXPECT_EQ(printer.documents.at(0).name, "Process Steps");
+    EXPECT_THAT(printer.documents.at(0).texts(0), Contains("Centre"));
+}
+
+TEST_F(FrmMenuTest, SaveAndPrintNeedRows) {
+    openCase({d8});
+    look(results(), "mnuProcess", [](Menu& menu) {
+        EXPECT_FALSE(itemOf(menu, "mnuProcessSaveAs").enabled);
+        EXPECT_FALSE(itemOf(menu, "mnuProcessPrint").enabled);
+    });
+    base.addFeatureCase(hole, {d8}, {base.addProcess("Drill")});
+    openCase({d8});
+    look(results(), "mnuProcess", [](Menu& menu) {
+        EXPECT_TRUE(itemOf(menu, "mnuProcessSaveAs").enabled);
+        EXPECT_TRUE(itemOf(menu, "mnuProcessPrint").enabled);
+    });
+}
+
 TEST_F(FrmMenuTest, PropertiesDescribesTheFeatureCase) {
     openCase({});
     desktop.expectMenu("mnufetaureCaseContext", [](Menu& menu) { itemOf(menu, "mnuProperties").command(); });

@@ -132,5 +132,80 @@ TEST_F(CVSGridOpsTest, AClipboardThatAnotherProgramKeepsIsTold) {
     EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
 }
 
+TEST_F(CVSGridOpsTest, ARunIsContiguousInWhateverOrderItWasSelected) {
+    EXPECT_TRUE(ops.ContiguousSelection(grid));
+    grid.setSelected(3, true);
+    EXPECT_TRUE(ops.ContiguousSelection(grid));
+    grid.setSelected(1, true);
+    EXPECT_FALSE(ops.ContiguousSelection(grid));
+    grid.setSelected(2, true);
+    EXPECT_TRUE(ops.ContiguousSelection(grid));
+}
+
+TEST_F(CVSGridOpsTest, InvertingSelectsTheOtherRowsAlone) {
+    const auto inverted = [this] {
+        ops.InverseSelection(grid);
+        std::vector<int> rows;
+        for (int row = 0; row < grid.rows(); ++row) {
+            if (grid.isSelected(row)) rows.push_back(row);
+        }
+        return rows;
+    };
+    EXPECT_THAT(inverted(), ElementsAre(1, 2, 3));
+    EXPECT_THAT(inverted(), IsEmpty());
+    grid.setSelected(2, true);
+    EXPECT_THAT(inverted(), ElementsAre(1, 3));
+    EXPECT_THAT(inverted(), ElementsAre(2));
+    grid.setSelected(1, true);
+    EXPECT_THAT(inverted(), ElementsAre(3));
+}
+
+TEST_F(CVSGridOpsTest, ALayoutIsCopiedByKey) {
+    Grid target{form, "VSFGTarget"};
+    target.setHeadings("Note|Other|Name|Id");
+    const char* keys[] = {"_note", "_Other", "_Name", "_Id"};
+    for (int col = 0; col < 4; ++col)
+        target.setColKey(col, keys[col]);
+    grid.setColWidth(0, 111);
+    grid.setColWidth(2, 333);
+    grid.setColHidden(1, true);
+    grid.setColPosition(2, 0);  // Note, Name, Id
+    ops.SetGrids(grid, target);
+    EXPECT_EQ(target.colWidth(2), 111);
+    EXPECT_EQ(target.colWidth(0), 333);
+    EXPECT_TRUE(target.colHidden(3));
+    EXPECT_FALSE(target.colHidden(0));
+    EXPECT_EQ(target.colWidth(1), GridColumn::kDefaultWidth);
+    EXPECT_THAT(target.displayOrder(), ElementsAre(0, 2, 3, 1));
+}
+
+TEST_F(CVSGridOpsTest, TheStatusBarNamesTheCurrentRowAndHowManyThereAre) {
+    StatusBar bar(2);
+    grid.select(2, 0);
+    ops.SetStatusBarText(grid, bar);
+    EXPECT_EQ(bar.panel(1), "Row 2 of 3");
+    EXPECT_EQ(bar.panel(0), "");
+    library.translations = {{"Row", "Zeile"}, {"of", "von"}};
+    ops.SetStatusBarText(grid, bar);
+    EXPECT_EQ(bar.panel(1), "Zeile 2 von 3");
+}
+
+TEST_F(CVSGridOpsTest, TheStatusBarOfAListWithoutRowsIsCleared) {
+    StatusBar bar(2);
+    bar.setPanel(1, "Row 2 of 3");
+    grid.bind(nullptr);
+    ops.SetStatusBarText(grid, bar);
+    EXPECT_EQ(bar.panel(1), "");
+}
+
+TEST_F(CVSGridOpsTest, WithoutACurrentRowTheStatusBarCountsFromNone) {
+    StatusBar bar(2);
+    ops.SetStatusBarText(grid, bar);
+    EXPECT_EQ(bar.panel(1), "Row 0 of 3");
+    StatusBar narrow(1);
+    ops.SetStatusBarText(grid, narrow);
+    EXPECT_EQ(narrow.panel(0), "");
+}
+
 }  // namespace
 }  // namespace pellmark::test

@@ -487,27 +487,5 @@ TEST_F(GridEditTest, HeadingsAndLockedColumnsAreNotEdited) {
     EXPECT_FALSE(grid.beginEdit(9, 1));
 }
 
-std::string exported(const Grid& grid, char separator, bool withFixed = true) {
-    std::string text;
-    grid.saveDelimited(separator, withFixed, [&](std::string_view piece) { text += piece; });
-    return text;
-}
-
-TEST_F(GridTest, ExportWritesShownTextsHiddenColumnsIncluded) {
-    fill(2);
-    grid.setColComboList(2, "#70;Inch|#71;Metric");
-    grid.setColHidden(0, true);
-    EXPECT_EQ(exported(grid, ','), "Id,Name,Unit\r\nid-a,a,Inch\r\nid-b,b,Metric\r\n");
-    EXPECT_EQ(exported(grid, '\t', false), "id-a\ta\tInch\r\nid-b\tb\tMetric\r\n");
-}
-
-TEST_F(GridTest, ExportQuotesOnlyWhatNeedsIt) {
-    fill(2);
-    grid.setText(1, 1, "a,\"b\"");
-    grid.setText(2, 1, "two\nlines");
-    EXPECT_EQ(exported(grid, ',', false), "id-a,\"a,\"\"b\"\"\",70\r\nid-b,\"two\nlines\",71\r\n");
-    EXPECT_EQ(exported(grid, '\t', false), "id-a\t\"a,\"\"b\"\"\"\t70\r\nid-b\t\"two\nlines\"\t71\r\n");
-}
-
 }  // namespace
 }  // namespace pellmark::test
