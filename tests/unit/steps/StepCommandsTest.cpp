@@ -74,7 +74,7 @@ TEST_F(StepCommandsTest, ACancelDeletesNothing) {
 
 TEST_F(StepCommandsTest, OtherKeysDoNothing) {
     KeyPress key;
-    key.keyCode = 45;
+    key.keyCode = 44;
     grid.keyPressed.raise(key);
     EXPECT_FALSE(key.handled);
 }
