@@ -8,10 +8,12 @@ logs=$build/logs
 
 packages_native=(g++ cmake ninja-build ccache googletest)
 packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64 xvfb xauth
-    fonts-liberation fonts-wine fonts-droid-fallback)
+    fonts-liberation fonts-wine fonts-droid-fallback
+    fp-utils) # brings chmcmd, with 250 MB of sources that it insists on
 packages_checks=(clang-format clang-tidy git python3)
 packages_desktop=(x11vnc novnc websockify)
-packages_e2e=(python3 sqlite3 xdotool imagemagick)
+packages_e2e=(python3 sqlite3 xdotool imagemagick poppler-utils)
+packages_print=(cups printer-driver-cups-pdf)
 
 export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
 export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
@@ -80,6 +82,7 @@ build_preset() {
 }
 
 started=()
+folders=()
 cleanup() {
     local status=$? pid
     trap - EXIT INT TERM
@@ -87,8 +90,9 @@ cleanup() {
         WINEDEBUG=-all timeout 20 "$(wineserver_path)" -k 2>/dev/null
     fi
     for pid in "${started[@]}"; do
-        kill "$pid" 2>/dev/null
+        kill "$pid" 2>/dev/null || as_root kill "$pid" 2>/dev/null
     done
+    [ ${#folders[@]} = 0 ] || as_root rm -rf "${folders[@]}"
     exit "$status"
 }
 trap cleanup EXIT
@@ -110,6 +114,58 @@ start_display() {
     rm -f "$pipe"
     export DISPLAY=:$number
     unset WAYLAND_DISPLAY XAUTHORITY
+}
+
+# Starts a print server of its own whose one printer, "Pellmark", makes a PDF of every document, and points the
+# programs that print to it. The documents go to the folder PDF in the home folder, the packaged driver's choice.
+start_printer() {
+    local home tries=0 sudo=()
+    home=$(mktemp -d)
+    folders+=("$home")
+    mkdir -p "$logs" "$home"/{root,run,cache,spool/tmp}
+    chmod 755 "$home" # the filters are no root's
+    cat > "$home/root/cupsd.conf" <<TEXT
+Listen $home/run/socket
+Browsing Off
+WebInterface No
+DefaultAuthType None
+<Location />
+  Order allow,deny
+  Allow all
+</Location>
+<Policy default>
+  <Limit All>
+    Order deny,allow
+    Allow all
+  </Limit>
+</Policy>
+TEXT
+    cat > "$home/root/cups-files.conf" <<TEXT
+ServerRoot $home/root
+StateDir $home/run
+CacheDir $home/cache
+RequestRoot $home/spool
+TempDir $home/spool/tmp
+ErrorLog $home/error.log
+AccessLog $home/access.log
+PageLog $home/page.log
+SystemGroup root
+TEXT
+    # Without as_root: a function in the background would be the process that is ended in its place.
+    [ "$(id -u)" = 0 ] || sudo=(sudo)
+    "${sudo[@]}" /usr/sbin/cupsd -f -c "$home/root/cupsd.conf" -s "$home/root/cups-files.conf" \
+        > "$logs/cupsd.log" 2>&1 &
+    started+=($!)
+    export CUPS_SERVER=$home/run/socket
+    until lpstat -r 2>/dev/null | grep -q 'is running'; do
+        tries=$((tries + 1))
+        [ "$tries" -lt 100 ] || die "The print server did not start: $(cat "$logs/cupsd.log")"
+        sleep 0.1
+    done
+    {
+        as_root env CUPS_SERVER="$CUPS_SERVER" lpadmin -p Pellmark -E -v cups-pdf:/ -m lsb/usr/cups-pdf/CUPS-PDF_opt.ppd \
+            -o PageSize=A4 && lpadmin -d Pellmark
+    } >> "$logs/cupsd.log" 2>&1 || die "The printer could not be made: $(cat "$logs/cupsd.log")"
 }
 
 # Makes the Wine prefix build/NAME the current one, creating it the first time. The stamp is written last, so a

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/grid/DelimitedExport.h"
 #include "controls/grid/Grid.h"
 #include "knowledge/MemoryRecordSet.h"
 #include "knowledge/Records.h"
@@ -229,7 +230,8 @@ void exportGrid(Table& table, SqliteKnowledgeBaseService& service, std::size_t c
     ProcessGrid view;
     list(service, view);
     const auto write = [&] {
-        view.grid.saveDelimited(',', true, [](std::string_view piece) { sink = sink + piece.size(); });
+        pellmark::writeDelimited(view.grid, {},
+                                 [](std::string_view piece, int) { sink = sink + piece.size(); });
     };
     // The file has the order of the list, in which SQLite itself reads more slowly than in its own.
     for (const auto& [sql, order] :

@@ -54,8 +54,13 @@ const std::vector<std::string>& ProcessRecordSet::fields() const {
 }
 
 std::string ProcessRecordSet::text(std::size_t record, std::size_t field) {
-    if (record >= count_) return {};
-    return page(record / kPageRows).text(record % kPageRows, field);
+    std::string cell;
+    appendText(record, field, cell);
+    return cell;
+}
+
+void ProcessRecordSet::appendText(std::size_t record, std::size_t field, std::string& out) {
+    if (record < count_) page(record / kPageRows).appendText(record % kPageRows, field, out);
 }
 
 std::optional<std::vector<Guid>> ProcessRecordSet::keys() {

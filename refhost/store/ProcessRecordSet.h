@@ -35,6 +35,7 @@ class ProcessRecordSet : public pellmark::RecordSet {
     const std::vector<std::string>& fields() const override;
     std::size_t count() override { return count_; }
     std::string text(std::size_t record, std::size_t field) override;
+    void appendText(std::size_t record, std::size_t field, std::string& out) override;
     std::optional<std::vector<pellmark::Guid>> keys() override;
     bool hasMore() override { return arranged_.hasMore; }
 

@@ -33,6 +33,7 @@ inline constexpr std::int32_t kDeviceError = 57;
 inline constexpr std::int32_t kDiskFull = 61;
 inline constexpr std::int32_t kPermissionDenied = 70;
 inline constexpr std::int32_t kPathNotFound = 76;
+inline constexpr std::int32_t kPrinter = 482;
 inline constexpr std::int32_t kRegistry = 26001;
 inline constexpr std::int32_t kNotFound = 26101;       ///< a record with that id does not exist (any more)
 inline constexpr std::int32_t kValueTooLong = 26102;   ///< a text longer than its field

@@ -55,9 +55,11 @@ ComponentRoot::ComponentRoot()
       operations_(trace_),
       help_(trace_),
       fileDialogs_(operations_),
+      systemDialogs_(operations_),
       desktop_(module::instance(), operations_),
-      application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, fileDialogs_, clipboard_,
-                            hostLibrary_, operations_, componentFolder(), executableName()}) {
+      application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, fileDialogs_,
+                            systemDialogs_, clipboard_, printer_, hostLibrary_, operations_,
+                            componentFolder(), executableName()}) {
     trace_.record("Pellmark", "version " PELLMARK_VERSION " from " + componentFolder() + " in " +
                                   fromWide(module::pathOf(nullptr)));
 }

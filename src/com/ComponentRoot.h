@@ -15,7 +15,9 @@
 #include "win32/ports/Win32FileDialogs.h"
 #include "win32/ports/Win32FileSystem.h"
 #include "win32/ports/Win32Idle.h"
+#include "win32/ports/Win32Printer.h"
 #include "win32/ports/Win32Registry.h"
+#include "win32/ports/Win32SystemDialogs.h"
 
 namespace pellmark {
 
@@ -59,7 +61,9 @@ class ComponentRoot final : public ApplicationCalls {
     Operations operations_;
     HtmlHelpViewer help_;
     Win32FileDialogs fileDialogs_;
+    Win32SystemDialogs systemDialogs_;
     Win32Clipboard clipboard_;
+    Win32Printer printer_;
     Win32Desktop desktop_;
     AutomationHostLibrary hostLibrary_;
     Application application_;

@@ -34,6 +34,11 @@ bool enterEdits(Grid& grid) {
     return button == nullptr || !button->visible() || !button->enabled();
 }
 
+WindowHandle windowOf(Grid& grid) {
+    const Form* const form = grid.form();
+    return form != nullptr ? form->handle() : 0;
+}
+
 void enable(Menu& menu, std::initializer_list<const char*> names, bool enabled) {
     for (const char* name : names)
         itemOf(menu, name).enabled = enabled;
@@ -70,9 +75,13 @@ void FrmMenu::buildProcessMenu() {
     mnuProcess.add("mnuProcessDeleteFromfeatureCase", "Delete From Feature Case",
                    list(&cProcess::DeleteFromFeatureCase));
     mnuProcess.add("mnuProcessBar1", "-");
-    mnuProcess.add("mnuProcessSaveAs", "Save...");
-    mnuProcess.add("mnuProcessPrint", "Print...");
-    mnuProcess.add("mnuProcessFormatColumns", "Format Columns...");
+    mnuProcess.add("mnuProcessSaveAs", "Save...", [this] {
+        if (FGProcesses != nullptr) gridOps_.SaveGrid(*FGProcesses, windowOf(*FGProcesses));
+    });
+    mnuProcess.add("mnuProcessPrint", "Print...", [this] {
+        if (FGProcesses != nullptr) gridOps_.PrintGrid(*FGProcesses, person_.texts.GetString("Processes"));
+    });
+    mnuProcess.add("mnuProcessFormatColumns", "Format Columns...", [this] { formatColumns(FGProcesses); });
 }
 
 void FrmMenu::buildStepMenu() {
@@ -90,8 +99,12 @@ void FrmMenu::buildStepMenu() {
     mnuProcessStep.add("mnuProcessStepBar1", "-");
     mnuProcessStep.add("mnuProcessStepOpen", "Open...", list(&cProcessSteps::OpenPrc));
     mnuProcessStep.add("mnuProcessStepSave", "Save...", list(&cProcessSteps::Save));
-    mnuProcessStep.add("mnuProcessStepPrint", "Print...");
-    mnuProcessStep.add("mnuProcessStepFormatColumns", "Format Columns...");
+    mnuProcessStep.add("mnuProcessStepPrint", "Print...", [this] {
+        if (FGProcessStep != nullptr)
+            gridOps_.PrintGrid(*FGProcessStep, person_.texts.GetString("Process Steps"));
+    });
+    mnuProcessStep.add("mnuProcessStepFormatColumns", "Format Columns...",
+                       [this] { formatColumns(FGProcessStep); });
 }
 
 void FrmMenu::buildOtherMenus() {
@@ -206,6 +219,11 @@ void FrmMenu::popUpOver(Grid& grid, Menu& menu, Point at) {
         copy.enabled = item.enabled && item.command != nullptr;
     }
     form->popUp(shown, grid, at);
+}
+
+void FrmMenu::formatColumns(Grid* grid) {
+    const Form* const form = grid == nullptr ? nullptr : grid->form();
+    if (form != nullptr) gridOps_.FormatColumns(*grid, *form);
 }
 
 void FrmMenu::EditMaterials() {

@@ -10,7 +10,9 @@
 #include "ports/FileSystem.h"
 #include "ports/HelpViewer.h"
 #include "ports/HostInterfaces.h"
+#include "ports/Printer.h"
 #include "ports/Registry.h"
+#include "ports/SystemDialogs.h"
 
 namespace pellmark {
 
@@ -24,7 +26,9 @@ struct Platform {
     Idle& idle;
     HelpViewer& help;
     FileDialogs& fileDialogs;
+    SystemDialogs& systemDialogs;
     Clipboard& clipboard;
+    Printer& printer;
     HostLibrary& hostLibrary;
     Operations operations;  ///< with the component's trace
     /// The folder of the component's own DLL, without a trailing "\".

@@ -82,13 +82,22 @@ void MemoryRecordSet::appendCell(Block& block, std::string_view text) {
 }
 
 std::string MemoryRecordSet::text(std::size_t record, std::size_t field) {
-    if (record >= rows_ || field >= fields_.size()) return {};
+    std::string cell;
+    appendText(record, field, cell);
+    return cell;
+}
+
+void MemoryRecordSet::appendText(std::size_t record, std::size_t field, std::string& out) {
+    if (record >= rows_ || field >= fields_.size()) return;
     const Block& block = blocks_[record / kBlockRows];
     const std::size_t row = record % kBlockRows;
-    if (field == idField_ && block.ids[row] != Guid{}) return block.ids[row].text();
+    if (field == idField_ && block.ids[row] != Guid{}) {
+        out += block.ids[row].text();
+        return;
+    }
     const std::size_t at = row * fields_.size() + field;
     const std::size_t start = at == 0 ? 0 : block.ends[at - 1];
-    return block.texts.substr(start, block.ends[at] - start);
+    out.append(block.texts, start, block.ends[at] - start);
 }
 
 std::optional<std::vector<Guid>> MemoryRecordSet::keys() {

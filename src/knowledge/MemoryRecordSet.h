@@ -31,6 +31,7 @@ class MemoryRecordSet : public RecordSet {
     const std::vector<std::string>& fields() const override { return fields_; }
     std::size_t count() override { return rows_; }
     std::string text(std::size_t record, std::size_t field) override;
+    void appendText(std::size_t record, std::size_t field, std::string& out) override;
     std::optional<std::vector<Guid>> keys() override;
 
     /// Bytes held for the records, for measurements.

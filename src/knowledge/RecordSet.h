@@ -24,6 +24,10 @@ class RecordSet {
     /// One field of one record as UTF-8 text; numbers in decimal, null as "". Implementations over a
     /// store read whole pages and keep the last few.
     virtual std::string text(std::size_t record, std::size_t field) = 0;
+    /// Appends the same to a text; where the text is held anyway, without making a string of it first.
+    virtual void appendText(std::size_t record, std::size_t field, std::string& out) {
+        out += text(record, field);
+    }
 
     /// The `_Id` of every record, in order, in one block. Nothing when there is no such field or an id is
     /// not a GUID: the caller then asks record by record. May be costly; called once at most.

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "base/Geometry.h"
 #include "base/Operations.h"
@@ -21,7 +22,12 @@ struct MessageBox {
     std::string title;
     MessageIcon icon = MessageIcon::None;
     MessageButtons buttons = MessageButtons::Ok;
+    std::vector<std::string> names{};  ///< what it is about, shown below the text
+    bool cancelIsDefault = false;      ///< so that a key pressed too soon does nothing that cannot be undone
 };
+
+/// The text with the names below it: the first ten, and how many more there are.
+std::string wholeText(const MessageBox& message);
 
 /// Everything that puts something on the screen and waits for a person. In tests a scripted user stands in
 /// its place: an unexpected box or dialog fails the test.

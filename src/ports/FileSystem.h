@@ -43,6 +43,10 @@ class FileSystem {
     /// Writes over the file's first bytes, creating it if needed and leaving what lies behind them.
     virtual void overwrite(const std::string& path, std::string_view bytes) = 0;
     virtual void append(const std::string& path, std::string_view bytes) = 0;
+    /// Gives a file another name in the same folder, in the place of the file that may have it. Permission is
+    /// denied when that one is read-only or open in another program; both files are then as they were.
+    virtual void replace(const std::string& path, const std::string& newPath) = 0;
+    virtual void remove(const std::string& path) = 0;
     /// The temporary folder as the system names it, with its trailing "\"; empty when that fails.
     virtual std::string temporaryFolder() = 0;
 };

@@ -10,8 +10,7 @@ std::shared_ptr<RecordSet> AllProcesses::read(ListArrangement* arrangement) {
     if (auto found = store.findProcesses(arrangement->query())) {
         const std::size_t count = found->count();
         const bool more = found->hasMore();
-        if (arrangement->isNarrowed())
-            arrangement->tellFound(count, store.processes("")->count(), more);
+        if (arrangement->isNarrowed()) arrangement->tellFound(count, store.processes("")->count(), more);
         return found;
     }
     // Every key that is typed would otherwise read the list anew.

@@ -23,6 +23,13 @@ ProcessRemoval::ProcessRemoval(const UserInterface& person, Grid& grid) : person
     }
 }
 
+std::vector<std::string> ProcessRemoval::names() const {
+    std::vector<std::string> names;
+    std::transform(targets_.rbegin(), targets_.rend(), std::back_inserter(names),
+                   [](const Target& target) { return target.name; });
+    return names;
+}
+
 void ProcessRemoval::carryOut(const char* operation, const Remove& remove) {
     std::size_t removed = 0;
     std::vector<std::string> failures;

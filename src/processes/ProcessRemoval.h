@@ -24,6 +24,8 @@ class ProcessRemoval {
     /// Takes the selected rows. A row without an id is none to remove.
     ProcessRemoval(const UserInterface& person, Grid& grid);
 
+    /// Of what will be removed, first selected first.
+    std::vector<std::string> names() const;
     /// Removes them and the rows of those that are gone. A refusal leaves its row and is not told; failures
     /// are traced under the operation's name and told in one box, with what was done and what was not.
     void carryOut(const char* operation, const Remove& remove);

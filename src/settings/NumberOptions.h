@@ -43,6 +43,7 @@ inline constexpr NumberOption kKnowledgeBaseMissingDataForeColor{"KnowledgeBaseM
 inline constexpr NumberOption kFeatureRecTrueRuleForeColor{"FeatureRecTrueRuleForeColor", rgb(0, 128, 0)};
 inline constexpr NumberOption kProcessListStyle{"ProcessListStyle", 0};
 inline constexpr NumberOption kMaxProcessReturnNum{"MaxProcessReturnNum", 99};
+inline constexpr NumberOption kExportFormulasAsText{"ExportFormulasAsText", 0};
 inline constexpr NumberOption kTechSourceFileBackColor{"TechSourceFileBackColor", rgb(128, 255, 255)};
 inline constexpr NumberOption kTechSourceFileForeColor{"TechSourceFileForeColor", rgb(64, 0, 64)};
 inline constexpr NumberOption kTechSourceDBStepBackColor{"TechSourceDBStepBackColor", rgb(255, 128, 128)};

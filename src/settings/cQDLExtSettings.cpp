@@ -277,6 +277,13 @@ void cQDLExtSettings::setTechSourceUserForecolor(std::int32_t value) {
     SetValue(option::kTechSourceUserForecolor.name, value);
 }
 
+std::int32_t cQDLExtSettings::ExportFormulasAsText() {
+    return number(option::kExportFormulasAsText);
+}
+void cQDLExtSettings::setExportFormulasAsText(std::int32_t value) {
+    SetValue(option::kExportFormulasAsText.name, value);
+}
+
 std::string cQDLExtSettings::NorvexInstallPath() {
     cRegistry host(registry_, codePage_, executableName_);
     host.setClassKey(cRegistry::kLocalMachine);

@@ -158,6 +158,11 @@ class cQDLExtSettings {
     std::int32_t TechSourceUserForecolor();
     void setTechSourceUserForecolor(std::int32_t value);
 
+    /// Flag: saved tables get an apostrophe before each text that a spreadsheet would run as a formula, which
+    /// changes the texts for other readers of the file. 0 when missing.
+    std::int32_t ExportFormulasAsText();
+    void setExportFormulasAsText(std::int32_t value);
+
     /// The host's installation folder as the machine's registry names it; "" when missing.
     std::string NorvexInstallPath();
     /// The folder of the host's script modules; "" when the host is not installed or has no such folder.

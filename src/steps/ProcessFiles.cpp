@@ -5,8 +5,8 @@
 #include "base/Convert.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "steps/FrmProgress.h"
 #include "steps/StepTechnology.h"
+#include "util/FrmProgress.h"
 
 namespace pellmark {
 
@@ -128,8 +128,8 @@ void ProcessFiles::save(const Grid& grid, const std::string& processId, WindowHa
     folder_ = folderOf(request.fileName);
     const std::string extension = extensionOf(request.fileName);
     if (extension == "prc") writeProcessFile(processId, request.fileName);
-    if (extension == "csv") saveTable(grid, request.fileName, ',');
-    if (extension == "txt") saveTable(grid, request.fileName, '\t');
+    if (extension == "csv") saveTable(grid, request.fileName, ',', owner);
+    if (extension == "txt") saveTable(grid, request.fileName, '\t', owner);
 }
 
 void ProcessFiles::writeProcessFile(const std::string& processId, const std::string& path) {
@@ -164,12 +164,14 @@ TechnologyService::OperationList ProcessFiles::operationsOf(const std::string& p
     return operations;
 }
 
-void ProcessFiles::saveTable(const Grid& grid, const std::string& path, char separator) {
-    std::string text;
-    grid.saveDelimited(separator, true, [&text](std::string_view piece) { text += piece; });
-    if (services_.fileIO.WriteFile(path, text)) return;
-    throw Error(errors::kPermissionDenied, "Pellmark.cProcessSteps",
-                services_.person.texts.GetString("The file could not be written:") + " " + path);
+void ProcessFiles::saveTable(const Grid& grid, const std::string& path, char separator, WindowHandle owner) {
+    try {
+        services_.gridOps.SaveGridAs(grid, path, separator, owner);
+    } catch (const Error& error) {
+        throw Error(
+            error.number(), "Pellmark.cProcessSteps",
+            services_.person.texts.GetString("The file could not be written:") + " " + error.description());
+    }
 }
 
 }  // namespace pellmark

@@ -42,7 +42,7 @@ class ProcessFiles {
     std::string addStep(TechnologyObject& operation, const std::string& processId);
     void writeProcessFile(const std::string& processId, const std::string& path);
     TechnologyService::OperationList operationsOf(const std::string& processId);
-    void saveTable(const Grid& grid, const std::string& path, char separator);
+    void saveTable(const Grid& grid, const std::string& path, char separator, WindowHandle owner);
 
     StepServices services_;
     std::string folder_;

@@ -39,6 +39,7 @@ void cProcessSteps::Init(Grid& grid) {
             return services_.person.texts.GetString(english);
         });
         grid_->setFixedCols(1);
+        layout_.emplace(*grid_, services_.person.layouts);
     });
     listen();
     RefreshList("");
@@ -100,6 +101,7 @@ WindowHandle cProcessSteps::ownerWindow() const {
 void cProcessSteps::RefreshList(const std::string& selectId) {
     trap(services_.person.operations(), "cProcessSteps::RefreshList", [&] {
         const Grid::RedrawOff off(*grid_);
+        if (layout_) layout_->restore();
         fill(selectId);
         offerCuttingCycles();
     });
@@ -198,7 +200,11 @@ void cProcessSteps::Delete() {
         if (ids.empty()) return;
         const MessageBox question{
             services_.person.texts.GetString("Permanently delete selected item(s) from the database?"),
-            kMessageTitle, MessageIcon::Question, MessageButtons::OkCancel};
+            kMessageTitle,
+            MessageIcon::Question,
+            MessageButtons::OkCancel,
+            namesOf(ids),
+            true};
         if (services_.person.desktop.showMessage(question) == MessageAnswer::Ok) deleteSteps(ids);
     });
 }
@@ -212,6 +218,13 @@ std::vector<std::string> cProcessSteps::selectedIdsBottomUp() const {
     for (const int row : rows)
         ids.push_back(grid_->rowData(row));
     return ids;
+}
+
+std::vector<std::string> cProcessSteps::namesOf(const std::vector<std::string>& idsBottomUp) const {
+    std::vector<std::string> names;
+    std::transform(idsBottomUp.rbegin(), idsBottomUp.rend(), std::back_inserter(names),
+                   [this](const std::string& id) { return grid_->text(grid_->findRow(id), field::kName); });
+    return names;
 }
 
 void cProcessSteps::deleteSteps(const std::vector<std::string>& ids) {

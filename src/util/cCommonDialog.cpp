@@ -29,18 +29,62 @@ bool cCommonDialog::VBGetSaveFileName(FileDialogRequest& request, bool overwrite
 }
 
 bool cCommonDialog::finish(const FileDialogResult& result, FileDialogRequest& request) {
-    apiReturn_ = result.confirmed ? 1 : 0;
-    extendedError_ = result.extendedError;
-    if (extendedError_ != 0) {
-        const bool isDialogs = extendedError_ >= kFirstDialogError;
-        throw Error(static_cast<std::int32_t>(extendedError_),
-                    executableName_ + (isDialogs ? ".CommonDialog" : ".VBError"),
-                    "The file dialog could not be shown (code " + std::to_string(extendedError_) + ").");
-    }
-    if (!result.confirmed || result.fileNames.empty()) return false;
+    if (!ended(result.confirmed, result.extendedError) || result.fileNames.empty()) return false;
     request.fileName = result.fileNames.front();
     request.fileTitle = result.fileTitle;
     request.filterIndex = result.filterIndex;
+    return true;
+}
+
+bool cCommonDialog::ended(bool confirmed, std::uint32_t extendedError) {
+    apiReturn_ = confirmed ? 1 : 0;
+    extendedError_ = extendedError;
+    if (extendedError == 0) return confirmed;
+    throw Error(static_cast<std::int32_t>(extendedError), sourceOf(extendedError),
+                "The dialog could not be shown (code " + std::to_string(extendedError) + ").");
+}
+
+std::string cCommonDialog::sourceOf(std::uint32_t number) const {
+    return executableName_ + (number >= kFirstDialogError ? ".CommonDialog" : ".VBError");
+}
+
+std::size_t cCommonDialog::checkedIndex(int index) const {
+    if (index < 0 || static_cast<std::size_t>(index) >= customColors_.size()) {
+        throw Error(errors::kInvalidArgument, sourceOf(errors::kInvalidArgument),
+                    "There is no custom colour " + std::to_string(index) + ".");
+    }
+    return static_cast<std::size_t>(index);
+}
+
+bool cCommonDialog::VBChooseColor(Color& color, WindowHandle owner, std::uint32_t flags) {
+    const auto result = others_.chooseColor({color, customColors_}, owner, flags);
+    // The colours that were mixed stay, as in every program, also when none of them was taken.
+    if (result.extendedError == 0) customColors_ = result.chosen.customColors;
+    if (!ended(result.confirmed, result.extendedError)) return false;
+    color = result.chosen.color;
+    return true;
+}
+
+bool cCommonDialog::VBChooseFont(Font& font, Color& color, WindowHandle owner, std::uint32_t flags) {
+    const auto result = others_.chooseFont({font, color}, owner, flags);
+    if (!ended(result.confirmed, result.extendedError)) return false;
+    font = result.chosen.font;
+    color = result.chosen.color;
+    return true;
+}
+
+bool cCommonDialog::VBPrintDlg(WindowHandle owner, std::uint32_t flags) {
+    const auto result = others_.print(printer_.settings(), owner, flags);
+    if (!ended(result.confirmed, result.extendedError)) return false;
+    printer_.setSettings(result.chosen);
+    return true;
+}
+
+bool cCommonDialog::VBPageSetupDlg(PageMargins& margins, WindowHandle owner, std::uint32_t flags) {
+    const auto result = others_.pageSetup({printer_.settings(), margins}, owner, flags);
+    if (!ended(result.confirmed, result.extendedError)) return false;
+    printer_.setSettings(result.chosen.settings);
+    margins = result.chosen.margins;
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "ports/FileNames.h"
 #include "ports/FileTests.h"
+#include "util/CodePageText.h"
 
 namespace pellmark {
 
@@ -91,7 +92,7 @@ bool cFileIO::FolderExists(const std::string& path) const {
 }
 
 bool cFileIO::WriteFile(const std::string& path, const std::string& text) const {
-    return trap(trace_, "cFileIO::WriteFile", [&] { files_.write(path, codePage_.toAnsi(text)); });
+    return trap(trace_, "cFileIO::WriteFile", [&] { files_.write(path, encoded(path, text)); });
 }
 
 std::string cFileIO::GetFilePath(const std::string& path) const {
@@ -120,7 +121,7 @@ void cFileIO::AppendFiles(const std::string& sourcePath, const std::string& targ
 }
 
 void cFileIO::AppendFile(const std::string& path, const std::string& text) const {
-    trap(trace_, "cFileIO::AppendFile", [&] { files_.append(path, codePage_.toAnsi(text)); });
+    trap(trace_, "cFileIO::AppendFile", [&] { files_.append(path, encoded(path, text)); });
 }
 
 std::vector<std::string> cFileIO::GetFiles(const std::string& folder) const {
@@ -157,6 +158,18 @@ void cFileIO::walk(const std::string& folder, Collect what, std::vector<std::str
         if (what == Collect::Folders) collection.push_back(path);
         if ((entry.attributes & FileSystem::kReparsePoint) == 0) walk(path, what, collection);
     }
+}
+
+std::string cFileIO::encoded(const std::string& path, const std::string& text) const {
+    CodePageText encoding(codePage_);
+    std::string bytes = encoding.encode(text);
+    if (encoding.lost() > 0) {
+        trace_.record("cFileIO::WriteFile",
+                      path + ": " + std::to_string(encoding.lost()) +
+                          " character(s) that the code page lacks were written as \"?\", the first one " +
+                          encoding.firstLost());
+    }
+    return bytes;
 }
 
 std::string cFileIO::readAll(const std::string& path) const {

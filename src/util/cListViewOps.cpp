@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/Error.h"
+#include "controls/list/ListPages.h"
 
 namespace pellmark {
 
@@ -44,6 +45,11 @@ void cListViewOps::SortColumn(ListView& list, int column) {
         list.setSortOrder(SortOrder::Ascending);
     }
     list.setSorted(true);
+}
+
+void cListViewOps::PrintListView(const PrintServices& services, const ListView& list, WindowHandle owner) {
+    const auto document = services.askAndBegin(services.person.texts.title(), owner);
+    if (document) printList(list, Font{}, *document);
 }
 
 }  // namespace pellmark

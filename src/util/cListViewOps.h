@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/list/ListView.h"
+#include "util/PrintServices.h"
 
 namespace pellmark {
 
@@ -14,6 +15,10 @@ class cListViewOps {
     static void MoveListItems(ListView& source, ListView& target, bool moveAll);
     /// Sorts by a column, from 0; in the opposite order when the list is sorted by it already.
     static void SortColumn(ListView& list, int column);
+    /// Asks for the printer, then prints headings and rows line by line in the list's font. Columns keep
+    /// their proportions and a text that does not fit its column ends in three dots; each page repeats the
+    /// headings. Throws what dialog and printer throw.
+    static void PrintListView(const PrintServices& services, const ListView& list, WindowHandle owner);
 };
 
 }  // namespace pellmark

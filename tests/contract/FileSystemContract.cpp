@@ -57,6 +57,35 @@ std::vector<std::string> FileSystemContract::listed(const std::string& pattern) 
     return names;
 }
 
+TEST_P(FileSystemContract, AReplacingFileTakesTheOthersPlace) {
+    files().write(in("new"), "new");
+    files().write(in("old"), "old");
+    files().replace(in("new"), in("old"));
+    EXPECT_EQ(contents("old"), "new");
+    EXPECT_THAT(listed("*"), ElementsAre("old"));
+    files().replace(in("old"), in("Other"));
+    EXPECT_THAT(listed("*"), ElementsAre("Other"));
+}
+
+TEST_P(FileSystemContract, AReadOnlyFileIsNotReplaced) {
+    if (!whyReadOnlyIsNotKept().empty()) GTEST_SKIP() << whyReadOnlyIsNotKept();
+    files().write(in("new"), "new");
+    files().write(in("old"), "old");
+    setAttributes("old", FileSystem::kReadOnly);
+    EXPECT_EQ(errorOf([&] { files().replace(in("new"), in("old")); }).number(), errors::kPermissionDenied);
+    setAttributes("old", 0);
+    EXPECT_EQ(contents("old"), "old");
+    EXPECT_EQ(contents("new"), "new");
+}
+
+TEST_P(FileSystemContract, ARemovedFileIsGoneAndCannotBeRemovedAgain) {
+    files().write(in("a"), "a");
+    files().remove(in("a"));
+    EXPECT_THAT(listed("*"), IsEmpty());
+    EXPECT_EQ(errorOf([&] { files().remove(in("a")); }).number(), errors::kFileNotFound);
+    EXPECT_EQ(errorOf([&] { files().replace(in("a"), in("b")); }).number(), errors::kFileNotFound);
+}
+
 TEST_P(FileSystemContract, AFileHoldsWhatWasWritten) {
     files().write(in("a.txt"), std::string("one\0two", 7));
     EXPECT_EQ(files().size(in("a.txt")), 7U);

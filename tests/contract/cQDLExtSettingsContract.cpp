@@ -55,6 +55,8 @@ constexpr NumberProperty kNumberProperties[] = {
     {"ProcessListStyle", &cQDLExtSettings::ProcessListStyle, &cQDLExtSettings::setProcessListStyle, 0},
     {"MaxProcessReturnNum", &cQDLExtSettings::MaxProcessReturnNum, &cQDLExtSettings::setMaxProcessReturnNum,
      99},
+    {"ExportFormulasAsText", &cQDLExtSettings::ExportFormulasAsText,
+     &cQDLExtSettings::setExportFormulasAsText, 0},
     {"TechSourceFileBackColor", &cQDLExtSettings::TechSourceFileBackColor,
      &cQDLExtSettings::setTechSourceFileBackColor, 16777088},
     {"TechSourceFileForeColor", &cQDLExtSettings::TechSourceFileForeColor,

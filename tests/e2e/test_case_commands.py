@@ -2,6 +2,7 @@
 
 from case_dialog import describe_case
 from desktop import wait_for
+from hands import button
 from workbench import WorkbenchTest
 
 CASES = "SELECT count(*) FROM feature_case"
@@ -100,7 +101,7 @@ class DeletingProcesses(WorkbenchTest):
         self.desktop.click(self.desktop.row_middle(self.desktop.rows(self.workbench.process_list())["rows"][0]))
         self.desktop.key("Home", *["Down"] * first, "shift+Down", "shift+Down", "Delete")
         question = self.workbench.dialog()
-        self.desktop.key("Return")
+        self.desktop.click(button(self.desktop, question, "OK").middle)
         self.desktop.gone(question)
         left = before[:first] + [row for row in before[first:first + 3] if row[1]] + before[first + 3:]
         wait_for("two processes to go", lambda: self.workbench.query(stored) == left)

@@ -1,6 +1,7 @@
 """The Processes view inside the reference host."""
 
 from desktop import wait_for
+from hands import button
 from workbench import WorkbenchTest, temporary_files
 
 NAME_ORDER = "SELECT name FROM process ORDER BY name COLLATE NOCASE, id"
@@ -80,7 +81,7 @@ class TheProcessesView(WorkbenchTest):
         self.click_row(2)
         self.desktop.key("Delete")
         question = self.workbench.dialog()
-        self.desktop.key("Return")
+        self.desktop.click(button(self.desktop, question, "OK").middle)
         self.desktop.gone(question)
         wait_for("one process less", lambda: self.process_count() == count - 1)
         wait_for("one row less", lambda: len(self.names()) == count - 1)

@@ -80,6 +80,7 @@ MemoryFileSystem::Node& MemoryFileSystem::fileToWrite(const std::string& path) {
     Node& node = file(path);
     if ((node.entry.attributes & kReadOnly) != 0)
         fail(errors::kPermissionDenied, path, "This file is read-only.");
+    if (node.openElsewhere) fail(errors::kPermissionDenied, path, "Another program has this file open.");
     return node;
 }
 
@@ -117,7 +118,30 @@ void MemoryFileSystem::overwrite(const std::string& path, std::string_view bytes
 }
 
 void MemoryFileSystem::append(const std::string& path, std::string_view bytes) {
-    fileToWrite(path).bytes += bytes;
+    std::string& present = fileToWrite(path).bytes;
+    if (bytes.size() > room_) fail(errors::kDiskFull, path, "The disk is full.");
+    room_ -= room_ == SIZE_MAX ? 0 : bytes.size();
+    present += bytes;
+}
+
+void MemoryFileSystem::replace(const std::string& path, const std::string& newPath) {
+    file(path);
+    fileToWrite(newPath);
+    const std::string name(nameOfPath(newPath));
+    auto& source = folder(folderOf(path), false).children;
+    auto node = source.extract(lowerAscii(nameOfPath(path)));
+    node.mapped()->entry.name = name;
+    folder(folderOf(newPath), false).children[lowerAscii(name)] = node.mapped();
+}
+
+void MemoryFileSystem::remove(const std::string& path) {
+    file(path);
+    fileToWrite(path);
+    folder(folderOf(path), false).children.erase(lowerAscii(nameOfPath(path)));
+}
+
+void MemoryFileSystem::openElsewhere(const std::string& path, bool open) {
+    file(path).openElsewhere = open;
 }
 
 void MemoryFileSystem::makeFolder(const std::string& path, std::uint32_t attributes) {

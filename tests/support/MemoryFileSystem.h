@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -19,6 +20,8 @@ class MemoryFileSystem : public FileSystem {
     void write(const std::string& path, std::string_view bytes) override;
     void overwrite(const std::string& path, std::string_view bytes) override;
     void append(const std::string& path, std::string_view bytes) override;
+    void replace(const std::string& path, const std::string& newPath) override;
+    void remove(const std::string& path) override;
     std::string temporaryFolder() override { return temporary; }
 
     /// For tests.
@@ -37,6 +40,10 @@ class MemoryFileSystem : public FileSystem {
     bool has(const std::string& path);
     /// The bytes of a file that must exist, without counting as a read.
     std::string contents(const std::string& path);
+    /// Another program has the file open, so that it can be neither written nor replaced; false ends that.
+    void openElsewhere(const std::string& path, bool open = true);
+    /// The medium takes so many more bytes, and then no more.
+    void setRoom(std::size_t bytes) { room_ = bytes; }
     /// Makes every call of the port throw as if the medium were gone; false ends that.
     void breakDown(bool broken) { broken_ = broken; }
 
@@ -44,6 +51,7 @@ class MemoryFileSystem : public FileSystem {
     struct Node {
         Entry entry;
         std::string bytes;
+        bool openElsewhere = false;
         std::map<std::string, std::shared_ptr<Node>> children;  ///< by name in lower case
     };
 
@@ -56,6 +64,7 @@ class MemoryFileSystem : public FileSystem {
 
     Node root_;
     bool broken_ = false;
+    std::size_t room_ = SIZE_MAX;
 };
 
 }  // namespace pellmark::test

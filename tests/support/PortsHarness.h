@@ -14,13 +14,15 @@
 #include "support/NoIdle.h"
 #include "support/PortableCodePage.h"
 #include "support/RecordingClipboard.h"
+#include "support/RecordingPrinter.h"
 #include "support/RecordingTrace.h"
 #include "support/ScriptedDesktop.h"
 #include "support/ScriptedFileDialogs.h"
+#include "support/ScriptedSystemDialogs.h"
 
 namespace pellmark::test {
 
-/// Keeps what was asked of the help viewer.
+/// Keeps what was asked of the help viewer, and fails where a test says so.
 class RecordingHelp : public HelpViewer {
   public:
     struct Opened {
@@ -28,13 +30,22 @@ class RecordingHelp : public HelpViewer {
         std::string file;
         std::string topic;
     };
-    void openContext(WindowHandle owner, const std::string& file, std::int32_t context) override {
+    bool openContext(WindowHandle owner, const std::string& file, std::int32_t context) override {
         opened.push_back({owner, file, std::to_string(context)});
+        return shows;
     }
-    void openContext(WindowHandle owner, const std::string& file, const std::string& topic) override {
+    bool openContext(WindowHandle owner, const std::string& file, const std::string& topic) override {
         opened.push_back({owner, file, "text " + topic});
+        return shows;
+    }
+    bool openPage(WindowHandle, const std::string& page) override {
+        pages.push_back(page);
+        return hasBrowser;
     }
     std::vector<Opened> opened;
+    std::vector<std::string> pages;
+    bool shows = true;
+    bool hasBrowser = true;
 };
 
 /// All ports of a component, faked, over an empty knowledge base.
@@ -45,9 +56,11 @@ struct PortsHarness {
     void set(const std::string& option, const std::string& value) {
         registry.setText(Registry::kCurrentUser, kSettings, option, value);
     }
-    Platform platform() {
-        return {desktop,     registry,  codePage, files,      idle,           help,
-                fileDialogs, clipboard, library,  operations, "C:\\Pellmark", "Norvex"};
+    Platform platform() { return platformOn(desktop); }
+    /// The same with another screen.
+    Platform platformOn(Desktop& screen) {
+        return {screen,        registry,  codePage, files,   idle,       help,           fileDialogs,
+                systemDialogs, clipboard, printer,  library, operations, "C:\\Pellmark", "Norvex"};
     }
 
     FakeKnowledgeBase base;
@@ -59,7 +72,9 @@ struct PortsHarness {
     Operations operations{trace};
     RecordingHelp help;
     ScriptedFileDialogs fileDialogs;
+    ScriptedSystemDialogs systemDialogs;
     RecordingClipboard clipboard;
+    RecordingPrinter printer;
     FakeHostLibrary library{base};
     ScriptedDesktop desktop{operations};
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();

@@ -14,9 +14,11 @@
 #include "support/MemoryRegistry.h"
 #include "support/PortableCodePage.h"
 #include "support/RecordingClipboard.h"
+#include "support/RecordingPrinter.h"
 #include "support/RecordingTrace.h"
 #include "support/ScriptedDesktop.h"
 #include "support/ScriptedFileDialogs.h"
+#include "support/ScriptedSystemDialogs.h"
 
 namespace pellmark::test {
 
@@ -128,16 +130,20 @@ struct StepsHarness {
     Operations operations{trace};
     ScriptedDesktop desktop{operations};
     ScriptedFileDialogs fileDialogs;
+    ScriptedSystemDialogs systemDialogs;
     RecordingClipboard clipboard;
+    RecordingPrinter printer;
     std::map<std::string, std::string> translations;
     Texts texts{operations};
     Help help;
-    UserInterface person{desktop, texts, help};
+    cRegDefaults layouts{registry, codePage, "Norvex", "Norvex - Process Manager", trace};
+    UserInterface person{desktop, texts, help, layouts};
     Rights rights{base, person};
     cFileIO fileIO{files, codePage, idle, trace};
     cQDLExtSettings settings{registry, codePage, files, "Norvex", trace};
-    cVSGridOps gridOps{{person, files, fileIO, clipboard}};
-    cCommonDialog dialogs{fileDialogs, files, "Norvex"};
+    cCommonDialog dialogs{fileDialogs, systemDialogs, printer, files, "Norvex"};
+    cVSGridOps gridOps{
+        {person, files, fileIO, codePage, dialogs, clipboard, printer, idle, settings, "C:\\Pellmark"}};
     Form form{desktop, "FrmTest"};
     Grid processGrid{form, "VSFGProcesses"};
     Grid grid{form, "VSFGProcessStep"};

@@ -40,12 +40,18 @@ std::size_t PagedRecordSet::count() {
 }
 
 std::string PagedRecordSet::text(std::size_t record, std::size_t field) {
-    if (record >= count() || field >= fields().size()) return {};
+    std::string cell;
+    appendText(record, field, cell);
+    return cell;
+}
+
+void PagedRecordSet::appendText(std::size_t record, std::size_t field, std::string& out) {
+    if (record >= count() || field >= fields().size()) return;
     const auto held = alive();
     const Page& holding = page(record / kPageRecords);
     if (holding.failure) std::rethrow_exception(holding.failure);
     const std::size_t row = record % kPageRecords;
-    return row < holding.records.size() ? holding.records[row][field] : std::string();
+    if (row < holding.records.size()) out += holding.records[row][field];
 }
 
 const PagedRecordSet::Page& PagedRecordSet::page(std::size_t number) {

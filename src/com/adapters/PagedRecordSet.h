@@ -24,6 +24,7 @@ class PagedRecordSet : public HostRecordSet {
 
     std::size_t count() override;
     std::string text(std::size_t record, std::size_t field) override;
+    void appendText(std::size_t record, std::size_t field, std::string& out) override;
     std::optional<std::vector<Guid>> keys() override;
 
   private:

@@ -6,23 +6,22 @@
 
 namespace pellmark {
 
-/// Appends one cell of a delimited text, quoted by RFC 4180 when it holds the separator, a quote or a line
-/// break, as it is otherwise.
-inline void appendDelimitedCell(std::string& out, std::string_view cell, char separator) {
+/// Quotes, by RFC 4180, the cell that a delimited text ends with and that begins at `begin`, when it holds
+/// the separator, a quote or a line break; leaves it as it is otherwise.
+inline void quoteWhereNeeded(std::string& out, std::size_t begin, char separator) {
     // Nearly every cell is plain; this loop is a fifth of the cost of find_first_of.
-    const bool plain = std::none_of(cell.begin(), cell.end(), [separator](char c) {
+    const auto cell = out.begin() + static_cast<std::ptrdiff_t>(begin);
+    const bool plain = std::none_of(cell, out.end(), [separator](char c) {
         return c == separator || c == '"' || c == '\r' || c == '\n';
     });
-    if (plain) {
-        out += cell;
-        return;
+    if (plain) return;
+    std::string quoted = "\"";
+    for (const char c : std::string_view(out).substr(begin)) {
+        if (c == '"') quoted += '"';
+        quoted += c;
     }
-    out += '"';
-    for (const char c : cell) {
-        if (c == '"') out += '"';
-        out += c;
-    }
-    out += '"';
+    quoted += '"';
+    out.replace(begin, std::string::npos, quoted);
 }
 
 }  // namespace pellmark

@@ -5,7 +5,6 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "controls/grid/Delimited.h"
 
 namespace pellmark {
 
@@ -62,6 +61,12 @@ void Grid::setColKey(int col, const std::string& key) {
 void Grid::setColWidth(int col, Twips width) {
     if (columns_.at(col).width == width) return;
     columns_.at(col).width = std::max(width, 0);
+    notify({What::Columns});
+}
+
+void Grid::setWidthsChosen(bool chosen) {
+    if (widthsChosen_ == chosen) return;
+    widthsChosen_ = chosen;
     notify({What::Columns});
 }
 
@@ -122,8 +127,17 @@ void Grid::setSortMark(const SortMark& mark) {
 }
 
 void Grid::userResizedColumn(int col, Twips width) {
-    setColWidth(col, width);
+    {
+        const RedrawOff off(*this);
+        setColWidth(col, width);
+        setWidthsChosen(true);
+    }
     colResized.raise(col);
+}
+
+void Grid::userTookWidth(int col, Twips width) {
+    columns_.at(col).width = std::max(width, 0);
+    widthsChosen_ = true;
 }
 
 void Grid::userMovedColumn(int col, int position) {
@@ -160,9 +174,18 @@ void Grid::bindColumns() {
 }
 
 std::string Grid::storedText(std::size_t slot, int col) const {
-    if (const std::string* written = written_.find(slot, col)) return *written;
+    std::string stored;
+    appendStoredText(slot, col, stored);
+    return stored;
+}
+
+void Grid::appendStoredText(std::size_t slot, int col, std::string& out) const {
+    if (const std::string* written = written_.find(slot, col)) {
+        out += *written;
+        return;
+    }
     const auto& field = fieldOfCol_[static_cast<std::size_t>(col)];
-    return field && records_ && slot < records_->count() ? records_->text(slot, *field) : std::string();
+    if (field && records_ && slot < records_->count()) records_->appendText(slot, *field, out);
 }
 
 std::string Grid::text(int row, int col) const {
@@ -172,10 +195,23 @@ std::string Grid::text(int row, int col) const {
 }
 
 std::string Grid::displayText(int row, int col) const {
-    std::string stored = text(row, col);
-    if (!isDataRow(row) || !columns_.contains(col)) return stored;
+    std::string shown;
+    appendDisplayText(row, col, shown);
+    return shown;
+}
+
+void Grid::appendDisplayText(int row, int col, std::string& out) const {
+    if (!isDataRow(row) || !columns_.contains(col)) {
+        out += text(row, col);
+        return;
+    }
+    const std::size_t slot = slotOf(row);
     const DisplayList& list = comboList(row, col);
-    return list.empty() ? stored : list.shownFor(stored);
+    if (list.empty()) {
+        appendStoredText(slot, col, out);
+    } else {
+        out += list.shownFor(storedText(slot, col));
+    }
 }
 
 void Grid::setText(int row, int col, std::string value) {
@@ -255,6 +291,12 @@ void Grid::removeRow(int row) {
 
 // --- appearance
 // ----------------------------------------------------------------------------------------------
+
+void Grid::setFont(const Font& font) {
+    if (font_ == font) return;
+    font_ = font;
+    notify({What::Font});
+}
 
 CellStyle Grid::style(int row, int col) const {
     return isDataRow(row) ? styles_.at(slotOf(row), col) : CellStyle{};
@@ -481,27 +523,6 @@ void Grid::redrawOn() {
         if (!scrolls || isDataRow(change.row)) gridChanged.raise(change);
     }
     if (moved) rowChanged.raise();
-}
-
-// --- export
-// --------------------------------------------------------------------------------------------------
-
-void Grid::saveDelimited(char separator, bool withFixed,
-                         const std::function<void(std::string_view)>& write) const {
-    constexpr std::size_t kPiece = 65536;
-    std::string out;
-    for (int row = withFixed ? 0 : fixedRows_; row < rows(); ++row) {
-        for (int col = withFixed ? 0 : fixedCols_; col < cols(); ++col) {
-            if (col > (withFixed ? 0 : fixedCols_)) out += separator;
-            appendDelimitedCell(out, displayText(row, col), separator);
-        }
-        out += "\r\n";
-        if (out.size() >= kPiece) {
-            write(out);
-            out.clear();
-        }
-    }
-    if (!out.empty()) write(out);
 }
 
 }  // namespace pellmark

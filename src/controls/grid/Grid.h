@@ -8,12 +8,13 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/Font.h"
 #include "controls/Control.h"
 #include "controls/KeyPress.h"
 #include "controls/grid/CellStyles.h"
 #include "controls/grid/DisplayList.h"
-#include "controls/grid/GridColumns.h"
 #include "controls/grid/GridChange.h"
+#include "controls/grid/GridColumns.h"
 #include "controls/grid/GridRows.h"
 #include "controls/grid/RowKeys.h"
 #include "controls/grid/RowSelection.h"
@@ -80,6 +81,10 @@ class Grid : public Control {
     const std::string& heading(int col) const { return columns_.at(col).heading; }
     Twips colWidth(int col) const { return columns_.at(col).width; }
     void setColWidth(int col, Twips width);
+    /// True once a person has chosen widths, now or in a layout that has been restored. Until then the window
+    /// may draw the last column as far as there is room, whatever its width.
+    bool widthsChosen() const { return widthsChosen_; }
+    void setWidthsChosen(bool chosen);
     bool colHidden(int col) const { return columns_.at(col).hidden; }
     void setColHidden(int col, bool hidden);
     /// Where the column stands on the screen, from 0.
@@ -116,6 +121,8 @@ class Grid : public Control {
     std::string text(int row, std::string_view key) const { return text(row, colIndex(key)); }
     /// What the screen shows ("Metric").
     std::string displayText(int row, int col) const;
+    /// Appends the same to a text; where many cells are read in turn, this spares a string for each.
+    void appendDisplayText(int row, int col, std::string& out) const;
     /// Writes over one cell; the record set is never changed.
     void setText(int row, int col, std::string value);
     void setText(int row, std::string_view key, std::string value) {
@@ -135,6 +142,9 @@ class Grid : public Control {
     void removeRow(int row);
 
     // --- appearance --------------------------------------------------------------------------------------
+    /// What cells and headings are written in. A name or size left open is that of the form.
+    const Font& font() const { return font_; }
+    void setFont(const Font& font);
     CellStyle style(int row, int col) const;
     void setForeColor(int row, int col, Color color);
     void setBackColor(int row, int col, Color color);
@@ -209,13 +219,6 @@ class Grid : public Control {
     /// Asks the peer to paint now what it would paint soon: the first rows before the ids are read.
     void paintNow() { paintRequested.raise(); }
 
-    // --- export ------------------------------------------------------------------------------------------
-    /// Every row and column, hidden ones included, headings first where asked, each cell's shown text,
-    /// joined by the separator, lines ended by CR LF. A cell that holds the separator, a quote or a line
-    /// break is quoted (RFC 4180); plain cells are not. The text goes to `write` in pieces of some 64 KiB.
-    void saveDelimited(char separator, bool withFixed,
-                       const std::function<void(std::string_view)>& write) const;
-
     // --- events ------------------------------------------------------------------------------------------
     Event<const GridChange&> gridChanged;  ///< for the peer
     Event<> paintRequested;                ///< for the peer
@@ -224,8 +227,8 @@ class Grid : public Control {
     Event<int> doubleClicked;              ///< the row under the mouse, -1 outside the rows, 0 on headings
     Event<KeyPress&> keyPressed;
     Event<const MousePress&> mousePressed;
-    Event<int> colResized;  ///< by a person
-    Event<int> colMoved;    ///< by a person
+    Event<int> colResized;      ///< by a person
+    Event<int> colMoved;        ///< by a person
     Event<int> headingClicked;  ///< the column whose heading a person clicked
     Event<DragData&> dragStarted;
     Event<CellEdit&> beforeEdit;
@@ -236,6 +239,9 @@ class Grid : public Control {
     // --- what a person does, called by the peer ----------------------------------------------------------
     void userResizedColumn(int col, Twips width);
     void userMovedColumn(int col, int position);
+    /// A column that is drawn wider than its width gets that width, now that the person arranges the columns:
+    /// what is kept is what is seen. The window, which shows it so already, is told of nothing.
+    void userTookWidth(int col, Twips width);
 
   private:
     struct Block {
@@ -249,6 +255,7 @@ class Grid : public Control {
     std::size_t slotOf(int row) const { return rowOrder_.slotAt(static_cast<std::size_t>(row - fixedRows_)); }
     int rowOf(std::size_t slot) const { return static_cast<int>(rowOrder_.rankOf(slot)) + fixedRows_; }
     std::string storedText(std::size_t slot, int col) const;
+    void appendStoredText(std::size_t slot, int col, std::string& out) const;
     void setStyle(int row, int col, const std::function<void(CellStyle&)>& change);
     void makeCurrent(std::optional<std::size_t> slot, int col);
     void notify(GridChange change);
@@ -275,6 +282,8 @@ class Grid : public Control {
     bool activeLook_ = true;
     HeldChanges held_;
     SortMark sortMark_;
+    bool widthsChosen_ = false;
+    Font font_;
     struct Current {
         int row = -1;
         std::string data;

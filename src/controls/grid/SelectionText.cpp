@@ -86,7 +86,9 @@ std::string selectionAsTabbedText(const Grid& grid) {
         for (const int col : columns) {
             if (!first) text += '\t';
             first = false;
-            appendDelimitedCell(text, grid.displayText(row, col), '\t');
+            const std::size_t begin = text.size();
+            grid.appendDisplayText(row, col, text);
+            quoteWhereNeeded(text, begin, '\t');
         }
         text += "\r\n";
     });

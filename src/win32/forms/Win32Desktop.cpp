@@ -52,12 +52,13 @@ Win32Desktop::Win32Desktop(HINSTANCE component, const Operations& operations)
 
 MessageAnswer Win32Desktop::showMessage(const MessageBox& message) {
     const Operations::Scope scope(operations());
-    const UINT buttons = message.buttons == MessageButtons::OkCancel ? MB_OKCANCEL : MB_OK;
+    const UINT buttons = (message.buttons == MessageButtons::OkCancel ? MB_OKCANCEL : MB_OK) |
+                         (message.cancelIsDefault ? MB_DEFBUTTON2 : MB_DEFBUTTON1);
     const std::wstring title = message.title.empty() ? kDefaultTitle : toWide(message.title);
     const HWND focus = ::GetFocus();
     const ActivationContext::Active themed(surroundings_->theme());
     // The active window of this thread is the dialog on top, or the host's window around an embedded form.
-    const int answer = ::MessageBoxW(::GetActiveWindow(), toWide(message.text).c_str(), title.c_str(),
+    const int answer = ::MessageBoxW(::GetActiveWindow(), toWide(wholeText(message)).c_str(), title.c_str(),
                                      buttons | iconOf(message.icon));
     if (::IsWindow(focus)) ::SetFocus(focus);
     return answer == IDOK ? MessageAnswer::Ok : MessageAnswer::Cancel;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "win32/WideText.h"
+#include "win32/ports/DialogOwner.h"
 
 // The wide forms of the system's calls: the names of files and folders that a person chooses may hold
 // characters that the code page of the single-byte forms lacks, and would then name no file.
@@ -98,6 +99,7 @@ const wchar_t* orNull(const std::wstring& text) {
 FileDialogResult Win32FileDialogs::show(Call call, const FileDialogRequest& request,
                                         const FileDialogHook& hook) {
     const Operations::Scope scope(operations_);
+    const DialogOwner over(request.owner);
     const Open open{hook, operations_};
     const std::wstring filter = filterText(request.filter);
     const std::wstring folder = toWide(request.initialFolder);
@@ -108,8 +110,7 @@ FileDialogResult Win32FileDialogs::show(Call call, const FileDialogRequest& requ
 
     OPENFILENAMEW asked{};
     asked.lStructSize = sizeof asked;
-    // A window within the host's would leave the rest of the host's usable while the dialog is open.
-    if (request.owner != 0) asked.hwndOwner = ::GetAncestor(reinterpret_cast<HWND>(request.owner), GA_ROOT);
+    asked.hwndOwner = over.window();
     asked.lpstrFilter = orNull(filter);
     asked.nFilterIndex = static_cast<DWORD>(std::max(request.filterIndex, 1));
     asked.lpstrFile = names.data();
@@ -125,11 +126,9 @@ FileDialogResult Win32FileDialogs::show(Call call, const FileDialogRequest& requ
     asked.lpfnHook = &hookProcedure;
     asked.lCustData = reinterpret_cast<LPARAM>(&open);
 
-    const HWND focus = ::GetFocus();
     FileDialogResult result;
     result.confirmed = call(&asked) != FALSE;
     if (!result.confirmed) result.extendedError = ::CommDlgExtendedError();
-    if (focus != nullptr && ::IsWindow(focus)) ::SetFocus(focus);
     if (!result.confirmed) return result;
 
     // Several names end in two zeros, one name in one.

@@ -8,6 +8,7 @@
 #include "base/Error.h"
 #include "ports/FileNames.h"
 #include "win32/Handles.h"
+#include "win32/SystemText.h"
 #include "win32/WideText.h"
 
 namespace pellmark {
@@ -37,17 +38,6 @@ std::int32_t classicNumber(DWORD systemError) {
         default:
             return errors::kDeviceError;
     }
-}
-
-/// What the system says about an error code, without its line break; its number when it says nothing.
-std::string systemText(DWORD systemError) {
-    wchar_t text[512] = {};
-    const DWORD length = ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                                          systemError, 0, text, 512, nullptr);
-    std::wstring_view said(text, length);
-    while (!said.empty() && said.back() <= L' ')
-        said.remove_suffix(1);
-    return said.empty() ? "System error " + std::to_string(systemError) + "." : fromWide(said);
 }
 
 [[noreturn]] void throwSystemError(DWORD systemError, const std::string& path) {
@@ -183,6 +173,19 @@ void Win32FileSystem::overwrite(const std::string& path, std::string_view bytes)
 void Win32FileSystem::append(const std::string& path, std::string_view bytes) {
     // With this access alone the system itself writes at the end, also when another program appends, too.
     writeAll(openFile(path, FILE_APPEND_DATA, OPEN_ALWAYS), bytes, path);
+}
+
+void Win32FileSystem::replace(const std::string& path, const std::string& newPath) {
+    refuseBadName(path);
+    refuseBadName(newPath);
+    if (!::MoveFileExW(systemPath(path).c_str(), systemPath(newPath).c_str(), MOVEFILE_REPLACE_EXISTING)) {
+        throwSystemError(::GetLastError(), newPath);
+    }
+}
+
+void Win32FileSystem::remove(const std::string& path) {
+    refuseBadName(path);
+    if (!::DeleteFileW(systemPath(path).c_str())) throwSystemError(::GetLastError(), path);
 }
 
 std::string Win32FileSystem::temporaryFolder() {

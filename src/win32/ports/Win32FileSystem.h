@@ -18,6 +18,8 @@ class Win32FileSystem : public FileSystem {
     void write(const std::string& path, std::string_view bytes) override;
     void overwrite(const std::string& path, std::string_view bytes) override;
     void append(const std::string& path, std::string_view bytes) override;
+    void replace(const std::string& path, const std::string& newPath) override;
+    void remove(const std::string& path) override;
     /// Asked of the single-byte function with room for 255 characters, cut at the first zero.
     std::string temporaryFolder() override;
 

@@ -88,6 +88,28 @@ TEST(Win32FileSystemTest, AFileThatAnotherProgramHoldsIsRefusedWithPermissionDen
     }
 }
 
+TEST(Win32FileSystemTest, AFileThatAnotherProgramHoldsIsNotReplaced) {
+    Win32FilesUnderTest underTest;
+    const std::string held = underTest.folder() + "\\held.txt";
+    const std::string fresh = underTest.folder() + "\\fresh.txt";
+    underTest.files().write(held, "kept");
+    underTest.files().write(fresh, "new");
+    // as spreadsheets open a table: others may read it
+    FileHandle handle(::CreateFileW(longPath(held).c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
+                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    ASSERT_TRUE(handle);
+    try {
+        underTest.files().replace(fresh, held);
+        FAIL() << "nothing was thrown";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), errors::kPermissionDenied);
+        EXPECT_NE(error.description().find("held.txt"), std::string::npos);
+    }
+    handle.reset();
+    EXPECT_EQ(underTest.files().read(held, 0, 100), "kept");
+    EXPECT_EQ(underTest.files().read(fresh, 0, 100), "new");
+}
+
 TEST(Win32FileSystemTest, ATemporaryFolderThatDoesNotFitIntoTheBufferIsNone) {
     wchar_t before[512] = {};
     ::GetEnvironmentVariableW(L"TMP", before, 512);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "support/CaseHarness.h"
+#include "util/FrmFormatColumns.h"
 
 namespace pellmark::test {
 namespace {
@@ -255,6 +256,86 @@ TEST_F(FrmMenuTest, DeleteAndDeleteFromFeatureCaseAskTheirOwnQuestions) {
                           MessageAnswer::Cancel);
     press(results());
     EXPECT_THAT(changes(), IsEmpty());
+}
+
+TEST_F(FrmMenuTest, SaveAsksForAFileAndWritesTheWholeProcessGrid) {
+    base.addProcess("Drill");
+    openProcesses();
+    fileDialogs.expectSave([](const FileDialogHook&) {
+        FileDialogResult chosen{true, {"C:\\Temp\\p.csv"}, "p.csv", 1, 0};
+        return chosen;
+    });
+    take(allProcesses(), "mnuProcess", "mnuProcessSaveAs");
+    EXPECT_EQ(fileDialogs.requests().at(0).owner, mainForm().handle());
+    EXPECT_THAT(files.contents("C:\\Temp\\p.csv"),
+                testing::MatchesRegex("Id,Name,Unit,Rule,Description\r\n\\{.*\\},Drill,.*\r\n"));
+}
+
+TEST_F(FrmMenuTest, PrintOfTheProcessesBearsTheirTitle) {
+    base.addProcess("Drill");
+    library.translations["Processes"] = "Prozesse";
+    openProcesses();
+    systemDialogs.expectPrintConfirmed();
+    take(allProcesses(), "mnuProcess", "mnuProcessPrint");
+    EXPECT_EQ(printer.documents.at(0).name, "Prozesse");
+    EXPECT_THAT(printer.documents.at(0).texts(0), Contains("Drill"));
+}
+
+TEST_F(FrmMenuTest, PrintOfTheStepsBearsTheirTitle) {
+    base.addCuttingCycle(602, "Drilling", 6);
+    const std::string process = base.addProcess("Drill");
+    base.addStep(process, "Centre", 1, 602);
+    base.addFeatureCase(hole, {d8}, {process});
+    openCase({d8});
+    systemDialogs.expectPrintConfirmed();
+    take(mainForm().VSFGProcessStep, "mnuProcessStep", "mnuProcessStepPrint");
+    EXPECT_EQ(printer.documents.at(0).name, "Process Steps");
+    EXPECT_THAT(printer.documents.at(0).texts(0), Contains("Centre"));
+}
+
+TEST_F(FrmMenuTest, SaveAndPrintNeedRows) {
+    openCase({d8});
+    look(results(), "mnuProcess", [](Menu& menu) {
+        EXPECT_FALSE(itemOf(menu, "mnuProcessSaveAs").enabled);
+        EXPECT_FALSE(itemOf(menu, "mnuProcessPrint").enabled);
+    });
+    base.addFeatureCase(hole, {d8}, {base.addProcess("Drill")});
+    openCase({d8});
+    look(results(), "mnuProcess", [](Menu& menu) {
+        EXPECT_TRUE(itemOf(menu, "mnuProcessSaveAs").enabled);
+        EXPECT_TRUE(itemOf(menu, "mnuProcessPrint").enabled);
+    });
+}
+
+TEST_F(FrmMenuTest, FormatColumnsOpensTheChooserForTheClickedGrid) {
+    const std::string drill = base.addProcess("Drill");
+    base.addStep(drill, "Centre", 1);
+    base.addFeatureCase(hole, {d8}, {drill});
+    const auto choose = [this](Grid& grid, const char* menu, const char* item) {
+        desktop.expectMenu(menu, [item](Menu& shown) {
+            EXPECT_TRUE(itemOf(shown, item).enabled);
+            itemOf(shown, item).command();
+        });
+        desktop.expectDialog("FrmFormatColumns", [](Form& dialog) {
+            auto& chooser = static_cast<FrmFormatColumns&>(dialog);
+            for (int i = 0; i < chooser.List.count(); ++i)
+                chooser.List.setSelected(i,
+                                         chooser.columns()[static_cast<std::size_t>(i)].key == field::kName);
+            chooser.CmdOK.click();
+        });
+        press(grid);
+        EXPECT_FALSE(grid.colHidden(grid.colIndex(field::kName)));
+    };
+    openProcesses();
+    choose(allProcesses(), "mnuProcess", "mnuProcessFormatColumns");
+    EXPECT_TRUE(allProcesses().colHidden(allProcesses().colIndex(field::kRule)));
+    openCase({d8});
+    choose(results(), "mnuProcess", "mnuProcessFormatColumns");
+    EXPECT_TRUE(results().colHidden(results().colIndex(field::kRule)));
+    Grid& steps = mainForm().VSFGProcessStep;
+    choose(steps, "mnuProcessStep", "mnuProcessStepFormatColumns");
+    EXPECT_TRUE(steps.colHidden(steps.colIndex(field::kCuttingCycleId)));
+    EXPECT_FALSE(steps.colHidden(0)) << "the fixed column is not offered";
 }
 
 TEST_F(FrmMenuTest, PropertiesDescribesTheFeatureCase) {

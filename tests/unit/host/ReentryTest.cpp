@@ -14,6 +14,7 @@
 #include "steps/FrmAddEditProcessTechStep.h"
 #include "support/ObligingDesktop.h"
 #include "support/PortsHarness.h"
+#include "util/FrmFormatColumns.h"
 
 namespace pellmark::test {
 namespace {
@@ -40,6 +41,24 @@ class ObligingFileDialogs : public FileDialogs {
         chosen.fileNames = {answer};
         return chosen;
     }
+};
+
+/// A person who says OK to the print dialog; no other is opened.
+class ObligingSystemDialogs : public SystemDialogs {
+  public:
+    std::function<void(const std::string& what)> onShown;
+
+    DialogResult<ColorChoice> chooseColor(const ColorChoice&, WindowHandle, std::uint32_t) override {
+        return {};
+    }
+    DialogResult<FontChoice> chooseFont(const FontChoice&, WindowHandle, std::uint32_t) override {
+        return {};
+    }
+    DialogResult<PrinterSettings> print(const PrinterSettings& first, WindowHandle, std::uint32_t) override {
+        if (onShown) onShown("print dialog");
+        return {true, first, 0};
+    }
+    DialogResult<PageChoice> pageSetup(const PageChoice&, WindowHandle, std::uint32_t) override { return {}; }
 };
 
 /// One component over a small knowledge base, and a host that does one thing at one moment.
@@ -85,6 +104,13 @@ class Sweep {
                 if (dialog.isLoaded()) button->click();
             }
         };
+        desktop.scripts["FrmFormatColumns"] = [](Form& form) {
+            auto& dialog = static_cast<FrmFormatColumns&>(form);
+            dialog.List.setSelected(0, false);
+            for (Button* button : {&dialog.CmdApply, &dialog.CmdHelp, &dialog.CmdOK}) {
+                if (dialog.isLoaded()) button->click();
+            }
+        };
         desktop.scripts["FrmEditProcessMaterials"] =
             click([](Form& form) -> Button& { return static_cast<FrmEditProcessMaterials&>(form).CmdOk; });
         desktop.scripts["FrmMain"] =
@@ -94,6 +120,7 @@ class Sweep {
         library.onCall = point;
         desktop.onShown = point;
         fileDialogs.onShown = point;
+        systemDialogs.onShown = point;
     }
 
     /// A person's gesture, as a window brings it: inside a scope.
@@ -128,7 +155,9 @@ class Sweep {
     NoIdle idle;
     RecordingHelp help;
     ObligingFileDialogs fileDialogs;
+    ObligingSystemDialogs systemDialogs;
     RecordingClipboard clipboard;
+    RecordingPrinter printer;
     FakeHostLibrary library{base};
     ObligingDesktop desktop{operations};
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();
@@ -136,9 +165,9 @@ class Sweep {
     std::string other;
     std::vector<std::string> processes;
     std::vector<std::string> steps;
-    std::unique_ptr<Application> app =
-        std::make_unique<Application>(Platform{desktop, registry, codePage, files, idle, help, fileDialogs,
-                                               clipboard, library, operations, "C:\\Pellmark", "Norvex"});
+    std::unique_ptr<Application> app = std::make_unique<Application>(
+        Platform{desktop, registry, codePage, files, idle, help, fileDialogs, systemDialogs, clipboard,
+                 printer, library, operations, "C:\\Pellmark", "Norvex"});
 
     /// The moments that have passed, and what the host does at one of them.
     std::vector<std::string> moments;
@@ -188,6 +217,36 @@ const std::vector<Command>& commands() {
         {"Delete", [](Sweep& s) { s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessDelete"); }},
         {"Delete From Feature Case",
          [](Sweep& s) { s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessDeleteFromfeatureCase"); }},
+        {"Save... of the processes",
+         [](Sweep& s) {
+             s.fileDialogs.answer = "C:\\q.csv";
+             s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessSaveAs");
+         }},
+        {"Save... of what the code page lacks",
+         [](Sweep& s) {
+             s.fileDialogs.answer = "C:\\q.csv";
+             s.gesture([](FrmMain& form) { form.VSFGProcessCaseResults.setText(1, 2, "\xE5\xB7\xA5"); });
+             s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessSaveAs");
+         }},
+        {"Save... over a file that is open elsewhere",
+         [](Sweep& s) {
+             s.fileDialogs.answer = "C:\\p.prc";
+             s.files.openElsewhere("C:\\p.prc");
+             s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessSaveAs");
+         }},
+        {"Print... of the processes",
+         [](Sweep& s) { s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessPrint"); }},
+        {"Print... of many processes",
+         [](Sweep& s) {
+             s.gesture([](FrmMain& form) { form.VSFGProcessCaseResults.setRows(300); });
+             s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessPrint");
+         }},
+        {"Print... without a printer",
+         [](Sweep& s) {
+             s.printer.installed = false;
+             s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessPrint");
+         }},
+        {"Print... of the steps", [](Sweep& s) { s.take(&FrmMain::VSFGProcessStep, "mnuProcessStepPrint"); }},
         {"Properties", [](Sweep& s) { s.take(&FrmMain::VSFGProcessCase, "mnuProperties"); }},
         {"the Delete key", [](Sweep& s) { s.press(&FrmMain::VSFGProcessCaseResults, KeyPress::kDelete); }},
         {"Ctrl+M", [](Sweep& s) { s.press(&FrmMain::VSFGProcessCaseResults, 'M', true); }},
@@ -276,8 +335,21 @@ const std::vector<Command>& commands() {
         {"Insert", [](Sweep& s) { s.press(&FrmMain::VSFGProcessCaseResults, KeyPress::kInsert); }},
         {"Ctrl+C", [](Sweep& s) { s.press(&FrmMain::VSFGProcessCaseResults, 'C', true); }},
         {"Ctrl+C among steps", [](Sweep& s) { s.press(&FrmMain::VSFGProcessStep, 'C', true); }},
+        {"Format Columns...",
+         [](Sweep& s) { s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessFormatColumns"); }},
+        {"Format Columns... of the steps",
+         [](Sweep& s) { s.take(&FrmMain::VSFGProcessStep, "mnuProcessStepFormatColumns"); }},
+        {"a resized column",
+         [](Sweep& s) {
+             s.gesture([](FrmMain& form) { form.VSFGProcessCaseResults.userResizedColumn(2, 1234); });
+         }},
         {"a tab", [](Sweep& s) { s.gesture([](FrmMain& form) { form.TabCtrl.click(0); }); }},
         {"Help", [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmdHelp.click(); }); }},
+        {"Help without a help window",
+         [](Sweep& s) {
+             s.help.shows = false;
+             s.gesture([](FrmMain& form) { form.CmdHelp.click(); });
+         }},
         {"Exit", [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmdCancel.click(); }); }},
         {"Edit... of the list of all",
          [](Sweep& s) {

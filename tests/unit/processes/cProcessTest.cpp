@@ -236,6 +236,8 @@ TEST_F(CProcessDeleteTest, SelectedProcessesGoAfterOneQuestion) {
     EXPECT_EQ(desktop.messages().front().title, "Norvex - Process Manager");
     EXPECT_EQ(desktop.messages().front().icon, MessageIcon::Question);
     EXPECT_EQ(desktop.messages().front().buttons, MessageButtons::OkCancel);
+    EXPECT_THAT(desktop.messages().front().names, ElementsAre("a", "c"));
+    EXPECT_TRUE(desktop.messages().front().cancelIsDefault);
     EXPECT_EQ(grid.row(), 2);
 }
 

@@ -7,8 +7,8 @@
 #include <random>
 
 #include "base/Convert.h"
-#include "steps/FrmProgress.h"
 #include "support/StepsHarness.h"
+#include "util/FrmProgress.h"
 
 namespace pellmark::test {
 namespace {
@@ -359,7 +359,7 @@ TEST_F(ProcessFilesTest, AnotherExtensionSavesNothing) {
 }
 
 TEST_F(ProcessFilesTest, ATableThatCannotBeWrittenIsToldWithItsPath) {
-    desktop.expectMessage("The file could not be written: C:\\none\\a.csv");
+    desktop.expectMessage("The file could not be written: C:\\none\\: Path not found.");
     save("C:\\none\\a.csv");
     EXPECT_EQ(desktop.messages()[0].icon, MessageIcon::Critical);
 }

@@ -58,6 +58,8 @@ TEST_F(StepCommandsTest, SelectedStepsAreDeletedFromTheBottomUpAfterOneQuestion)
     EXPECT_EQ(desktop.messages()[0].icon, MessageIcon::Question);
     EXPECT_EQ(desktop.messages()[0].buttons, MessageButtons::OkCancel);
     EXPECT_EQ(desktop.messages()[0].title, "Norvex - Process Manager");
+    EXPECT_THAT(desktop.messages()[0].names, ElementsAre("a", "b", "d"));
+    EXPECT_TRUE(desktop.messages()[0].cancelIsDefault);
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 
@@ -148,7 +150,7 @@ TEST_F(StepCommandsTest, WhatWasSelectedBeforeTheQuestionIsDeletedWhateverTheLis
     };
     cProcessSteps* list = nullptr;
     Refreshing desk(operations, list);
-    const UserInterface watched{desk, texts, help};
+    const UserInterface watched{desk, texts, help, layouts};
     const StepServices mine{watched, rights,  base,   technology, settings,
                             gridOps, dialogs, fileIO, files,      idle};
     cProcessSteps second(mine, &processGrid);

@@ -3,9 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "base/Error.h"
 #include "support/MemoryFileSystem.h"
+#include "support/RecordingPrinter.h"
 #include "support/ScriptedFileDialogs.h"
+#include "support/ScriptedSystemDialogs.h"
 
 namespace pellmark::test {
 namespace {
@@ -32,7 +36,9 @@ class CCommonDialogTest : public testing::Test {
 
     ScriptedFileDialogs ports;
     MemoryFileSystem files;
-    cCommonDialog dialog{ports, files, "Norvex"};
+    ScriptedSystemDialogs others;
+    RecordingPrinter printer;
+    cCommonDialog dialog{ports, others, printer, files, "Norvex"};
     FileDialogRequest request;
 };
 
@@ -178,6 +184,143 @@ TEST_F(CCommonDialogTest, ATargetThatDoesNothingRefusesNothing) {
     using enum FileDialogMessage;
     for (const auto message : {Initialised, TypeChanged, Ok, FolderChanged, SelectionChanged, Destroyed})
         EXPECT_TRUE(dialog.DialogHook(message));
+}
+
+TEST_F(CCommonDialogTest, AColourIsTakenWhenItIsConfirmed) {
+    Color color = kRed;
+    others.expectColor([](ColorChoice& choice) {
+        EXPECT_EQ(choice.color, kRed);
+        choice.color = kGreen;
+        return true;
+    });
+    EXPECT_TRUE(dialog.VBChooseColor(color, 7, 2));
+    EXPECT_EQ(color, kGreen);
+    EXPECT_EQ(others.shown.at(0).owner, 7U);
+    EXPECT_EQ(others.shown.at(0).flags, 2U);
+    EXPECT_EQ(dialog.APIReturn(), 1);
+    others.expectColor([](ColorChoice& choice) {
+        choice.color = kBlack;
+        return false;
+    });
+    EXPECT_FALSE(dialog.VBChooseColor(color, 7));
+    EXPECT_EQ(color, kGreen);
+    EXPECT_EQ(dialog.APIReturn(), 0);
+}
+
+TEST_F(CCommonDialogTest, MixedColoursAreShownAndKept) {
+    for (const int index : {0, 15})
+        EXPECT_EQ(dialog.CustomColor(index), 0xFFFFFFU);
+    dialog.setCustomColor(0, 0x010203);
+    dialog.setCustomColor(15, 0x040506);
+    others.expectColor([](ColorChoice& choice) {
+        EXPECT_EQ(choice.customColors[0], 0x010203U);
+        EXPECT_EQ(choice.customColors[15], 0x040506U);
+        choice.customColors[1] = kRed;
+        return false;
+    });
+    Color color = kBlack;
+    dialog.VBChooseColor(color, 0);
+    EXPECT_EQ(dialog.CustomColor(0), 0x010203U);
+    EXPECT_EQ(dialog.CustomColor(1), kRed);
+}
+
+TEST_F(CCommonDialogTest, ThereAreSixteenMixedColours) {
+    for (const int index : {-1, 16}) {
+        try {
+            dialog.setCustomColor(index, kRed);
+            FAIL() << "nothing was thrown";
+        } catch (const Error& error) {
+            EXPECT_EQ(error.number(), 5);
+            EXPECT_EQ(error.source(), "Norvex.VBError");
+        }
+    }
+    EXPECT_THROW(dialog.CustomColor(16), Error);
+}
+
+TEST_F(CCommonDialogTest, AFontComesWithItsColour) {
+    Font font{"Arial", 10};
+    Color color = kRed;
+    others.expectFont([](FontChoice& choice) {
+        EXPECT_EQ(choice.font.name, "Arial");
+        EXPECT_EQ(choice.color, kRed);
+        choice = {Font{"Tahoma", 8.25, true}, kBlack};
+        return true;
+    });
+    EXPECT_TRUE(dialog.VBChooseFont(font, color, 7, 3));
+    EXPECT_EQ(font, (Font{"Tahoma", 8.25, true}));
+    EXPECT_EQ(color, kBlack);
+    EXPECT_EQ(others.shown.at(0).flags, 3U);
+    others.expectFont([](FontChoice& choice) {
+        choice.font.name = "Other";
+        return false;
+    });
+    EXPECT_FALSE(dialog.VBChooseFont(font, color, 7));
+    EXPECT_EQ(font.name, "Tahoma");
+}
+
+TEST_F(CCommonDialogTest, ThePrinterIsSetToWhatWasChosen) {
+    const PrinterSettings chosen{"Plotter", 4, Orientation::Landscape, 8, -3, "driver"};
+    printer.setSettings({"Laser", 2, Orientation::Portrait, 9, 600});
+    others.expectPrint([&](PrinterSettings& settings) {
+        EXPECT_EQ(settings, printer.settings());
+        settings = chosen;
+        return true;
+    });
+    EXPECT_TRUE(dialog.VBPrintDlg(7, 5));
+    EXPECT_EQ(printer.settings(), chosen);
+    EXPECT_EQ(others.shown.at(0).owner, 7U);
+    EXPECT_EQ(others.shown.at(0).flags, 5U);
+    others.expectPrint([](PrinterSettings& settings) {
+        settings.copies = 9;
+        return false;
+    });
+    EXPECT_FALSE(dialog.VBPrintDlg(7));
+    EXPECT_EQ(printer.settings(), chosen);
+}
+
+TEST_F(CCommonDialogTest, PageSetupSetsThePrinterAndTheMargins) {
+    PageMargins margins{1, 2, 3, 4};
+    others.expectPageSetup([](PageChoice& choice) {
+        EXPECT_EQ(choice.margins, (PageMargins{1, 2, 3, 4}));
+        choice.margins.left = 1440;
+        choice.settings.orientation = Orientation::Landscape;
+        choice.settings.paperSize = 8;
+        return true;
+    });
+    EXPECT_TRUE(dialog.VBPageSetupDlg(margins, 7));
+    EXPECT_EQ(margins, (PageMargins{1440, 2, 3, 4}));
+    EXPECT_EQ(printer.settings().orientation, Orientation::Landscape);
+    EXPECT_EQ(printer.settings().paperSize, 8);
+    others.expectPageSetup([](PageChoice& choice) {
+        choice.margins = {};
+        return false;
+    });
+    EXPECT_FALSE(dialog.VBPageSetupDlg(margins, 7));
+    EXPECT_EQ(margins.left, 1440);
+}
+
+TEST_F(CCommonDialogTest, EveryDialogThatFailsRaisesItsCode) {
+    Color color = kBlack;
+    Font font;
+    PageMargins margins;
+    const std::function<void()> dialogs[] = {
+        [&] { dialog.VBChooseColor(color, 0); }, [&] { dialog.VBChooseFont(font, color, 0); },
+        [&] { dialog.VBPrintDlg(0); }, [&] { dialog.VBPageSetupDlg(margins, 0); }};
+    for (const auto& show : dialogs) {
+        for (const auto& [code, source] :
+             {std::pair{1000U, "Norvex.VBError"}, {1001U, "Norvex.CommonDialog"}}) {
+            others.failNext(code);
+            try {
+                show();
+                ADD_FAILURE() << "nothing was thrown";
+            } catch (const Error& error) {
+                EXPECT_EQ(error.number(), static_cast<std::int32_t>(code));
+                EXPECT_EQ(error.source(), source);
+                EXPECT_EQ(dialog.ExtendedError(), code);
+                EXPECT_EQ(dialog.APIReturn(), 0);
+            }
+        }
+    }
 }
 
 }  // namespace

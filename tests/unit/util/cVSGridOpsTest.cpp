@@ -6,6 +6,7 @@
 #include "controls/grid/SelectionText.h"
 #include "knowledge/MemoryRecordSet.h"
 #include "support/PortsHarness.h"
+#include "util/FrmFormatColumns.h"
 
 namespace pellmark::test {
 namespace {
@@ -108,6 +109,46 @@ TEST_F(CVSGridOpsTest, AFileThatCannotBeWrittenIsTracedAndTheTextIsThereAllTheSa
     EXPECT_TRUE(trace.trapped("cFileIO::WriteFile"));
 }
 
+TEST_F(CVSGridOpsTest, FormatColumnsOpensTheChooserForTheGridOverItsOwner) {
+    form.load();
+    desktop.expectDialog("FrmFormatColumns", [](Form& dialog) {
+        auto& chooser = static_cast<FrmFormatColumns&>(dialog);
+        ASSERT_EQ(chooser.List.count(), 2);
+        chooser.List.setSelected(1, false);
+        chooser.CmdOK.click();
+    });
+    ops.FormatColumns(grid, form);
+    EXPECT_TRUE(grid.colHidden(2));
+    EXPECT_THAT(desktop.windows(),
+                testing::Contains("modal FrmFormatColumns " + std::to_string(form.handle())));
+}
+
+TEST_F(CVSGridOpsTest, ALayoutIsCopiedToTheColumnsOfTheSameKeys) {
+    grid.setColWidth(0, 1111);
+    grid.setColHidden(1, true);
+    grid.setColPosition(2, 0);
+    Grid target(form, "VSFGOther");
+    target.setHeadings("Rule|Note|Id|Name|");
+    const char* keys[] = {"_Rule", "_note", "_Id", "_NAME", ""};
+    for (int col = 0; col < target.cols(); ++col)
+        target.setColKey(col, keys[col]);
+    target.setColWidth(4, 4444);
+    target.setColHidden(3, true);
+    int changes = 0;
+    const auto heard = target.gridChanged.subscribe([&](const GridChange&) { ++changes; });
+    ops.SetGrids(grid, target);
+    EXPECT_THAT(target.displayOrder(), ElementsAre(1, 3, 2, 0, 4));
+    EXPECT_EQ(target.colWidth(3), 1111);
+    EXPECT_FALSE(target.colHidden(3));
+    EXPECT_TRUE(target.colHidden(2));
+    EXPECT_EQ(target.colWidth(4), 4444) << "no key, no counterpart";
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(target.widthsChosen());
+    grid.userResizedColumn(0, 1234);
+    ops.SetGrids(grid, target);
+    EXPECT_TRUE(target.widthsChosen());
+}
+
 TEST_F(CVSGridOpsTest, TheSelectionIsCopiedAsTextAndAsATable) {
     form.load();
     grid.setColHidden(1, true);
@@ -130,6 +171,62 @@ TEST_F(CVSGridOpsTest, AClipboardThatAnotherProgramKeepsIsTold) {
     desktop.expectMessage("The clipboard is in use by another program. Please try again.");
     ops.CopySelection(grid);
     EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
+}
+
+TEST_F(CVSGridOpsTest, ARunIsContiguousInWhateverOrderItWasSelected) {
+    EXPECT_TRUE(ops.ContiguousSelection(grid));
+    grid.setSelected(3, true);
+    EXPECT_TRUE(ops.ContiguousSelection(grid));
+    grid.setSelected(1, true);
+    EXPECT_FALSE(ops.ContiguousSelection(grid));
+    grid.setSelected(2, true);
+    EXPECT_TRUE(ops.ContiguousSelection(grid));
+}
+
+TEST_F(CVSGridOpsTest, InvertingSelectsTheOtherRowsAlone) {
+    const auto inverted = [this] {
+        ops.InverseSelection(grid);
+        std::vector<int> rows;
+        for (int row = 0; row < grid.rows(); ++row) {
+            if (grid.isSelected(row)) rows.push_back(row);
+        }
+        return rows;
+    };
+    EXPECT_THAT(inverted(), ElementsAre(1, 2, 3));
+    EXPECT_THAT(inverted(), IsEmpty());
+    grid.setSelected(2, true);
+    EXPECT_THAT(inverted(), ElementsAre(1, 3));
+    EXPECT_THAT(inverted(), ElementsAre(2));
+    grid.setSelected(1, true);
+    EXPECT_THAT(inverted(), ElementsAre(3));
+}
+
+TEST_F(CVSGridOpsTest, TheStatusBarNamesTheCurrentRowAndHowManyThereAre) {
+    StatusBar bar(2);
+    grid.select(2, 0);
+    ops.SetStatusBarText(grid, bar);
+    EXPECT_EQ(bar.panel(1), "Row 2 of 3");
+    EXPECT_EQ(bar.panel(0), "");
+    library.translations = {{"Row", "Zeile"}, {"of", "von"}};
+    ops.SetStatusBarText(grid, bar);
+    EXPECT_EQ(bar.panel(1), "Zeile 2 von 3");
+}
+
+TEST_F(CVSGridOpsTest, TheStatusBarOfAListWithoutRowsIsCleared) {
+    StatusBar bar(2);
+    bar.setPanel(1, "Row 2 of 3");
+    grid.bind(nullptr);
+    ops.SetStatusBarText(grid, bar);
+    EXPECT_EQ(bar.panel(1), "");
+}
+
+TEST_F(CVSGridOpsTest, WithoutACurrentRowTheStatusBarCountsFromNone) {
+    StatusBar bar(2);
+    ops.SetStatusBarText(grid, bar);
+    EXPECT_EQ(bar.panel(1), "Row 0 of 3");
+    StatusBar narrow(1);
+    ops.SetStatusBarText(grid, narrow);
+    EXPECT_EQ(narrow.panel(0), "");
 }
 
 }  // namespace

@@ -411,6 +411,38 @@ TEST_F(GridTest, ColumnsMoveOnTheScreenAndKeepTheirIndex) {
     EXPECT_THROW(grid.setColWidth(3, 100), Error);
 }
 
+TEST_F(GridTest, WidthsAreChosenByAPersonAndNotByCode) {
+    grid.setColWidth(1, 700);
+    EXPECT_FALSE(grid.widthsChosen());
+    bool chosenWhenHeard = false;
+    const auto heard = grid.colResized.subscribe([&](int) { chosenWhenHeard = grid.widthsChosen(); });
+    grid.userResizedColumn(1, 800);
+    EXPECT_TRUE(grid.widthsChosen());
+    EXPECT_TRUE(chosenWhenHeard);
+}
+
+TEST_F(GridTest, AWidthThatTheWindowDrewIsTakenOverWithoutAnEcho) {
+    int changes = 0;
+    const auto heard = grid.gridChanged.subscribe([&](const GridChange&) { ++changes; });
+    grid.userTookWidth(1, 5000);
+    EXPECT_EQ(grid.colWidth(1), 5000);
+    EXPECT_TRUE(grid.widthsChosen());
+    EXPECT_EQ(changes, 0);
+    grid.userTookWidth(1, -1);
+    EXPECT_EQ(grid.colWidth(1), 0);
+}
+
+TEST_F(GridTest, AnotherFontIsToldOnce) {
+    std::vector<GridChange::What> changes;
+    const auto heard =
+        grid.gridChanged.subscribe([&](const GridChange& change) { changes.push_back(change.what); });
+    const Font font{"Arial", 9.75, true, false, false, false};
+    grid.setFont(font);
+    grid.setFont(font);
+    EXPECT_EQ(grid.font(), font);
+    EXPECT_THAT(changes, ElementsAre(GridChange::What::Font));
+}
+
 TEST_F(GridTest, OnlyWhatAPersonDoesToColumnsRaisesTheirEvents) {
     int heard = 0;
     const auto resized = grid.colResized.subscribe([&](int) { ++heard; });
@@ -485,28 +517,6 @@ TEST_F(GridEditTest, HeadingsAndLockedColumnsAreNotEdited) {
     EXPECT_FALSE(grid.beginEdit(0, 1));
     EXPECT_FALSE(grid.beginEdit(1, 0));
     EXPECT_FALSE(grid.beginEdit(9, 1));
-}
-
-std::string exported(const Grid& grid, char separator, bool withFixed = true) {
-    std::string text;
-    grid.saveDelimited(separator, withFixed, [&](std::string_view piece) { text += piece; });
-    return text;
-}
-
-TEST_F(GridTest, ExportWritesShownTextsHiddenColumnsIncluded) {
-    fill(2);
-    grid.setColComboList(2, "#70;Inch|#71;Metric");
-    grid.setColHidden(0, true);
-    EXPECT_EQ(exported(grid, ','), "Id,Name,Unit\r\nid-a,a,Inch\r\nid-b,b,Metric\r\n");
-    EXPECT_EQ(exported(grid, '\t', false), "id-a\ta\tInch\r\nid-b\tb\tMetric\r\n");
-}
-
-TEST_F(GridTest, ExportQuotesOnlyWhatNeedsIt) {
-    fill(2);
-    grid.setText(1, 1, "a,\"b\"");
-    grid.setText(2, 1, "two\nlines");
-    EXPECT_EQ(exported(grid, ',', false), "id-a,\"a,\"\"b\"\"\",70\r\nid-b,\"two\nlines\",71\r\n");
-    EXPECT_EQ(exported(grid, '\t', false), "id-a\t\"a,\"\"b\"\"\"\t70\r\nid-b\t\"two\nlines\"\t71\r\n");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "steps/FrmProgress.h"
+#include "util/FrmProgress.h"
 
 namespace pellmark {
 
