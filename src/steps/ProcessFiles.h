@@ -42,6 +42,7 @@ class ProcessFiles {
 
     void importWith(const Progress& progress, const std::string& path, const std::string& processId,
                     Import& outcome);
+    /// "" when the knowledge base refuses the step.
     std::string addStep(TechnologyObject& operation, const std::string& processId);
     void writeProcessFile(const std::string& processId, const StepIds& stepIds, const std::string& path);
     TechnologyService::OperationList operationsOf(const std::string& processId,

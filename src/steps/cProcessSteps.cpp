@@ -326,7 +326,9 @@ void cProcessSteps::OpenPrc() {
 }
 
 void cProcessSteps::tellImport(const ProcessFiles::Import& outcome, bool failed) {
-    if (!outcome.cancelled && !(failed && outcome.added > 0)) return;
+    // Where nothing at all was added because of a failure, that has been told.
+    const bool inPart = outcome.added < outcome.all && (!failed || outcome.added > 0);
+    if (!outcome.cancelled && !inPart) return;
     Texts& texts = services_.person.texts;
     services_.person.show(
         {texts.GetString("The import has not come to its end. Steps that have been added:") + " " +
