@@ -10,6 +10,8 @@
 #include "processes/AllProcesses.h"
 #include "refhost/store/SqliteKnowledgeBaseService.h"
 #include "support/Measure.h"
+#include "support/MemoryRegistry.h"
+#include "support/PortableCodePage.h"
 #include "support/SyntheticBase.h"
 #include "util/ListArrangement.h"
 #include "win32/BenchWindows.h"
@@ -118,7 +120,10 @@ class Bench {
     Operations operations_{trace_};
     Win32Desktop desktop_{::GetModuleHandleW(nullptr), operations_};
     Texts texts_{operations_};
-    UserInterface person_{desktop_, texts_, help_};
+    pellmark::test::MemoryRegistry registry_;
+    pellmark::test::PortableCodePage codePage_;
+    pellmark::cRegDefaults layouts_{registry_, codePage_, "Norvex", "Bench", trace_};
+    UserInterface person_{desktop_, texts_, help_, layouts_};
     norvex::SqliteKnowledgeBaseService service_;
     AllProcesses all_{service_};
     bench::Host host_;
