@@ -119,6 +119,14 @@ def take_step_menu(desktop, album):
         album.add("step-menu", workbench.refresh())
 
 
+def take_field_chooser(desktop, album):
+    with album.workbench() as workbench:
+        desktop.click(desktop.row_middle(desktop.rows(workbench.process_list())["rows"][3]), button=3)
+        desktop.one("#32768")
+        desktop.key("Up", "Return")
+        album.add("field-chooser", workbench.dialog())
+
+
 def take_picker(desktop, album):
     with album.workbench() as workbench:
         desktop.click(workbench.lists()[0].middle)
@@ -177,7 +185,7 @@ def take_wizard(desktop, album):
 
 SCENES = [take_processes_view, take_case_view, take_process_menu, take_process_dialog, take_delete_question,
           take_host_dialog, take_case_menu, take_members_dialog, take_picker, take_materials_dialog, take_step_menu,
-          take_steps, take_technology, take_wizard]
+          take_field_chooser, take_steps, take_technology, take_wizard]
 
 
 def main():

@@ -18,6 +18,7 @@
 #include "support/PortsHarness.h"
 #include "support/win32/Person.h"
 #include "support/win32/TextRoom.h"
+#include "util/FrmFormatColumns.h"
 #include "util/FrmProgress.h"
 #include "win32/Scale.h"
 #include "win32/WideText.h"
@@ -145,6 +146,13 @@ TEST_P(TranslatedFormsTest, TheMaterialsDialogShowsItsTextsWhole) {
 
 TEST_P(TranslatedFormsTest, TheStepDialogShowsItsTextsWhole) {
     frmAddEditProcessTechStep dialog(services_.forViews().steps, process_);
+    expectRoom(dialog);
+}
+
+TEST_P(TranslatedFormsTest, TheFieldChooserShowsItsTextsWhole) {
+    FrmMain main(services_.forViews());
+    main.SetView(FRView::FRProcesses);
+    FrmFormatColumns dialog(services_.person, main.VSFGAllProcesses);
     expectRoom(dialog);
 }
 
