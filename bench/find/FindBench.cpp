@@ -9,6 +9,7 @@
 #include "knowledge/Records.h"
 #include "processes/AllProcesses.h"
 #include "refhost/store/SqliteKnowledgeBaseService.h"
+#include "settings/cRegDefaults.h"
 #include "support/Measure.h"
 #include "support/MemoryRegistry.h"
 #include "support/PortableCodePage.h"
@@ -17,6 +18,8 @@
 #include "win32/BenchWindows.h"
 #include "win32/controls/ControlPeer.h"
 #include "win32/forms/Win32Desktop.h"
+#include "win32/ports/Win32CodePage.h"
+#include "win32/ports/Win32Registry.h"
 
 /// How long a letter typed into the line above the list of all processes takes to show: from the key's
 /// message to the painted rows, over a knowledge base of the size given.
@@ -120,9 +123,9 @@ class Bench {
     Operations operations_{trace_};
     Win32Desktop desktop_{::GetModuleHandleW(nullptr), operations_};
     Texts texts_{operations_};
-    pellmark::test::MemoryRegistry registry_;
-    pellmark::test::PortableCodePage codePage_;
-    pellmark::cRegDefaults layouts_{registry_, codePage_, "Norvex", "Bench", trace_};
+    Win32Registry registry_;
+    Win32CodePage codePage_;
+    cRegDefaults layouts_{registry_, codePage_, "Bench", "Bench", trace_};
     UserInterface person_{desktop_, texts_, help_, layouts_};
     norvex::SqliteKnowledgeBaseService service_;
     AllProcesses all_{service_};

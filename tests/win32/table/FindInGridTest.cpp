@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "controls/FindLine.h"
+#include "settings/cRegDefaults.h"
 #include "support/MemoryRegistry.h"
 #include "support/PortableCodePage.h"
 #include "support/win32/PeerHarness.h"
@@ -127,7 +128,7 @@ class FindInGridTest : public ::testing::Test, protected PeerHarness {
     NoIdle idle;
     MemoryRegistry registry;
     PortableCodePage codePage;
-    cRegDefaults layouts{registry, codePage, "Norvex", "Test", operations.trace()};
+    cRegDefaults layouts{registry, codePage, "Norvex", "Norvex - Process Manager", trace};
     UserInterface person{desktop, texts, help, layouts};
     ListForm list{desktop};
     ListArrangement arrangement{person, idle, list.grid, list.line};
