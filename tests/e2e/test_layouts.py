@@ -11,6 +11,7 @@ from desktop import wait_for
 from workbench import WorkbenchTest, drive_c
 
 BASE = r"HKEY_CURRENT_USER\Software\Orvane\Applications\Norvex - Process Manager"
+CHOOSER = r"DialogSettings\FrmFormatColumns"
 MAIN_FORM = r"DialogSettings\FrmMain"
 PLACEMENT = ("Left", "Top", "Width", "Height", "WindowState")
 EXPECTED = pathlib.Path(__file__).with_name("layouts_expected.txt")
@@ -63,10 +64,12 @@ class LayoutTest(WorkbenchTest):
         self.desktop.drag((x - 1, y), (x - 1 + by, y))
         wait_for(f"{text!r} to have another width", lambda: dict(self.columns(window))[text] == before + by)
 
-    def carry(self, window, text, to):
-        """Drags one heading onto another."""
+    def carry(self, window, text, before_which):
+        """Drags one heading to the left of another."""
         before = [name for name, _ in self.columns(window)]
-        self.desktop.drag(self.heading(window, text), self.heading(window, to))
+        right, top = self.divider(window, before_which)
+        left = right - dict(self.columns(window))[before_which]
+        self.desktop.drag(self.heading(window, text), (left + 8, top))
         wait_for(f"{text!r} to have moved", lambda: [name for name, _ in self.columns(window)] != before)
 
     def choose_fields(self, window, *hide):
@@ -127,7 +130,7 @@ class Columns(LayoutTest):
         self.assertEqual([name for name, _ in left], ["Rule", "Name", "Description"])
         self.workbench.restart()
         self.assertEqual(self.columns(self.workbench.process_list()), left)
-        self.has_exported("GlobalSettings", r"GridDefaults\FrmMain\VSFGAllProcesses")
+        self.has_exported("GlobalSettings", CHOOSER, r"GridDefaults\FrmMain\VSFGAllProcesses")
 
     def test_the_grids_and_filters_of_a_case_are_as_they_were_left(self):
         describe_case(self.desktop, self.workbench)
@@ -148,7 +151,7 @@ class Columns(LayoutTest):
         self.assertEqual([self.columns(each) for each in grids], left)
         combos = sorted(self.desktop.find("ComboBox", inside=self.workbench.window), key=lambda w: w.area[1])
         self.assertEqual(combos[-2].text, "Metric")
-        self.has_exported("GlobalSettings", MAIN_FORM, r"GridDefaults\FrmMain\VSFGProcessCase",
+        self.has_exported("GlobalSettings", CHOOSER, MAIN_FORM, r"GridDefaults\FrmMain\VSFGProcessCase",
                           r"GridDefaults\FrmMain\VSFGProcessCaseResults", r"GridDefaults\FrmMain\VSFGProcessStep",
                           of_main_form=["CmbProcessCaseUnit"])
 
@@ -236,4 +239,4 @@ class Windows(LayoutTest):
         dialog = choose()
         self.assertEqual(dialog.area, area)
         self.leave(dialog)
-        self.has_exported("GlobalSettings", r"DialogSettings\FrmFormatColumns")
+        self.has_exported("GlobalSettings", CHOOSER)
