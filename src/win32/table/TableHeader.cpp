@@ -11,18 +11,15 @@ namespace pellmark {
 namespace {
 
 constexpr int kPaddingOfACell = 14;
+constexpr Twips kArrowFromTheRight = 12 * kTwipsPerPixelAt96Dpi;
+constexpr Twips kHalfArrowWidth = 4 * kTwipsPerPixelAt96Dpi;
+constexpr Twips kHalfArrowHeight = 2 * kTwipsPerPixelAt96Dpi;
 
 int textWidth(HDC canvas, const std::string& text) {
     const std::wstring wide = toWide(text);
     SIZE size{};
     ::GetTextExtentPoint32W(canvas, wide.c_str(), static_cast<int>(wide.size()), &size);
     return static_cast<int>(size.cx);
-}
-
-/// Not every version of the control draws the arrow that a heading's format asks for; text is always drawn.
-std::wstring arrowOf(int sorting) {
-    if (sorting == 0) return {};
-    return sorting > 0 ? L" \x25B2" : L" \x25BC";
 }
 
 }  // namespace
@@ -40,7 +37,7 @@ void TableHeader::rebuild(const Scale& scale) {
         ::SendMessageW(list_, LVM_DELETECOLUMN, static_cast<WPARAM>(there - 1), 0);
     widths_.assign(static_cast<std::size_t>(wanted), 0);
     for (int column = 0; column < wanted; ++column) {
-        std::wstring heading = toWide(table_.heading(column)) + arrowOf(table_.sorting(column));
+        std::wstring heading = toWide(table_.heading(column));
         int& width = widths_[static_cast<std::size_t>(column)];
         width = scale.pixels(table_.width(column));
         LVCOLUMNW shown{};
@@ -71,6 +68,32 @@ void TableHeader::stretch(const Scale& scale) {
     if (width == widths_.back()) return;
     widths_.back() = width;
     ::SendMessageW(list_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(last), width);
+}
+
+void TableHeader::paintArrow(const Scale& scale) const {
+    for (int column = 0; column < table_.columns(); ++column) {
+        const int sorting = table_.sorting(column);
+        if (sorting == 0) continue;
+        RECT heading{};
+        ::SendMessageW(header_, HDM_GETITEMRECT, static_cast<WPARAM>(column),
+                       reinterpret_cast<LPARAM>(&heading));
+        const LONG x = heading.right - scale.pixels(kArrowFromTheRight);
+        const LONG y = (heading.top + heading.bottom) / 2;
+        const LONG half = scale.pixels(kHalfArrowWidth);
+        if (x - half <= heading.left) return;
+        const LONG base = y + sorting * scale.pixels(kHalfArrowHeight);
+        const LONG tip = y - sorting * scale.pixels(kHalfArrowHeight);
+        const POINT corners[] = {{x - half, base}, {x + half, base}, {x, tip}};
+        const HDC canvas = ::GetDC(header_);
+        const HGDIOBJ oldPen = ::SelectObject(canvas, ::GetStockObject(DC_PEN));
+        const HGDIOBJ oldBrush = ::SelectObject(canvas, ::GetStockObject(DC_BRUSH));
+        ::SetDCPenColor(canvas, ::GetSysColor(COLOR_BTNTEXT));
+        ::SetDCBrushColor(canvas, ::GetSysColor(COLOR_BTNTEXT));
+        ::Polygon(canvas, corners, 3);
+        ::SelectObject(canvas, oldBrush);
+        ::SelectObject(canvas, oldPen);
+        ::ReleaseDC(header_, canvas);
+    }
 }
 
 std::vector<int> TableHeader::shownOrder() const {

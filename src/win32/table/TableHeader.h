@@ -19,6 +19,9 @@ class TableHeader {
     /// Gives the last column what room there is up to the window's edge, as long as nobody has chosen widths;
     /// the model keeps its own width. After the window has another size.
     void stretch(const Scale& scale);
+    /// Draws the arrow over the heading of the column by which the rows stand, after the window has drawn
+    /// itself: fonts lack the letter, and not every version of the control draws one.
+    void paintArrow(const Scale& scale) const;
     /// Compares the window's widths and order with what was shown last and tells the model of differences.
     void takeChanges(const Scale& scale);
     /// Makes a column as wide as what is on the screen needs.

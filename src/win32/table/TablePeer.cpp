@@ -363,8 +363,12 @@ std::optional<LRESULT> TablePeer::innerMessage(HWND inner, UINT message, WPARAM 
     switch (message) {
         case WM_PAINT:
             // A header without columns leaves on the screen whatever was there before.
-            if (table_->columns() > 0) return std::nullopt;
-            paintEmpty(inner);
+            if (table_->columns() == 0) {
+                paintEmpty(inner);
+                return 0;
+            }
+            defaultMessage(inner, message, wParam, lParam);
+            header_->paintArrow(scale());
             return 0;
         case WM_LBUTTONUP: {
             const LRESULT result = defaultMessage(inner, message, wParam, lParam);
