@@ -8,7 +8,8 @@ logs=$build/logs
 
 packages_native=(g++ cmake ninja-build ccache googletest)
 packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64 xvfb xauth
-    fonts-liberation fonts-wine fonts-droid-fallback)
+    fonts-liberation fonts-wine fonts-droid-fallback
+    fp-utils) # brings chmcmd, with 250 MB of sources that it insists on
 packages_checks=(clang-format clang-tidy git python3)
 packages_desktop=(x11vnc novnc websockify)
 packages_e2e=(python3 sqlite3 xdotool imagemagick poppler-utils)

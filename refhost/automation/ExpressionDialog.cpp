@@ -2,6 +2,7 @@
 
 #include "automation/Automation.h"
 #include "automation/Module.h"
+#include "refhost/automation/HostConfiguration.h"
 #include "refhost/automation/Resources.h"
 
 namespace norvex {
@@ -39,6 +40,7 @@ INT_PTR CALLBACK ExpressionDialog::procedure(HWND dialog, UINT message, WPARAM w
 }
 
 void ExpressionDialog::fill(HWND dialog) const {
+    configuration::texts().translate(dialog);
     const HWND terms = GetDlgItem(dialog, IDC_TERMS);
     for (const wchar_t* term : kTerms)
         SendMessageW(terms, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(term));

@@ -106,6 +106,11 @@ std::string installationFolder() {
     return pellmark::fromWide(path.substr(0, path.find_last_of(L'\\') + 1));
 }
 
+HostTexts texts() {
+    const std::wstring path = pellmark::module::path();
+    return {path.substr(0, path.find_last_of(L'\\')), languageCode()};
+}
+
 std::string processFolder() {
     std::string folder = environment(kProcessFolder);
     if (folder.empty()) folder = environment(L"USERPROFILE") + "\\Documents\\Norvex";

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "refhost/windows/HostTexts.h"
+
 /// What the objects of this library have in common inside one process: which knowledge base, which user,
 /// which language. It stands in the environment of the process, where whoever starts the host may set it too.
 namespace norvex::configuration {
@@ -34,5 +36,8 @@ void makeFolderOf(const std::string& path);
 
 /// The folder of this library, with its trailing "\".
 std::string installationFolder();
+
+/// The texts of the library's windows in the language of this moment.
+HostTexts texts();
 
 }  // namespace norvex::configuration

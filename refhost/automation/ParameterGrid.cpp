@@ -16,7 +16,7 @@ using pellmark::toWide;
 
 enum Column { kCaption, kValue, kUnit, kSource, kColumns };
 
-constexpr const wchar_t* kHeadings[kColumns] = {L"Parameter", L"Value", L"Unit", L"Source"};
+constexpr const char* kHeadings[kColumns] = {"Parameter", "Value", "Unit", "Source"};
 constexpr int kShares[kColumns] = {36, 34, 13, 17};  // of the width, in hundredths
 constexpr WPARAM kLastUnprintable = 0x20;
 
@@ -40,9 +40,10 @@ void ParameterGrid::attach(HWND list) {
 
 void ParameterGrid::addColumns() {
     for (int column = 0; column < kColumns; ++column) {
+        std::wstring heading = texts_.wide(kHeadings[column]);
         LVCOLUMNW description{};
         description.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
-        description.pszText = const_cast<wchar_t*>(kHeadings[column]);
+        description.pszText = heading.data();
         description.cx = 50;
         description.iSubItem = column;
         SendMessageW(list_, LVM_INSERTCOLUMNW, static_cast<WPARAM>(column),
@@ -67,10 +68,10 @@ void ParameterGrid::refresh() {
     for (std::size_t index = 0; index < editor_.count(); ++index) {
         const EditorRow row = editor_.row(index);
         const int at = static_cast<int>(index);
-        setCell(at, kCaption, row.caption);
+        setCell(at, kCaption, texts_.of(row.caption));
         setCell(at, kValue, row.value);
         setCell(at, kUnit, row.unit);
-        setCell(at, kSource, row.source);
+        setCell(at, kSource, texts_.of(row.source));
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include "automation/Automation.h"
 #include "refhost/technology/OperationEditor.h"
+#include "refhost/windows/HostTexts.h"
 
 namespace norvex {
 
@@ -12,7 +13,8 @@ namespace norvex {
 /// typing edits the value of the row in place; Enter takes it and goes on, Escape leaves it as it was.
 class ParameterGrid {
   public:
-    explicit ParameterGrid(OperationEditor& editor) : editor_(editor) {}
+    /// Borrows both.
+    ParameterGrid(OperationEditor& editor, const HostTexts& texts) : editor_(editor), texts_(texts) {}
     ParameterGrid(const ParameterGrid&) = delete;
     ParameterGrid& operator=(const ParameterGrid&) = delete;
 
@@ -52,6 +54,7 @@ class ParameterGrid {
     HWND makeInput(const EditorRow& row, const RECT& cell);
 
     OperationEditor& editor_;
+    const HostTexts& texts_;
     HWND list_ = nullptr;
     HWND input_ = nullptr;
     WNDPROC listBefore_ = nullptr;

@@ -7,6 +7,7 @@
 #include "automation/Module.h"
 #include "base/Error.h"
 #include "refhost/automation/CyclePicture.h"
+#include "refhost/automation/HostConfiguration.h"
 #include "refhost/automation/Resources.h"
 
 namespace norvex {
@@ -17,11 +18,11 @@ using pellmark::toWide;
 
 struct Page {
     Group group;
-    const wchar_t* title;
+    const char* title;
 };
 
-constexpr std::array kPages{Page{Group::Tool, L"Tool"}, Page{Group::Cutting, L"Speeds and feeds"},
-                            Page{Group::Motion, L"Depths, retract and coolant"}};
+constexpr std::array kPages{Page{Group::Tool, "Tool"}, Page{Group::Cutting, "Speeds and feeds"},
+                            Page{Group::Motion, "Depths, retract and coolant"}};
 constexpr int kLastPage = static_cast<int>(kPages.size()) - 1;
 
 /// What fills in figures; the wizard offers it on the page of speeds and feeds.
@@ -47,7 +48,11 @@ void showControl(HWND window, bool visible) {
 }  // namespace
 
 TechnologyWindow::TechnologyWindow(Style style, OperationEditor editor, char materialClass)
-    : style_(style), editor_(std::move(editor)), grid_(editor_), materialClass_(materialClass) {}
+    : style_(style),
+      texts_(configuration::texts()),
+      editor_(std::move(editor)),
+      grid_(editor_, texts_),
+      materialClass_(materialClass) {}
 
 bool TechnologyWindow::show(HWND owner) {
     const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_LISTVIEW_CLASSES};
@@ -113,6 +118,7 @@ INT_PTR TechnologyWindow::handle(UINT message, WPARAM wide, LPARAM data) {
 }
 
 void TechnologyWindow::fill() {
+    texts_.translate(dialog_);
     RECT whole{};
     GetWindowRect(dialog_, &whole);
     least_ = {(whole.right - whole.left) * 3 / 4, (whole.bottom - whole.top) * 3 / 4};
@@ -122,10 +128,11 @@ void TechnologyWindow::fill() {
     showControl(control(IDC_TECHNOLOGY_BACK), isWizard());
     showControl(control(IDC_TECHNOLOGY_NEXT), isWizard());
     if (isWizard()) {
-        SetWindowTextW(control(IDOK), L"&Finish");
+        SetWindowTextW(control(IDOK), texts_.wide("&Finish").c_str());
         goTo(0);
     } else {
-        const std::string title = "Technology - " + std::string(editor_.operation().cycle().name);
+        const std::string title =
+            texts_.of("Technology") + " - " + texts_.of(std::string(editor_.operation().cycle().name));
         SetWindowTextW(dialog_, toWide(title).c_str());
         tell({});
     }
@@ -240,10 +247,11 @@ void TechnologyWindow::goTo(int page) {
     const Page& shown = kPages[static_cast<std::size_t>(page_)];
     editor_.showGroup(shown.group);
     grid_.fill();
-    const std::wstring title = L"Step wizard - " + toWide(editor_.operation().cycle().name) + L" (" +
-                               std::to_wstring(page_ + 1) + L" of " + std::to_wstring(kPages.size()) + L": " +
-                               shown.title + L")";
-    SetWindowTextW(dialog_, title.c_str());
+    const std::string title = texts_.of("Step wizard") + " - " +
+                              texts_.of(std::string(editor_.operation().cycle().name)) + " (" +
+                              std::to_string(page_ + 1) + " / " + std::to_string(kPages.size()) + ": " +
+                              texts_.of(shown.title) + ")";
+    SetWindowTextW(dialog_, toWide(title).c_str());
     for (const int id : kComputing)
         showControl(control(id), shown.group == Group::Cutting);
     EnableWindow(control(IDC_TECHNOLOGY_BACK), page_ > 0);

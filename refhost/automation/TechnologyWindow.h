@@ -42,6 +42,7 @@ class TechnologyWindow {
     bool isWizard() const { return style_ == Style::Wizard; }
 
     Style style_;
+    HostTexts texts_;
     OperationEditor editor_;
     ParameterGrid grid_;
     char materialClass_;

@@ -3,32 +3,11 @@
 #include "refhost/automation/HostConfiguration.h"
 #include "refhost/automation/Identifiers.h"
 #include "refhost/texts/Languages.h"
+#include "refhost/windows/FileBytes.h"
 
 namespace norvex {
 
 using pellmark::VariantArg;
-
-namespace {
-
-/// The bytes of a file; empty when it cannot be read.
-std::string bytesOf(const std::string& path) {
-    constexpr DWORD kLargestTable = 16U << 20U;
-    const HANDLE file = CreateFileW(pellmark::toWide(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return {};
-    std::string bytes;
-    LARGE_INTEGER size{};
-    if (GetFileSizeEx(file, &size) && size.QuadPart <= kLargestTable) {
-        bytes.resize(static_cast<std::size_t>(size.QuadPart));
-        DWORD read = 0;
-        if (!ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr)) read = 0;
-        bytes.resize(read);
-    }
-    CloseHandle(file);
-    return bytes;
-}
-
-}  // namespace
 
 TranslationServiceObject::TranslationServiceObject()
     : AutomationObject("Norvex.TranslationService", kTranslationService),
@@ -52,7 +31,7 @@ TranslationServiceObject::TranslationServiceObject()
 }
 
 const TranslationTable& TranslationServiceObject::table() {
-    if (!table_) table_.emplace(bytesOf(resourceFile_), outputLanguage_);
+    if (!table_) table_.emplace(bytesOf(pellmark::toWide(resourceFile_)), outputLanguage_);
     return *table_;
 }
 

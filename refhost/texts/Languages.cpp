@@ -7,13 +7,13 @@ namespace norvex {
 
 namespace {
 
-constexpr std::array<Language, 7> kLanguages{{{kEnglish, "English", 1033},
-                                              {kGerman, "German", 1031},
-                                              {3, "French", 1036},
-                                              {4, "Italian", 1040},
-                                              {5, "Spanish", 1034},
-                                              {kJapanese, "Japanese", 1041},
-                                              {7, "Chinese", 2052}}};
+constexpr std::array<Language, 7> kLanguages{{{kEnglish, "English", "English", 1033},
+                                              {kGerman, "German", "Deutsch", 1031},
+                                              {3, "French", "Français", 1036},
+                                              {4, "Italian", "Italiano", 1040},
+                                              {5, "Spanish", "Español", 1034},
+                                              {kJapanese, "Japanese", "日本語", 1041},
+                                              {7, "Chinese", "简体中文", 2052}}};
 
 }  // namespace
 

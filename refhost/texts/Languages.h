@@ -8,9 +8,10 @@ namespace norvex {
 
 /// A language that the host can be used in.
 struct Language {
-    std::int16_t code;      ///< the host's own number
-    std::string_view name;  ///< English name; the heading of its column in a translation table
-    std::int32_t locale;    ///< Windows locale identifier
+    std::int16_t code;         ///< the host's own number
+    std::string_view name;     ///< English name; the heading of its column in a translation table
+    std::string_view ownName;  ///< what its speakers call it
+    std::int32_t locale;       ///< Windows locale identifier
 };
 
 inline constexpr std::int16_t kEnglish = 1;

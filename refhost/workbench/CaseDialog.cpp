@@ -76,6 +76,7 @@ INT_PTR CaseDialog::command(int control, int notification) {
 }
 
 void CaseDialog::fill() {
+    texts_.translate(dialog_);
     auto& cases = knowledgeBase_.featureCaseStore();
     fillCombo(IDC_NVX_TYPE, *cases.nvxFeatureTypes(), "(any)", nvxTypes_);
     fillCombo(IDC_PART_TYPE, *cases.partTypes(), "(any)", partTypes_);
@@ -137,7 +138,7 @@ void CaseDialog::fillCombo(int control, RecordSet& records, const char* none, Id
     };
     SendDlgItemMessageW(dialog_, control, CB_RESETCONTENT, 0, 0);
     ids.clear();
-    add(none, "");
+    add(texts_.of(none), "");
     for (std::size_t at = 0; at < records.count(); ++at) {
         add(fieldOf(records, at, pellmark::field::kName), fieldOf(records, at, pellmark::field::kId));
     }
@@ -145,8 +146,9 @@ void CaseDialog::fillCombo(int control, RecordSet& records, const char* none, Id
 }
 
 void CaseDialog::fillUnits(int control) {
-    for (const wchar_t* text : {L"(any)", L"Inch", L"Metric"}) {
-        SendDlgItemMessageW(dialog_, control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+    for (const char* text : {"(any)", "Inch", "Metric"}) {
+        SendDlgItemMessageW(dialog_, control, CB_ADDSTRING, 0,
+                            reinterpret_cast<LPARAM>(texts_.wide(text).c_str()));
     }
     SendDlgItemMessageW(dialog_, control, CB_SETCURSEL, 0, 0);
 }

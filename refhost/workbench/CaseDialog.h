@@ -8,6 +8,7 @@
 
 #include "knowledge/KnowledgeBaseService.h"
 #include "knowledge/Records.h"
+#include "refhost/windows/HostTexts.h"
 
 namespace norvex {
 
@@ -15,7 +16,9 @@ namespace norvex {
 /// component's calls that take one.
 class CaseDialog {
   public:
-    explicit CaseDialog(pellmark::KnowledgeBaseService& knowledgeBase) : knowledgeBase_(knowledgeBase) {}
+    /// Borrows both.
+    CaseDialog(pellmark::KnowledgeBaseService& knowledgeBase, const HostTexts& texts)
+        : knowledgeBase_(knowledgeBase), texts_(texts) {}
 
     /// Nothing after a cancel. Throws pellmark::Error when the knowledge base fails.
     std::optional<pellmark::CaseDescription> show(HWND owner);
@@ -37,6 +40,7 @@ class CaseDialog {
     std::int16_t chosenNvxType() const;
 
     pellmark::KnowledgeBaseService& knowledgeBase_;
+    const HostTexts& texts_;
     HWND dialog_ = nullptr;
     std::exception_ptr failure_;
     pellmark::CaseDescription description_;

@@ -67,7 +67,7 @@ const char* commandLineHelp() {
            "--kb FILE\tthe knowledge base; it is created when it is missing\n"
            "--view VIEW\tthe first view: processes, case or none\n"
            "--user NAME\tthe user whose rights count\n"
-           "--language CODE\t1 English, 2 German, 6 Japanese\n"
+           "--language CODE\t1 English, 2 German, 3 French, 4 Italian, 5 Spanish, 6 Japanese, 7 Chinese\n"
            "--screenshot-ready FILE\twritten once the first view has been painted";
 }
 

@@ -73,6 +73,7 @@ WorkbenchWindow::WorkbenchWindow(const CommandLine& options) : options_(options)
     manager_ = std::make_unique<ProcessManager>(session_->application());
     if (options_.language) session_->setLanguage(*options_.language);
     if (!options_.user.empty()) session_->setUser(options_.user);
+    translate();
 }
 
 WorkbenchWindow::~WorkbenchWindow() {
@@ -229,7 +230,7 @@ void WorkbenchWindow::openKnowledgeBase(const std::string& file) {
         fillMenus();
         const std::string path = session_->knowledgeBaseFile();
         SetWindowTextW(window_, toWide("Norvex Workbench - " + path).c_str());
-        say(session_->knowledgeBase() != nullptr ? path : "No knowledge base is open");
+        say(session_->knowledgeBase() != nullptr ? path : texts_.of("No knowledge base is open"));
         return std::string();
     });
 }
@@ -239,7 +240,10 @@ void WorkbenchWindow::askForKnowledgeBase() {
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof(dialog);
     dialog.hwndOwner = window_;
-    dialog.lpstrFilter = L"Knowledge bases (*.db)\0*.db\0All files\0*.*\0";
+    std::wstring filter =
+        texts_.wide("Knowledge bases") + L" (*.db)|*.db|" + texts_.wide("All files") + L"|*.*|";
+    std::replace(filter.begin(), filter.end(), L'|', L'\0');
+    dialog.lpstrFilter = filter.c_str();
     dialog.lpstrFile = path.data();
     dialog.nMaxFile = static_cast<DWORD>(path.size());
     dialog.lpstrDefExt = L"db";
@@ -284,6 +288,7 @@ void WorkbenchWindow::command(int id) {
             session_->setUser(users_[static_cast<std::size_t>(id - IDM_FIRST_USER)]);
         } else if (id >= IDM_FIRST_LANGUAGE && id <= IDM_LAST_LANGUAGE) {
             session_->setLanguage(static_cast<std::int16_t>(id - IDM_FIRST_LANGUAGE));
+            translate();
             reopenView();
         }
         return "user " + session_->user() + ", language " +
@@ -299,9 +304,9 @@ void WorkbenchWindow::reopenView() {
 }
 
 void WorkbenchWindow::callForCase(int id) {
-    if (session_->knowledgeBase() == nullptr) return say("No knowledge base is open");
+    if (session_->knowledgeBase() == nullptr) return say(texts_.of("No knowledge base is open"));
     trapAndTell(id == IDM_CASE_VIEW ? "ShowWindowProcessCaseView" : methodOf(id), [&]() -> std::string {
-        const auto description = CaseDialog(*session_->knowledgeBase()).show(window_);
+        const auto description = CaseDialog(*session_->knowledgeBase(), texts_).show(window_);
         if (!description) return "cancelled";
         if (id == IDM_CASE_VIEW) {
             manager_->showProcessCase(*description);
@@ -313,6 +318,19 @@ void WorkbenchWindow::callForCase(int id) {
     });
 }
 
+void WorkbenchWindow::translate() {
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    std::wstring path(MAX_PATH * 4, L'\0');
+    path.resize(GetModuleFileNameW(instance, path.data(), static_cast<DWORD>(path.size())));
+    texts_ = HostTexts(path.substr(0, path.rfind(L'\\')), session_->language());
+    const HMENU before = GetMenu(window_);
+    const HMENU menu = LoadMenuW(instance, MAKEINTRESOURCEW(IDR_MENU));
+    texts_.translate(menu);
+    SetMenu(window_, menu);
+    DestroyMenu(before);
+    fillMenus();
+}
+
 void WorkbenchWindow::fillMenus() {
     const HMENU languageMenu = settingsMenu(window_, kLanguageMenu);
     const HMENU userMenu = settingsMenu(window_, kUserMenu);
@@ -320,7 +338,7 @@ void WorkbenchWindow::fillMenus() {
     emptyMenu(userMenu);
     for (const auto& language : languages()) {
         AppendMenuW(languageMenu, MF_STRING, static_cast<UINT_PTR>(IDM_FIRST_LANGUAGE + language.code),
-                    entryOf(language.name).c_str());
+                    entryOf(language.ownName).c_str());
     }
     users_ = session_->users();
     constexpr std::size_t kMostUsers = IDM_LAST_USER - IDM_FIRST_USER + 1;

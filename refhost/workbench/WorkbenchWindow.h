@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "refhost/windows/HostTexts.h"
 #include "refhost/workbench/CommandLine.h"
 #include "refhost/workbench/HostSession.h"
 #include "refhost/workbench/ProcessManager.h"
@@ -33,6 +34,8 @@ class WorkbenchWindow {
     void fitView();
     /// Hands the keyboard on to the view: without a mouse there would be no way from the frame into it.
     void focusView();
+    /// Takes the texts and the menu of the host's language.
+    void translate();
     void fillMenus();
     void checkMenus();
     void command(int id);
@@ -48,6 +51,7 @@ class WorkbenchWindow {
     void say(const std::string& text);
 
     CommandLine options_;
+    HostTexts texts_;
     HWND window_ = nullptr;
     HWND area_ = nullptr;
     HWND status_ = nullptr;

@@ -24,6 +24,10 @@ Form* Control::form() {
     return root->kind_ == Kind::Form ? static_cast<Form*>(root) : nullptr;
 }
 
+const Form* Control::form() const {
+    return const_cast<Control*>(this)->form();
+}
+
 void Control::setFocus() {
     if (Form* root = form()) root->askFocus(*this);
     focusRequested.raise();

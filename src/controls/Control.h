@@ -30,7 +30,19 @@ enum class ControlChange { Caption, Bounds, Visible, Enabled, ToolTip };
 /// with it, which members of one form class are.
 class Control {
   public:
-    enum class Kind { Label, Button, TextBox, ComboBox, Frame, TabStrip, TabPage, Grid, ListView, Form };
+    enum class Kind {
+        Label,
+        Button,
+        TextBox,
+        ComboBox,
+        CheckList,
+        Frame,
+        TabStrip,
+        TabPage,
+        Grid,
+        ListView,
+        Form
+    };
 
     Control(Kind kind, Container* parent, std::string name);
     virtual ~Control();
@@ -42,6 +54,7 @@ class Control {
     Container* parent() const { return parent_; }
     /// The form at the root, or null while the control stands in none.
     Form* form();
+    const Form* form() const;
 
     /// A "&" before a letter makes it the access key; "&&" shows one ampersand.
     const std::string& caption() const { return caption_; }

@@ -19,6 +19,7 @@ void Form::load() {
     if (!focusAsked_) focused_ = nullptr;
     Form_Load();
     if (abandoned_) return;
+    restoreLayout();
     arrange(clientSize_);
     peer_ = desktop_.createPeer(*this);
     ++windows_;

@@ -73,6 +73,8 @@ class Form : public Container {
     /// Pressed by Enter and Escape; null for none.
     Button* defaultButton() const { return defaultButton_; }
     Button* cancelButton() const { return cancelButton_; }
+    /// Pressed by F1; null leaves the key to the host.
+    Button* helpButton() const { return helpButton_; }
 
     // --- the keyboard ------------------------------------------------------------------------------------
     /// The control that has the keyboard within this form, had it last, or has asked for it and gets it when
@@ -92,6 +94,9 @@ class Form : public Container {
 
   protected:
     virtual void Form_Load() {}
+    /// Brings the form back as a person left it: after Form_Load, when everything that may have been arranged
+    /// is there, and before the window is made.
+    virtual void restoreLayout() {}
     virtual void Form_QueryUnload() {}
 
     /// Called from Form_Load: the form stays unloaded, and the show that asked for it returns at once.
@@ -102,6 +107,7 @@ class Form : public Container {
     void setMinimumSize(Size size) { minimumSize_ = size; }
     void setDefaultButton(Button* button) { defaultButton_ = button; }
     void setCancelButton(Button* button) { cancelButton_ = button; }
+    void setHelpButton(Button* button) { helpButton_ = button; }
 
   private:
     Desktop& desktop_;
@@ -123,6 +129,7 @@ class Form : public Container {
     Size minimumSize_{};
     Button* defaultButton_ = nullptr;
     Button* cancelButton_ = nullptr;
+    Button* helpButton_ = nullptr;
 };
 
 }  // namespace pellmark

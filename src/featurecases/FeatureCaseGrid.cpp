@@ -11,6 +11,9 @@ namespace {
 
 /// Part of the host's own vocabulary, the same in every language.
 constexpr const char* kTypeCaption = "Feature Type";
+/// The cells are not fields of a record, but a stored layout finds its columns by their keys.
+constexpr const char* kNameKey = "Key";
+constexpr const char* kValueKey = "Value";
 constexpr Twips kNameWidth = 2600;
 constexpr Twips kValueWidth = 3600;
 
@@ -25,8 +28,11 @@ void FeatureCaseGrid::layOut(const std::string& nameHeading, const std::string& 
     Grid::RedrawOff off(grid_);
     // A "|" within a translation must not make a third column.
     grid_.setHeadings(replaced(nameHeading, '|', ' ') + "|" + replaced(valueHeading, '|', ' '));
+    grid_.setColKey(kNameCol, kNameKey);
+    grid_.setColKey(kValueCol, kValueKey);
     grid_.setColWidth(kNameCol, kNameWidth);
     grid_.setColWidth(kValueCol, kValueWidth);
+    grid_.setWidthsChosen(false);
     grid_.setColEditable(kNameCol, false);
     grid_.setColEditable(kValueCol, true);
     showTypes({}, kNoType);

@@ -12,6 +12,8 @@ namespace pellmark {
 namespace {
 
 constexpr std::int16_t kOpen = -1;
+/// Every filter's first entry.
+constexpr int kAny = 0;
 
 /// Reads a record set of ids and names before anything is changed: its cells may fail like any query.
 std::vector<Choice> choicesOf(RecordSet& records) {
@@ -84,8 +86,8 @@ void cFeatureCase::Init(const FeatureCaseControls& controls) {
 
     subscriptions_.clear();
     const auto onClick = [this](ComboBox& combo, const char* operation, bool rebuilds) {
-        subscriptions_.push_back(
-            combo.clicked.subscribe([this, operation, rebuilds] { filterClicked(operation, rebuilds); }));
+        subscriptions_.push_back(combo.clicked.subscribe(
+            [this, operation, &combo, rebuilds] { filterClicked(operation, combo, rebuilds); }));
     };
     onClick(*CmbNvxFeatureType, "cFeatureCase::CmbNvxFeatureType_Click", true);
     onClick(*cmbPartType, "cFeatureCase::cmbPartType_Click", true);
@@ -102,8 +104,11 @@ void cFeatureCase::Init(const FeatureCaseControls& controls) {
         trap(person_.operations(), "cFeatureCase::ValueChosen", [this] { caseChanged.raise(); });
     }));
 
-    trap(person_.operations(), "cFeatureCase::Init",
-         [this] { mFgcase->layOut(person_.texts.GetString("Key"), person_.texts.GetString("Value")); });
+    layout_.emplace(controls.mFgcase, person_.layouts);
+    trap(person_.operations(), "cFeatureCase::Init", [this] {
+        mFgcase->layOut(person_.texts.GetString("Key"), person_.texts.GetString("Value"));
+        layout_->restore();
+    });
     fillFilters();
     trap(person_.operations(), "cFeatureCase::Init", [this] { rebuildGrid(); });
 }
@@ -115,7 +120,10 @@ void cFeatureCase::fillFilters() {
         std::vector<ComboBox::Item> items{{any, kOpen, ""}};
         trap(person_.operations(), "cFeatureCase::Init", [&] { query(items); });
         combo.setItems(std::move(items));
-        combo.setIndex(0);
+        combo.setIndex(kAny);
+        // An index from a longer list chooses nothing; the filter then stays open.
+        person_.layouts.RestoreComboBoxIndex(combo);
+        if (combo.index() == ComboBox::kNone) combo.setIndex(kAny);
     };
     const auto units = [](std::vector<ComboBox::Item>& items) {
         items.push_back({"Inch", unit::kInch, ""});
@@ -137,8 +145,14 @@ void cFeatureCase::fillFilters() {
          [&](std::vector<ComboBox::Item>& items) { byId(items, *store().materialClasses()); });
 }
 
-void cFeatureCase::filterClicked(const char* operation, bool rebuilds) {
+void cFeatureCase::openFilters() {
+    for (ComboBox* combo : {CmbUnit, cmbPcUnit, CmbNvxFeatureType, cmbPartType, CmbPartMaterial})
+        if (combo != nullptr) combo->setIndex(kAny);
+}
+
+void cFeatureCase::filterClicked(const char* operation, ComboBox& combo, bool rebuilds) {
     trap(person_.operations(), operation, [&] {
+        person_.layouts.SaveComboBoxIndex(combo);
         if (rebuilds) trap(person_.operations(), operation, [this] { rebuildGrid(); });
         caseChanged.raise();
     });

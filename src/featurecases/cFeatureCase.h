@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "featurecases/FeatureCaseCreation.h"
 #include "featurecases/FeatureCaseGrid.h"
 #include "knowledge/KnowledgeBaseService.h"
+#include "util/GridLayout.h"
 #include "util/UserInterface.h"
 
 namespace pellmark {
@@ -33,8 +35,10 @@ class cFeatureCase {
                  FeatureCaseCreation& creation);
     ~cFeatureCase();
 
-    /// Fills the filters and lays the feature-case grid out.
+    /// Fills the filters, each with the entry that a person chose last, and lays the feature-case grid out.
     void Init(const FeatureCaseControls& controls);
+    /// Leaves all five filters open, and what is remembered of them as it is.
+    void openFilters();
     /// "" when none is selected.
     std::string GetPartMaterialClassId();
     /// "" leaves the feature type as it is, "-1" chooses none. A type that the filters leave out is chosen
@@ -85,7 +89,7 @@ class cFeatureCase {
     void rebuildKeys(const std::vector<std::string>& chosenValues);
     std::vector<KeyChoices> keysOf(const std::string& featureTypeId) const;
     std::string propertiesText() const;
-    void filterClicked(const char* operation, bool rebuilds);
+    void filterClicked(const char* operation, ComboBox& combo, bool rebuilds);
 
     UserInterface person_;
     KnowledgeBaseService& knowledgeBase_;
@@ -96,6 +100,7 @@ class cFeatureCase {
     ComboBox* CmbUnit = nullptr;
     ComboBox* cmbPcUnit = nullptr;
     std::unique_ptr<FeatureCaseGrid> mFgcase;
+    std::optional<GridLayout> layout_;
     std::vector<Subscription> subscriptions_;
 };
 

@@ -181,7 +181,7 @@ void Application::interruptEmbeddedView(Show&& show) {
     if (focused != nullptr) focused->setFocus();
     form.embed(*place);
     if (CaseView* restored = form.caseView()) {
-        restored->show(before);
+        restored->showAgain(before);
     } else if (cProcess* list = form.processes()) {
         list->RefreshList(before.processGuid);
     }

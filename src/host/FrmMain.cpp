@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/MainLayout.h"
+#include "util/FormLayout.h"
 
 namespace pellmark {
 
@@ -22,6 +23,7 @@ FrmMain::FrmMain(const ViewServices& services)
     setMinimumSize({9600, 7200});
     setDefaultButton(&CmdOK);
     setCancelButton(&CmdCancel);
+    setHelpButton(&CmdHelp);
     placeFilters();
 
     const auto on = [this](Subscription subscription) { subscriptions_.push_back(std::move(subscription)); };
@@ -43,7 +45,13 @@ void FrmMain::Form_Load() {
     trap(services_.person.operations(), "FrmMain::Form_Load", [this] { translateCaptions(); });
 }
 
-void FrmMain::Form_QueryUnload() {}
+void FrmMain::restoreLayout() {
+    restoreFormLayout(*this, services_.person.layouts);
+}
+
+void FrmMain::Form_QueryUnload() {
+    saveFormLayout(*this, services_.person.layouts);
+}
 
 void FrmMain::translateCaptions() {
     Texts& texts = services_.person.texts;
@@ -80,6 +88,7 @@ void FrmMain::SetView(FRView view) {
         } else {
             buildProcessCaseView();
         }
+        services_.person.layouts.SaveSetting("View", static_cast<std::int32_t>(view));
     });
 }
 

@@ -121,6 +121,7 @@ class FrmMain : public Form {
 
   protected:
     void Form_Load() override;
+    void restoreLayout() override;
     void Form_QueryUnload() override;
 
   private:

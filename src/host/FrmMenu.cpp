@@ -81,7 +81,7 @@ void FrmMenu::buildProcessMenu() {
     mnuProcess.add("mnuProcessPrint", "Print...", [this] {
         if (FGProcesses != nullptr) gridOps_.PrintGrid(*FGProcesses, person_.texts.GetString("Processes"));
     });
-    mnuProcess.add("mnuProcessFormatColumns", "Format Columns...");
+    mnuProcess.add("mnuProcessFormatColumns", "Format Columns...", [this] { formatColumns(FGProcesses); });
 }
 
 void FrmMenu::buildStepMenu() {
@@ -103,7 +103,8 @@ void FrmMenu::buildStepMenu() {
         if (FGProcessStep != nullptr)
             gridOps_.PrintGrid(*FGProcessStep, person_.texts.GetString("Process Steps"));
     });
-    mnuProcessStep.add("mnuProcessStepFormatColumns", "Format Columns...");
+    mnuProcessStep.add("mnuProcessStepFormatColumns", "Format Columns...",
+                       [this] { formatColumns(FGProcessStep); });
 }
 
 void FrmMenu::buildOtherMenus() {
@@ -218,6 +219,11 @@ void FrmMenu::popUpOver(Grid& grid, Menu& menu, Point at) {
         copy.enabled = item.enabled && item.command != nullptr;
     }
     form->popUp(shown, grid, at);
+}
+
+void FrmMenu::formatColumns(Grid* grid) {
+    const Form* const form = grid == nullptr ? nullptr : grid->form();
+    if (form != nullptr) gridOps_.FormatColumns(*grid, *form);
 }
 
 void FrmMenu::EditMaterials() {

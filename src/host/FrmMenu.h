@@ -45,6 +45,8 @@ class FrmMenu : public Form {
     void listen(Grid& grid, const char* operation, Menu& menu, void (FrmMenu::*prepare)());
     void popUpOver(Grid& grid, Menu& menu, Point at);
     void serveProcesses(cProcess& processes);
+    /// Null where the view has no such grid.
+    void formatColumns(Grid* grid);
     /// Opens the editor of the current process's materials, which no menu offers.
     void EditMaterials();
 

@@ -2,18 +2,44 @@
 
 #include <cmath>
 
+#include "ports/FileTests.h"
+
 namespace pellmark {
 
 void HTMLHelp::OpenHTMLHelp(WindowHandle owner, const Variant& topic) {
+    bool shown = true;
     if (const auto* number = std::get_if<std::int16_t>(&topic)) {
-        viewer_.openContext(owner, HelpFile, std::int32_t{*number});
+        shown = viewer_.openContext(owner, HelpFile, std::int32_t{*number});
     } else if (const auto* longNumber = std::get_if<std::int32_t>(&topic)) {
-        viewer_.openContext(owner, HelpFile, *longNumber);
+        shown = viewer_.openContext(owner, HelpFile, *longNumber);
     } else if (const auto* single = std::get_if<float>(&topic)) {
-        viewer_.openContext(owner, HelpFile, static_cast<std::int32_t>(std::nearbyint(*single)));
+        shown = viewer_.openContext(owner, HelpFile, static_cast<std::int32_t>(std::nearbyint(*single)));
     } else if (const auto* text = std::get_if<std::string>(&topic)) {
-        viewer_.openContext(owner, HelpFile, *text);
+        shown = viewer_.openContext(owner, HelpFile, *text);
     }
+    if (!shown) openPages(owner);
+}
+
+std::string HTMLHelp::startPageOf(const std::string& helpFile) {
+    return helpFile.substr(0, helpFile.rfind('.')) + "\\index.html";
+}
+
+void HTMLHelp::openPages(WindowHandle owner) {
+    const std::string page = startPageOf(HelpFile);
+    bool opened = listingFindsFile(files_, page);
+    if (opened && !told_) {
+        told_ = true;
+        tell(texts_.GetString(
+                 "The help file cannot be shown in its own window. Its pages open in the browser."),
+             MessageIcon::Information);
+    }
+    opened = opened && viewer_.openPage(owner, page);
+    if (!opened)
+        tell(texts_.GetString("The help could not be opened:") + " " + HelpFile, MessageIcon::Critical);
+}
+
+void HTMLHelp::tell(const std::string& text, MessageIcon icon) {
+    desktop_.showMessage({text, texts_.title(), icon});
 }
 
 }  // namespace pellmark

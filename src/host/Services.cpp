@@ -7,6 +7,13 @@
 
 namespace pellmark {
 
+namespace {
+
+/// Of the layouts' key: the same for every call and in every language.
+constexpr const char* kComponentTitle = "Norvex - Process Manager";
+
+}  // namespace
+
 Services::Services(const Platform& platform)
     : platform_(platform),
       knowledgeBase_(createKnowledgeBase()),
@@ -14,11 +21,13 @@ Services::Services(const Platform& platform)
       files(platform.files, platform.codePage, platform.idle, platform.operations.trace()),
       settings(platform.registry, platform.codePage, platform.files, platform.executableName,
                platform.operations.trace()),
+      layouts(platform.registry, platform.codePage, platform.executableName, kComponentTitle,
+              platform.operations.trace()),
       dialogs(platform.fileDialogs, platform.systemDialogs, platform.printer, platform.files,
               platform.executableName),
       texts(platform.operations),
-      help(platform.help, std::string()),
-      person{platform.desktop, texts, help},
+      help(platform.help, platform.files, platform.desktop, texts),
+      person{platform.desktop, texts, help, layouts},
       gridOps({person, platform.files, files, platform.codePage, dialogs, platform.clipboard,
                platform.printer, platform.idle, settings, platform.componentFolder}),
       rights(*knowledgeBase_, person),

@@ -9,6 +9,7 @@
 #include "host/Platform.h"
 #include "host/ViewServices.h"
 #include "settings/cQDLExtSettings.h"
+#include "settings/cRegDefaults.h"
 #include "util/Rights.h"
 #include "util/Texts.h"
 #include "util/UserInterface.h"
@@ -50,6 +51,7 @@ class Services {
   public:
     cFileIO files;
     cQDLExtSettings settings;
+    cRegDefaults layouts;
     cCommonDialog dialogs;
     Texts texts;
     HTMLHelp help;

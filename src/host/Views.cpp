@@ -9,8 +9,8 @@ ProcessesView::ProcessesView(const ViewServices& services, Grid& grid, FindLine&
     processes.offerFinding(line, services.steps.idle);
 }
 
-CaseView::CaseView(const ViewServices& services, const FeatureCaseControls& filters,
-                   const List& processList, const List& stepList)
+CaseView::CaseView(const ViewServices& services, const FeatureCaseControls& filters, const List& processList,
+                   const List& stepList)
     : featureCase(services.person, services.knowledgeBase, services.creation),
       processes(services.person, services.knowledgeBase, services.rights, services.settings, services.gridOps,
                 services.host, &featureCase),
@@ -56,6 +56,11 @@ void CaseView::show(const CaseDescription& description) {
     wantedProcess_.clear();
     wantedStep_.clear();
     if (!description.processGuid.empty()) processes.SetProcessGui(description.processGuid);
+}
+
+void CaseView::showAgain(const CaseDescription& before) {
+    featureCase.openFilters();
+    show(before);
 }
 
 CaseDescription CaseView::shown() {

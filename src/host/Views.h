@@ -35,6 +35,8 @@ class CaseView {
     void show(const CaseDescription& description);
     /// What is shown and selected now, so that it can be shown again.
     CaseDescription shown();
+    /// Shows it in a new view: filters that were open are open again, whatever was chosen in between.
+    void showAgain(const CaseDescription& before);
 
     cFeatureCase featureCase;
     cProcess processes;

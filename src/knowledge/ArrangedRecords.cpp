@@ -1,5 +1,6 @@
 #include "knowledge/ArrangedRecords.h"
 
+#include <numeric>
 #include <utility>
 
 namespace pellmark {
@@ -16,6 +17,13 @@ std::optional<std::vector<Guid>> ArrangedRecords::keys() {
     for (const std::uint32_t place : places_)
         keys.push_back(place < all->size() ? (*all)[place] : Guid{});
     return keys;
+}
+
+std::shared_ptr<RecordSet> firstRecords(std::shared_ptr<RecordSet> records, std::size_t most) {
+    if (records->count() <= most) return records;
+    std::vector<std::uint32_t> places(most);
+    std::iota(places.begin(), places.end(), 0U);
+    return std::make_shared<ArrangedRecords>(std::move(records), std::move(places));
 }
 
 std::optional<std::vector<Guid>> KeptKeys::keys() {

@@ -28,6 +28,9 @@ class ArrangedRecords : public RecordSet {
     std::vector<std::uint32_t> places_;
 };
 
+/// At most so many records from the beginning of a record set; that itself where it has no more.
+std::shared_ptr<RecordSet> firstRecords(std::shared_ptr<RecordSet> records, std::size_t most);
+
 /// A record set that is arranged again and again: its keys, which may be asked for once, are kept.
 class KeptKeys : public RecordSet {
   public:

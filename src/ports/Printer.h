@@ -17,9 +17,9 @@ struct PrinterSettings {
     std::string device;  ///< the printer's name; "" for the one that is the system's default
     int copies = 1;
     Orientation orientation = Orientation::Portrait;
-    int paperSize = 0;       ///< 9 is A4; 0 for the printer's own
-    int printQuality = 0;    ///< dots per inch, or a grade below 0; 0 for the printer's own
-    std::string driverData;  ///< what only the printer's driver understands
+    int paperSize = 0;         ///< 9 is A4; 0 for the printer's own
+    int printQuality = 0;      ///< dots per inch, or a grade below 0; 0 for the printer's own
+    std::string driverData{};  ///< what only the printer's driver understands
     bool operator==(const PrinterSettings&) const = default;
 };
 

@@ -156,6 +156,7 @@ void FrmAddEditProcess::CmdOk_Click() {
         record_.Rule = TxtRule.text();
         store();
         if (!record_.Id.empty()) storeMaterials();
+        person().layouts.SaveComboBoxIndex(CmbUnit);
         completed.raise(record_.Id);
         unload();
     });

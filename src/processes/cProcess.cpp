@@ -1,7 +1,6 @@
 #include "processes/cProcess.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include "base/Error.h"
 #include "base/Text.h"
@@ -69,7 +68,8 @@ cProcess::~cProcess() = default;
 void cProcess::Init(Grid& grid) {
     grid_ = &grid;
     layOutColumns(grid, columns(), headings());
-    hideInternal();
+    layout_.emplace(grid, person_.layouts);
+    restoreColumns();
     const auto onGrid = [this](Subscription subscription) {
         subscriptions_.push_back(std::move(subscription));
     };
@@ -123,7 +123,9 @@ HeadingText cProcess::headings() const {
     };
 }
 
-void cProcess::hideInternal() {
+void cProcess::restoreColumns() {
+    const Grid::RedrawOff off(*grid_);
+    layout_->restore();
     hideInternalColumns(*grid_, columns(), settings_.orDefault(option::kDebugMode) == 0);
 }
 
@@ -131,15 +133,9 @@ void cProcess::hideInternal() {
 
 void cProcess::RefreshList(const std::string& selectId) {
     const OneChange change(*this);
-    fillFailure_.clear();
     trap(person_.operations(), "cProcess::RefreshList", [&] {
-        try {
-            forgetRead();
-            fill(selectId);
-        } catch (const std::exception& error) {
-            fillFailure_ = error.what();
-            throw;
-        }
+        forgetRead();
+        fill(selectId);
     });
 }
 
@@ -185,17 +181,23 @@ void cProcess::refreshWhereGone() {
 }
 
 void cProcess::fill(const std::string& selectId) {
-    if (featureCase_ == nullptr) {
-        fillAll(selectId);
-    } else {
-        fillFeatureCase(selectId);
+    fillFailure_.clear();
+    try {
+        if (featureCase_ == nullptr) {
+            fillAll(selectId);
+        } else {
+            fillFeatureCase(selectId);
+        }
+    } catch (const std::exception& error) {
+        fillFailure_ = error.what();
+        throw;
     }
     grid_->setColComboList(grid_->colIndex(field::kUnit), kUnitComboList);
 }
 
 void cProcess::fillAll(const std::string& selectId) {
     grid_->bind(all_.read(arrangement_.get()));
-    hideInternal();
+    restoreColumns();
     // The first rows are on the screen before the ids of all the others are asked for.
     grid_->paintNow();
     Grid::RedrawOff off(*grid_);
@@ -209,10 +211,12 @@ void cProcess::fillFeatureCase(const std::string& selectId) {
     grid_->bind(nullptr);
     if (!ofCase_) readFeatureCase();
     if (ofCase_->count() == 0) return;
-    auto records = upToLimit(ofCase_);
+    // The limit is one of the list's own order, exact matches before partial ones, whatever is wanted of it.
+    const int most = std::max(settings_.orDefault(option::kMaxProcessReturnNum), 0);
+    auto records = firstRecords(ofCase_, static_cast<std::size_t>(most));
     if (arrangement_) records = arrangement_->arranged(records);
     grid_->bind(std::move(records));
-    hideInternal();
+    restoreColumns();
     gridOps_.SetRowDataToIds(*grid_);
     markMatches(*grid_, results_, person_.texts);
     selectProcess(selectId);
@@ -229,16 +233,6 @@ void cProcess::readFeatureCase() {
     }
     if (records->count() > 0) records->setFilter(ProcessListRecordset::unitFilter(featureCase_->GetFTUnit()));
     ofCase_ = std::move(records);
-}
-
-/// The first of the list's own order, exact matches before partial ones, whatever order is wanted of them.
-std::shared_ptr<RecordSet> cProcess::upToLimit(const std::shared_ptr<RecordSet>& records) {
-    const auto most =
-        static_cast<std::size_t>(std::max(settings_.orDefault(option::kMaxProcessReturnNum), 0));
-    if (records->count() <= most) return records;
-    std::vector<std::uint32_t> first(most);
-    std::iota(first.begin(), first.end(), 0U);
-    return std::make_shared<ArrangedRecords>(records, std::move(first));
 }
 
 void cProcess::SetOrphanColor() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "ports/HostInterfaces.h"
 #include "processes/AllProcesses.h"
 #include "settings/cQDLExtSettings.h"
+#include "util/GridLayout.h"
 #include "util/ListArrangement.h"
 #include "util/Rights.h"
 #include "util/UserInterface.h"
@@ -82,13 +84,13 @@ class cProcess {
     WindowHandle ownerWindow() const;
     std::span<const ColumnSpec> columns() const;
     HeadingText headings() const;
-    void hideInternal();
+    /// Columns as the person left them, but for the internal ones.
+    void restoreColumns();
     void keyPressed(KeyPress& key);
     void fill(const std::string& selectId);
     void fillAll(const std::string& selectId);
     void fillFeatureCase(const std::string& selectId);
     void readFeatureCase();
-    std::shared_ptr<RecordSet> upToLimit(const std::shared_ptr<RecordSet>& records);
     void forgetRead();
     void rearrange();
     void refreshWhereGone();
@@ -107,6 +109,7 @@ class cProcess {
     Grid* grid_ = nullptr;
     std::unique_ptr<ListArrangement> arrangement_;
     AllProcesses all_;
+    std::optional<GridLayout> layout_;
     std::vector<pNode> results_;
     std::shared_ptr<RecordSet> ofCase_;  ///< what is behind the rows of a feature case; null: to be read
     std::string fillFailure_;            ///< why the last fill failed, "" when it did not

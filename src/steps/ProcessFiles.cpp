@@ -105,7 +105,8 @@ std::string ProcessFiles::addStep(TechnologyObject& operation, const std::string
     return id;
 }
 
-void ProcessFiles::save(const Grid& grid, const std::string& processId, WindowHandle owner) {
+void ProcessFiles::save(const Grid& grid, const std::string& processId, const StepIds& stepIds,
+                        WindowHandle owner) {
     FileDialogRequest request;
     request.title = "Save As";
     request.filter = kSaveFilter;
@@ -115,29 +116,28 @@ void ProcessFiles::save(const Grid& grid, const std::string& processId, WindowHa
     if (!services_.dialogs.VBGetSaveFileName(request, true)) return;
     folder_ = folderOf(request.fileName);
     const std::string extension = extensionOf(request.fileName);
-    if (extension == "prc") writeProcessFile(processId, request.fileName);
+    if (extension == "prc") writeProcessFile(processId, stepIds, request.fileName);
     if (extension == "csv") saveTable(grid, request.fileName, ',', owner);
     if (extension == "txt") saveTable(grid, request.fileName, '\t', owner);
 }
 
-void ProcessFiles::writeProcessFile(const std::string& processId, const std::string& path) {
+void ProcessFiles::writeProcessFile(const std::string& processId, const StepIds& stepIds,
+                                    const std::string& path) {
     bool written = false;
     trap(services_.person.operations(), "cProcessSteps::Save",
-         [&] { written = services_.technology.write(path, operationsOf(processId)); });
+         [&] { written = services_.technology.write(path, operationsOf(processId, stepIds())); });
     if (written) return;
     services_.person.show(
         {services_.person.texts.GetString("Failed to save prc file!"), "", MessageIcon::Critical});
 }
 
-TechnologyService::OperationList ProcessFiles::operationsOf(const std::string& processId) {
+TechnologyService::OperationList ProcessFiles::operationsOf(const std::string& processId,
+                                                            const std::vector<std::string>& stepIds) {
     ProcessStepStore& store = services_.knowledgeBase.stepStore();
     const ProcessRecord process = services_.knowledgeBase.processStore().process(processId);
     TechnologyService::OperationList operations;
-    // The file holds every step in the order of the process, whatever a person has made of the list.
-    const auto steps = store.steps(process.Id);
-    const std::size_t idField = steps->requireField(field::kId);
-    for (std::size_t i = 0; i < steps->count(); ++i) {
-        const ProcessStepRecord step = store.step(steps->text(i, idField));
+    for (const std::string& id : stepIds) {
+        const ProcessStepRecord step = store.step(id);
         auto operation = services_.technology.create(step.cuttingCycleId, process.Id);
         handOver(*operation, storedValues(*store.values(step.id)), Quotes::Keep);
         // Last: a name among the values is the one that the step had when they were stored.

@@ -39,6 +39,7 @@ void cProcessSteps::Init(Grid& grid) {
             return services_.person.texts.GetString(english);
         });
         grid_->setFixedCols(1);
+        layout_.emplace(*grid_, services_.person.layouts);
     });
     listen();
     RefreshList("");
@@ -100,6 +101,7 @@ WindowHandle cProcessSteps::ownerWindow() const {
 void cProcessSteps::RefreshList(const std::string& selectId) {
     trap(services_.person.operations(), "cProcessSteps::RefreshList", [&] {
         const Grid::RedrawOff off(*grid_);
+        if (layout_) layout_->restore();
         fill(selectId);
         offerCuttingCycles();
     });
@@ -333,8 +335,25 @@ void cProcessSteps::tellImport(const ProcessFiles::Import& outcome, bool failed)
 }
 
 void cProcessSteps::Save() {
-    carryOut(services_.person, "cProcessSteps::Save",
-             [this] { files_.save(*grid_, selectedProcess(), ownerWindow()); });
+    carryOut(services_.person, "cProcessSteps::Save", [this] {
+        files_.save(
+            *grid_, selectedProcess(), [this] { return allIds(); }, ownerWindow());
+    });
+}
+
+/// A process file holds the whole process, whatever a person looks for or sorts by in the list.
+std::vector<std::string> cProcessSteps::allIds() {
+    std::vector<std::string> ids;
+    if (arrangement_ == nullptr || arrangement_->isPlain()) {
+        for (int row = grid_->fixedRows(); row < grid_->rows(); ++row)
+            ids.push_back(grid_->rowData(row));
+        return ids;
+    }
+    const auto steps = store().steps(selectedProcess());
+    const std::size_t id = steps->requireField(field::kId);
+    for (std::size_t i = 0; i < steps->count(); ++i)
+        ids.push_back(steps->text(i, id));
+    return ids;
 }
 
 void cProcessSteps::offerSelection(DragData& drag) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "steps/ProcessFiles.h"
 #include "steps/StepEdits.h"
 #include "steps/StepServices.h"
+#include "util/GridLayout.h"
 #include "util/ListArrangement.h"
 
 namespace pellmark {
@@ -73,6 +75,7 @@ class cProcessSteps {
     void decorate();
     void selectStep(const std::string& id);
     std::vector<std::string> selectedIdsBottomUp() const;
+    std::vector<std::string> allIds();
     /// From the top of the list.
     std::vector<std::string> namesOf(const std::vector<std::string>& idsBottomUp) const;
     void deleteSteps(const std::vector<std::string>& ids);
@@ -83,6 +86,7 @@ class cProcessSteps {
     StepServices services_;
     const Grid* processes_;
     Grid* grid_ = nullptr;
+    std::optional<GridLayout> layout_;
     ProcessFiles files_;
     std::unique_ptr<StepEdits> edits_;
     std::unique_ptr<ListArrangement> arrangement_;

@@ -1,6 +1,7 @@
 #include "util/Dialog.h"
 
 #include "controls/AccessKeys.h"
+#include "util/FormLayout.h"
 
 namespace pellmark {
 
@@ -15,16 +16,18 @@ constexpr Twips kGap = 100;
 Dialog::Dialog(const UserInterface& person, std::string name)
     : Form(person.desktop, std::move(name)), person_(person) {}
 
-void Dialog::addButtons(Size client, Button& ok, Button& cancel, Button& help) {
+void Dialog::addButtons(Size client, Button& ok, Button& cancel, Button& help, Button* own) {
     const Anchors lowerRight{false, false, true, true};
     Twips left = client.width - kMargin - kButton.width;
-    for (Button* button : {&help, &cancel, &ok}) {
+    for (Button* button : {&help, own, &cancel, &ok}) {
+        if (button == nullptr) continue;
         button->place({left, client.height - kMargin - kButton.height, kButton.width, kButton.height}, client,
                       lowerRight);
         left -= kButton.width + kGap;
     }
     setDefaultButton(&ok);
     setCancelButton(&cancel);
+    setHelpButton(&help);
     on(ok.clicked.subscribe([this] { accept(); }));
     on(cancel.clicked.subscribe([this] { CmdCancel_Click(); }));
     on(help.clicked.subscribe([this] { CmdHelp_Click(); }));
@@ -35,6 +38,14 @@ void Dialog::translateButtons(Button& ok, Button& cancel, Button& help) {
     cancel.setCaption(GetString("Cancel"));
     help.setCaption(GetString("Help"));
     assignAccessKeys(*this);
+}
+
+void Dialog::restoreLayout() {
+    restoreFormLayout(*this, person_.layouts);
+}
+
+void Dialog::Form_QueryUnload() {
+    saveFormLayout(*this, person_.layouts);
 }
 
 void Dialog::CmdHelp_Click() {

@@ -10,8 +10,9 @@
 
 namespace pellmark {
 
-/// What the modal dialogs share: OK, Cancel and Help, and what becomes of their errors. A failure is shown
-/// and traced, and the dialog stays open with all input; calls already made stay done.
+/// What the modal dialogs share: OK, Cancel and Help, what becomes of their errors, and that each opens as it
+/// was left. A failure is shown and traced, and the dialog stays open with all input; calls already made stay
+/// done.
 class Dialog : public Form {
   public:
     void CmdCancel_Click() { unload(); }
@@ -22,9 +23,12 @@ class Dialog : public Form {
 
     const UserInterface& person() const { return person_; }
     std::string GetString(const std::string& english) const { return person_.texts.GetString(english); }
-    /// Places the three buttons at the lower right of a client area of this size, and wires them.
-    void addButtons(Size client, Button& ok, Button& cancel, Button& help);
+    /// Places the buttons at the lower right of a client area of this size, and wires the three. One of the
+    /// dialog's own may stand before the last.
+    void addButtons(Size client, Button& ok, Button& cancel, Button& help, Button* own = nullptr);
     virtual void accept() = 0;
+    void restoreLayout() override;
+    void Form_QueryUnload() override;
     /// The captions of the buttons in the language of the current call, then the access keys of all captions.
     void translateButtons(Button& ok, Button& cancel, Button& help);
 

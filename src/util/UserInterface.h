@@ -5,6 +5,7 @@
 #include "base/Geometry.h"
 #include "base/Operations.h"
 #include "ports/Desktop.h"
+#include "settings/cRegDefaults.h"
 #include "util/Texts.h"
 
 namespace pellmark {
@@ -16,11 +17,13 @@ class HelpLauncher {
     virtual void openHelp(WindowHandle owner) = 0;
 };
 
-/// What everything that meets a person needs: a screen, its language and its help. The parts are borrowed.
+/// What everything that meets a person needs: a screen, its language, its help, and how that person left it
+/// all the last time. The parts are borrowed.
 struct UserInterface {
     Desktop& desktop;
     Texts& texts;
     HelpLauncher& help;
+    cRegDefaults& layouts;
 
     const Operations& operations() const { return desktop.operations(); }
     /// Shows a box; without a title it bears the title of the current call.

@@ -7,6 +7,7 @@
 #include "controls/Form.h"
 #include "controls/grid/SelectionText.h"
 #include "knowledge/Records.h"
+#include "util/FrmFormatColumns.h"
 
 namespace pellmark {
 
@@ -99,19 +100,6 @@ void cVSGridOps::InverseSelection(Grid& grid) {
     if (next < grid.rows()) grid.setSelected(next, grid.rows() - 1, true);
 }
 
-void cVSGridOps::SetGrids(const Grid& source, Grid& target) {
-    const Grid::RedrawOff off(target);
-    std::vector<Grid::ColPosition> positions;
-    for (int col = 0; col < source.cols(); ++col) {
-        const int same = target.colIndex(source.colKey(col));
-        if (same < 0) continue;
-        target.setColWidth(same, source.colWidth(col));
-        target.setColHidden(same, source.colHidden(col));
-        positions.push_back({same, source.colPosition(col)});
-    }
-    target.setColPositions(std::move(positions));
-}
-
 void cVSGridOps::SetStatusBarText(const Grid& grid, StatusBar& statusBar) {
     constexpr std::size_t kPanel = 1;
     std::string text;
@@ -154,6 +142,25 @@ std::string cVSGridOps::SaveSelectionAsDelimitedFile(const Grid& grid, const std
     services_.fileIO.WriteFile(path,
                                text);  // which traces why it could not: the text is of use without the file
     return text;
+}
+
+void cVSGridOps::FormatColumns(Grid& grid, const Form& owner) {
+    carryOut(services_.person, "cVSGridOps::FormatColumns",
+             [&] { FrmFormatColumns(services_.person, grid).showModal(owner.handle()); });
+}
+
+void cVSGridOps::SetGrids(const Grid& source, Grid& target) {
+    const Grid::RedrawOff off(target);
+    std::vector<Grid::ColPosition> positions;
+    for (int col = 0; col < source.cols(); ++col) {
+        const int same = target.colIndex(source.colKey(col));
+        if (same < 0) continue;
+        positions.push_back({same, source.colPosition(col)});
+        target.setColWidth(same, source.colWidth(col));
+        target.setColHidden(same, source.colHidden(col));
+    }
+    target.setColPositions(std::move(positions));
+    if (source.widthsChosen()) target.setWidthsChosen(true);
 }
 
 void cVSGridOps::CopySelection(Grid& grid) {

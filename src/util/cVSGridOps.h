@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/Form.h"
 #include "controls/StatusBar.h"
 #include "controls/grid/Grid.h"
 #include "ports/Clipboard.h"
@@ -56,8 +57,6 @@ class cVSGridOps {
     bool ContiguousSelection(const Grid& grid);
     /// Selects the data rows that are not selected, and no others.
     void InverseSelection(Grid& grid);
-    /// Gives the target's columns the places, widths and visibility of the source's columns of the same keys.
-    void SetGrids(const Grid& source, Grid& target);
     /// Says in the second panel which row of how many is current; clears it when there are none.
     void SetStatusBarText(const Grid& grid, StatusBar& statusBar);
     /// Gives every data row the text of the identifier column as its row data.
@@ -70,6 +69,11 @@ class cVSGridOps {
     /// Writes that text into a file and returns it. Where the file cannot be written the trace says why.
     std::string SaveSelectionAsDelimitedFile(const Grid& grid, const std::string& path,
                                              const std::string& separator);
+
+    /// Lets the person choose which columns the grid shows, in a dialog over the owner.
+    void FormatColumns(Grid& grid, const Form& owner);
+    /// Gives the target's columns the places, widths and visibility of the source's columns of the same keys.
+    void SetGrids(const Grid& source, Grid& target);
 
     /// Puts the selected rows on the clipboard as they are seen: visible columns and shown texts under their
     /// headings, as text and as an HTML table. Leaves the clipboard alone when nothing is selected. A person

@@ -212,5 +212,6 @@ TEST_P(RegistryContract, EnvironmentReferencesAreReplacedWhereTheyAreKnown) {
 INSTANTIATE_TEST_SUITE_P(Memory, RegistryContract, ::testing::Values(&makeMemory));
 INSTANTIATE_TEST_SUITE_P(Memory, CRegistryContract, ::testing::Values(&makeMemory));
 INSTANTIATE_TEST_SUITE_P(Memory, CQDLExtSettingsContract, ::testing::Values(&makeMemory));
+INSTANTIATE_TEST_SUITE_P(Memory, CRegDefaultsContract, ::testing::Values(&makeMemory));
 
 }  // namespace pellmark::test

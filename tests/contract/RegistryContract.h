@@ -10,9 +10,11 @@
 #include "ports/CodePage.h"
 #include "ports/Registry.h"
 #include "settings/cQDLExtSettings.h"
+#include "settings/cRegDefaults.h"
 #include "settings/cRegistry.h"
 #include "support/MemoryFileSystem.h"
 #include "support/RecordingTrace.h"
+#include "support/ScriptedDesktop.h"
 
 namespace pellmark::test {
 
@@ -81,6 +83,41 @@ class CQDLExtSettingsContract : public RegistryHarness {
     MemoryFileSystem files;
     RecordingTrace trace;
     cQDLExtSettings settings{registry(), codePage(), files, "Norvex", trace};
+};
+
+/// The layout store over the port, and a form with one of each thing whose layout it keeps.
+class CRegDefaultsContract : public RegistryHarness {
+  protected:
+    class SampleForm : public Form {
+      public:
+        explicit SampleForm(Desktop& desktop) : Form(desktop, "FrmSample") { setClientSize({6000, 4000}); }
+        using Form::setBorderStyle;
+    };
+    static constexpr char kBase[] = "Software\\Orvane\\Applications\\Process Manager\\";
+    static constexpr char kDialog[] =
+        "Software\\Orvane\\Applications\\Process Manager\\DialogSettings\\FrmSample\\";
+    static constexpr char kGrid[] =
+        "Software\\Orvane\\Applications\\Process Manager\\GridDefaults\\FrmSample\\VSFG\\";
+
+    CRegDefaultsContract();
+    std::int32_t number(const std::string& path, const std::string& name);
+    std::string text(const std::string& path, const std::string& name);
+    void storeNumber(const std::string& path, const std::string& name, std::int32_t number);
+    void storeText(const std::string& path, const std::string& name, const std::string& text);
+    void saveAll();
+    void restoreAll();
+
+    RecordingTrace trace;
+    Operations operations{trace};
+    ScriptedDesktop desktop{operations};
+    cRegDefaults layouts{registry(), codePage(), "Norvex", "Process Manager", trace};
+    SampleForm form{desktop};
+    ComboBox combo{form, "CmbUnit"};
+    TextBox box{form, "TxtName"};
+    ListView list{form, "LV1"};
+    ListView otherList{form, "LV2"};
+    Grid grid{form, "VSFG"};
+    Toolbar toolbar{"Tools"};
 };
 
 }  // namespace pellmark::test

@@ -116,6 +116,14 @@ class Desktop:
         """A report list of any length: {count, selected, focused}, the last being a row's index or -1."""
         return self.ask(f"rows {window.handle}")
 
+    def ticks(self, window):
+        """A list with check boxes: whether each row is ticked."""
+        return self.ask(f"ticks {window.handle}")
+
+    def forget_layouts(self):
+        """Windows, columns and filters are as on the first day."""
+        self.ask("forget")
+
     def tabs(self, window):
         return self.ask(f"tabs {window.handle}")
 

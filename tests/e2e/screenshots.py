@@ -1,4 +1,7 @@
-"""Writes pictures of the workbench: one file shows the main views side by side, a folder gets a picture per view."""
+"""Writes pictures of the workbench: one file shows the main views one above the other, a folder gets a picture per view.
+
+    screenshots.py TARGET [LANGUAGE]      the language by its number, as Workbench.exe takes it
+"""
 
 import pathlib
 import subprocess
@@ -12,12 +15,16 @@ from workbench import Workbench
 
 
 class Album:
-    """The pictures taken so far, in a folder, in their order."""
+    """The pictures taken so far, in a folder, in their order, in one language."""
 
-    def __init__(self, desktop, folder):
+    def __init__(self, desktop, folder, language):
         self._desktop = desktop
+        self._options = ("--language", language)
         self.folder = pathlib.Path(folder)
         self.paths = []
+
+    def workbench(self):
+        return Workbench(self._desktop, "processes", self._options)
 
     def add(self, name, window):
         # The pointer must not stand on a control that would look pressed or lit.
@@ -29,18 +36,18 @@ class Album:
 
 
 def take_processes_view(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         album.add("processes-view", workbench.refresh())
 
 
 def take_case_view(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         describe_case(desktop, workbench)
         album.add("process-case-view", workbench.refresh())
 
 
 def take_process_menu(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         rows = desktop.rows(workbench.process_list())["rows"]
         desktop.click(desktop.row_middle(rows[3]), button=3)
         desktop.one("#32768")
@@ -48,13 +55,13 @@ def take_process_menu(desktop, album):
 
 
 def take_process_dialog(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         desktop.double_click(desktop.row_middle(desktop.rows(workbench.process_list())["rows"][5]))
         album.add("process-dialog", workbench.dialog())
 
 
 def take_delete_question(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         desktop.click(desktop.row_middle(desktop.rows(workbench.process_list())["rows"][3]))
         desktop.key("Delete")
         workbench.dialog()
@@ -62,7 +69,7 @@ def take_delete_question(desktop, album):
 
 
 def take_host_dialog(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         desktop.click(workbench.lists()[0].middle)
         desktop.key("ctrl+2")
         album.add("case-description", desktop.one("#32770"))
@@ -78,24 +85,47 @@ def open_case_menu(desktop, workbench):
 
 
 def take_case_menu(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         open_case_menu(desktop, workbench)
         album.add("case-menu", workbench.refresh())
 
 
 def take_members_dialog(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         open_case_menu(desktop, workbench)
         desktop.key(*["Down"] * 3, "Return")
         album.add("process-members", workbench.dialog())
 
 
+def take_materials_dialog(desktop, album):
+    with album.workbench() as workbench:
+        desktop.click(desktop.row_middle(desktop.rows(workbench.process_list())["rows"][3]))
+        desktop.key("ctrl+m")
+        album.add("process-materials", workbench.dialog())
+
+
+def open_step_menu(desktop, workbench):
+    """The context menu of the first step of a process of the described case."""
+    describe_case(desktop, workbench)
+    steps = wait_for("the lists of the case", lambda: workbench.lists()[2:3])[0]
+    row = wait_for("the steps", lambda: desktop.rows(steps)["rows"][:1])[0]
+    desktop.click(desktop.row_middle(row), button=3)
+    desktop.one("#32768")
+
+
+def take_step_menu(desktop, album):
+    with album.workbench() as workbench:
+        open_step_menu(desktop, workbench)
+        album.add("step-menu", workbench.refresh())
+
+
 def take_picker(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         desktop.click(workbench.lists()[0].middle)
-        desktop.key("alt+k")
+        # The third menu, its first item: the letters differ from language to language.
+        desktop.key("F10", "Right", "Right", "Return")
         desktop.one("#32768")
-        desktop.key("p")
+        desktop.key("Return")
         fill_case(desktop, case_dialog(desktop))
         album.add("process-pick", workbench.dialog())
 
@@ -112,7 +142,7 @@ def show_bearing_seat(desktop, workbench):
 
 
 def take_steps(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         show_bearing_seat(desktop, workbench)
         album.add("steps-by-source", workbench.refresh())
 
@@ -123,7 +153,7 @@ def host_window(desktop):
 
 
 def take_technology(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         steps = show_bearing_seat(desktop, workbench)
         Mouse(desktop).command(steps, STEP_MENU, "New...")
         dialog = workbench.dialog()
@@ -133,28 +163,29 @@ def take_technology(desktop, album):
 
 
 def take_wizard(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         steps = show_bearing_seat(desktop, workbench)
         mouse = Mouse(desktop)
         mouse.select(steps, 1)
         mouse.command(steps, STEP_MENU, "Edit...")
         wizard = host_window(desktop)
         album.add("step-wizard-tool", wizard)
-        mouse.press(wizard, "Next >")
-        wait_for("the second page", lambda: any("2 of 3" in window.text for window in desktop.windows()))
+        desktop.key("Return")
+        wait_for("the second page", lambda: any("2 / 3" in window.text for window in desktop.windows()))
         album.add("step-wizard-speeds", wizard)
 
 
 SCENES = [take_processes_view, take_case_view, take_process_menu, take_process_dialog, take_delete_question,
-          take_host_dialog, take_case_menu, take_members_dialog, take_picker, take_steps, take_technology,
-          take_wizard]
+          take_host_dialog, take_case_menu, take_members_dialog, take_picker, take_materials_dialog, take_step_menu,
+          take_steps, take_technology, take_wizard]
 
 
 def main():
     target = sys.argv[1]
+    language = sys.argv[2] if len(sys.argv) > 2 else "1"
     single = not (target.endswith("/") or pathlib.Path(target).is_dir())
     with Desktop() as desktop, tempfile.TemporaryDirectory() as scratch:
-        album = Album(desktop, scratch if single else target)
+        album = Album(desktop, scratch if single else target, language)
         for scene in SCENES[:2] if single else SCENES:
             scene(desktop, album)
         if single:

@@ -135,7 +135,7 @@ class AWorkingDay(StepsTest):
         self.hands.press(wizard, "Next >")
         self.set_parameter(wizard, "Spindle speed", "1234")
         self.hands.press(wizard, "Next >")
-        wait_for("the last page", lambda: any("3 of 3" in window.text for window in self.desktop.windows()))
+        wait_for("the last page", lambda: any("3 / 3" in window.text for window in self.desktop.windows()))
         self.hands.press(wizard, "Finish")
         self.desktop.gone(wizard)
         wait_for("the value in the store", lambda: len(self.workbench.query(VALUES)) > len(before))

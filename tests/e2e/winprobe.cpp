@@ -7,6 +7,8 @@
 //   rows HWND     a report list: how many rows there are, how many are selected, which one is focused
 //   tabs HWND     a tab strip: the rectangle of each tab and which one is selected
 //   combo HWND    a combo box: its entries
+//   ticks HWND    a list with check boxes: whether each row is ticked
+//   forget        removes the layouts that the component has stored for this user
 //   choices HWND  a list box: its entries and the rectangle of each
 #include <windows.h>
 
@@ -222,6 +224,21 @@ std::string rows(HWND window) {
     return out.str();
 }
 
+std::string ticks(HWND window) {
+    const int count = static_cast<int>(ask(window, LVM_GETITEMCOUNT));
+    std::string out;
+    for (int row = 0; row < count; ++row) {
+        const auto state = ask(window, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK);
+        out += std::string(row > 0 ? "," : "") + (state == INDEXTOSTATEIMAGEMASK(2) ? "true" : "false");
+    }
+    return '[' + out + ']';
+}
+
+std::string forget() {
+    const LSTATUS outcome = RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Orvane\\Applications");
+    return std::to_string(outcome);
+}
+
 std::string tabs(HWND window) {
     const RemoteMemory memory(window, kTextOffset + sizeof(TextBuffer));
     const int count = static_cast<int>(ask(window, TCM_GETITEMCOUNT));
@@ -277,6 +294,8 @@ std::string answer(const std::string& line) {
     if (command == "tree") return tree();
     if (command == "list") return list(window);
     if (command == "rows") return rows(window);
+    if (command == "ticks") return ticks(window);
+    if (command == "forget") return forget();
     if (command == "tabs") return tabs(window);
     if (command == "combo") return combo(window);
     if (command == "choices") return choices(window);

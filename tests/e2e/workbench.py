@@ -44,6 +44,7 @@ class Workbench:
         self.window = None
 
     def __enter__(self):
+        self.desktop.forget_layouts()
         if self._more_processes:
             self._start("none")
             self.kill()
@@ -130,6 +131,14 @@ class Workbench:
             return connection.execute(sql, values).fetchall()
         finally:
             connection.close()
+
+    def restart(self):
+        """Ends the program through its menu, and starts it again on the same knowledge base."""
+        self.desktop.key("alt+f")
+        self.desktop.one("#32768")
+        self.desktop.key("x")
+        self.wait_for_end()
+        self._start(self._view)
 
     def wait_for_end(self):
         """The program's exit code, once it has ended by itself."""

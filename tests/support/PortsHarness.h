@@ -22,7 +22,7 @@
 
 namespace pellmark::test {
 
-/// Keeps what was asked of the help viewer.
+/// Keeps what was asked of the help viewer, and fails where a test says so.
 class RecordingHelp : public HelpViewer {
   public:
     struct Opened {
@@ -30,13 +30,22 @@ class RecordingHelp : public HelpViewer {
         std::string file;
         std::string topic;
     };
-    void openContext(WindowHandle owner, const std::string& file, std::int32_t context) override {
+    bool openContext(WindowHandle owner, const std::string& file, std::int32_t context) override {
         opened.push_back({owner, file, std::to_string(context)});
+        return shows;
     }
-    void openContext(WindowHandle owner, const std::string& file, const std::string& topic) override {
+    bool openContext(WindowHandle owner, const std::string& file, const std::string& topic) override {
         opened.push_back({owner, file, "text " + topic});
+        return shows;
+    }
+    bool openPage(WindowHandle, const std::string& page) override {
+        pages.push_back(page);
+        return hasBrowser;
     }
     std::vector<Opened> opened;
+    std::vector<std::string> pages;
+    bool shows = true;
+    bool hasBrowser = true;
 };
 
 /// All ports of a component, faked, over an empty knowledge base.
@@ -47,8 +56,10 @@ struct PortsHarness {
     void set(const std::string& option, const std::string& value) {
         registry.setText(Registry::kCurrentUser, kSettings, option, value);
     }
-    Platform platform() {
-        return {desktop,       registry,  codePage, files,   idle,       help,           fileDialogs,
+    Platform platform() { return platformOn(desktop); }
+    /// The same with another screen.
+    Platform platformOn(Desktop& screen) {
+        return {screen,        registry,  codePage, files,   idle,       help,           fileDialogs,
                 systemDialogs, clipboard, printer,  library, operations, "C:\\Pellmark", "Norvex"};
     }
 

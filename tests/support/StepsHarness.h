@@ -136,7 +136,8 @@ struct StepsHarness {
     std::map<std::string, std::string> translations;
     Texts texts{operations};
     Help help;
-    UserInterface person{desktop, texts, help};
+    cRegDefaults layouts{registry, codePage, "Norvex", "Norvex - Process Manager", trace};
+    UserInterface person{desktop, texts, help, layouts};
     Rights rights{base, person};
     cFileIO fileIO{files, codePage, idle, trace};
     cQDLExtSettings settings{registry, codePage, files, "Norvex", trace};

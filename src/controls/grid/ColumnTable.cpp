@@ -29,6 +29,7 @@ void layOutColumns(Grid& grid, std::span<const ColumnSpec> columns, const Headin
     int col = 0;
     for (const ColumnSpec& column : columns)
         grid.setColWidth(col++, column.width);
+    grid.setWidthsChosen(false);
 }
 
 void hideInternalColumns(Grid& grid, std::span<const ColumnSpec> columns, bool hidden) {

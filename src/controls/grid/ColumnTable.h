@@ -21,7 +21,7 @@ struct ColumnSpec {
 /// What a person sees of an English heading.
 using HeadingText = std::function<std::string(const std::string& english)>;
 
-/// Gives a grid these columns, with their headings, keys, lists and widths.
+/// Gives a grid these columns, with their headings, keys, lists and widths; nobody has chosen others yet.
 void layOutColumns(Grid& grid, std::span<const ColumnSpec> columns, const HeadingText& heading);
 
 /// The headings, keys and lists alone: widths, order and visibility stay as a person left them.

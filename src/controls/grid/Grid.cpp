@@ -64,6 +64,12 @@ void Grid::setColWidth(int col, Twips width) {
     notify({What::Columns});
 }
 
+void Grid::setWidthsChosen(bool chosen) {
+    if (widthsChosen_ == chosen) return;
+    widthsChosen_ = chosen;
+    notify({What::Columns});
+}
+
 void Grid::setColHidden(int col, bool hidden) {
     if (columns_.at(col).hidden == hidden) return;
     columns_.at(col).hidden = hidden;
@@ -121,8 +127,17 @@ void Grid::setSortMark(const SortMark& mark) {
 }
 
 void Grid::userResizedColumn(int col, Twips width) {
-    setColWidth(col, width);
+    {
+        const RedrawOff off(*this);
+        setColWidth(col, width);
+        setWidthsChosen(true);
+    }
     colResized.raise(col);
+}
+
+void Grid::userTookWidth(int col, Twips width) {
+    columns_.at(col).width = std::max(width, 0);
+    widthsChosen_ = true;
 }
 
 void Grid::userMovedColumn(int col, int position) {
@@ -276,6 +291,12 @@ void Grid::removeRow(int row) {
 
 // --- appearance
 // ----------------------------------------------------------------------------------------------
+
+void Grid::setFont(const Font& font) {
+    if (font_ == font) return;
+    font_ = font;
+    notify({What::Font});
+}
 
 CellStyle Grid::style(int row, int col) const {
     return isDataRow(row) ? styles_.at(slotOf(row), col) : CellStyle{};

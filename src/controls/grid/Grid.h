@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/Font.h"
 #include "controls/Control.h"
 #include "controls/KeyPress.h"
 #include "controls/grid/CellStyles.h"
@@ -80,6 +81,10 @@ class Grid : public Control {
     const std::string& heading(int col) const { return columns_.at(col).heading; }
     Twips colWidth(int col) const { return columns_.at(col).width; }
     void setColWidth(int col, Twips width);
+    /// True once a person has chosen widths, now or in a layout that has been restored. Until then the window
+    /// may draw the last column as far as there is room, whatever its width.
+    bool widthsChosen() const { return widthsChosen_; }
+    void setWidthsChosen(bool chosen);
     bool colHidden(int col) const { return columns_.at(col).hidden; }
     void setColHidden(int col, bool hidden);
     /// Where the column stands on the screen, from 0.
@@ -137,6 +142,9 @@ class Grid : public Control {
     void removeRow(int row);
 
     // --- appearance --------------------------------------------------------------------------------------
+    /// What cells and headings are written in. A name or size left open is that of the form.
+    const Font& font() const { return font_; }
+    void setFont(const Font& font);
     CellStyle style(int row, int col) const;
     void setForeColor(int row, int col, Color color);
     void setBackColor(int row, int col, Color color);
@@ -231,6 +239,9 @@ class Grid : public Control {
     // --- what a person does, called by the peer ----------------------------------------------------------
     void userResizedColumn(int col, Twips width);
     void userMovedColumn(int col, int position);
+    /// A column that is drawn wider than its width gets that width, now that the person arranges the columns:
+    /// what is kept is what is seen. The window, which shows it so already, is told of nothing.
+    void userTookWidth(int col, Twips width);
 
   private:
     struct Block {
@@ -271,6 +282,8 @@ class Grid : public Control {
     bool activeLook_ = true;
     HeldChanges held_;
     SortMark sortMark_;
+    bool widthsChosen_ = false;
+    Font font_;
     struct Current {
         int row = -1;
         std::string data;

@@ -14,7 +14,7 @@ struct SortMark {
 
 /// What about the grid the peer must show anew.
 struct GridChange {
-    enum class What { Cells, Rows, Columns, Selection, Current, Scroll, Top, All };
+    enum class What { Cells, Rows, Columns, Selection, Current, Scroll, Top, Font, All };
     What what = What::All;
     int row = -1;  ///< for Cells, Selection, Scroll and Top: the row, -1 for all
 };

@@ -67,6 +67,12 @@ void ListView::userResizedColumn(int col, Twips width) {
     columnResized.raise(col);
 }
 
+void ListView::setFont(const Font& font) {
+    if (font_ == font) return;
+    font_ = font;
+    notify({What::Font});
+}
+
 // --- items -----------------------------------------------------------------------------------------------
 
 const ListItem& ListView::item(int index) const {

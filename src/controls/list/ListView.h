@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/Font.h"
 #include "controls/Control.h"
 
 namespace pellmark {
@@ -28,7 +29,7 @@ enum class SortOrder { Ascending, Descending };
 
 /// What about a list the peer must show anew.
 struct ListChange {
-    enum class What { Items, Columns, Selection, Current, Scroll, All };
+    enum class What { Items, Columns, Selection, Current, Scroll, Font, All };
     What what = What::All;
     int index = -1;  ///< for Selection, Current and Scroll: the item, -1 for all or none
 };
@@ -50,6 +51,11 @@ class ListView : public Control {
     void setColumnWidth(int col, Twips width);
     /// What the form's layout would give the column: taken as long as nobody has chosen a width.
     void suggestColumnWidth(int col, Twips width);
+
+    // --- appearance --------------------------------------------------------------------------------------
+    /// What items and headings are written in. A name or size left open is that of the form.
+    const Font& font() const { return font_; }
+    void setFont(const Font& font);
 
     // --- items -------------------------------------------------------------------------------------------
     int count() const { return static_cast<int>(slotOfKey_.size()); }
@@ -144,6 +150,7 @@ class ListView : public Control {
     void redrawOn();
 
     std::vector<ColumnHeader> columns_;
+    Font font_;
     std::vector<Slot> slots_;  ///< in the order of adding; removed ones stay as holes for a while
     std::unordered_map<std::string, std::uint32_t> slotOfKey_;  ///< by lower-case key
     std::optional<std::uint32_t> current_;

@@ -118,6 +118,9 @@ bool DialogKeys::isNavigationKey(const MSG& message) const {
         case VK_ESCAPE:
             return !isOpenList && (isPeer || (code & DLGC_WANTALLKEYS) == 0) && !form_.isEmbedded() &&
                    !(control != nullptr && control->takesEscape());
+        case VK_F1:
+            return static_cast<Form*>(form_.control())->helpButton() != nullptr && !isDown(VK_SHIFT) &&
+                   !isDown(VK_CONTROL);
         default:
             return false;
     }
@@ -150,6 +153,9 @@ void DialogKeys::performKey(const MSG& message) {
             break;
         case VK_ESCAPE:
             form_.keyboard().pressEscape();
+            break;
+        case VK_F1:
+            form_.keyboard().pressHelp();
             break;
         case VK_PRIOR:
             form_.keyboard().stepPage(-1);

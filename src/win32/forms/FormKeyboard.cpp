@@ -71,6 +71,10 @@ void FormKeyboard::pressEscape() {
     if (model() != nullptr && !form_.isEmbedded()) model()->close();
 }
 
+void FormKeyboard::pressHelp() {
+    if (model() != nullptr && model()->helpButton() != nullptr) model()->helpButton()->click();
+}
+
 ControlPeer* FormKeyboard::focused() const {
     const HWND focus = ::GetFocus();
     return focus != nullptr && ::IsChild(form_.window(), focus) ? ControlPeer::around(focus) : nullptr;

@@ -28,6 +28,7 @@ class FormKeyboard {
     // --- keys --------------------------------------------------------------------------------------------
     void pressEnter(HWND focused);
     void pressEscape();
+    void pressHelp();
     /// Moves the keyboard to the next control or the one before.
     void stepFocus(int by);
     void stepAmongSiblings(int by);

@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "base/Error.h"
+#include "controls/ScreenPlace.h"
 #include "win32/WideText.h"
 #include "win32/forms/PopupMenu.h"
 
@@ -21,14 +22,33 @@ RECT workAreaAt(const RECT& rect) {
     return info.rcWork;
 }
 
-/// Moves a window's rectangle so far into the screen that its caption can be reached.
-RECT broughtIntoView(RECT rect) {
-    const RECT work = workAreaAt(rect);
-    const LONG width = rect.right - rect.left;
-    const LONG height = rect.bottom - rect.top;
-    const LONG left = std::max(work.left, std::min(rect.left, work.right - width));
-    const LONG top = std::max(work.top, std::min(rect.top, work.bottom - height));
-    return {left, top, left + width, top + height};
+/// In pixels, like all rectangles of the screen here.
+Rect asRect(const RECT& rect) {
+    return {static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right - rect.left),
+            static_cast<int>(rect.bottom - rect.top)};
+}
+
+BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC, RECT*, LPARAM areas) {
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    if (::GetMonitorInfoW(monitor, &info))
+        reinterpret_cast<std::vector<Rect>*>(areas)->push_back(asRect(info.rcWork));
+    return TRUE;
+}
+
+/// What of each screen the task bar leaves.
+std::vector<Rect> workAreas() {
+    std::vector<Rect> areas;
+    ::EnumDisplayMonitors(nullptr, nullptr, &addWorkArea, reinterpret_cast<LPARAM>(&areas));
+    return areas;
+}
+
+/// A window that a person has placed stays there as long as there is a screen under its caption.
+RECT broughtIntoView(const RECT& rect, bool placedByAPerson) {
+    const Rect window = asRect(rect);
+    const std::vector<Rect> areas = workAreas();
+    const Rect at = placedByAPerson && isWithinReach(window, areas) ? window : movedOntoScreen(window, areas);
+    return {at.left, at.top, at.right(), at.bottom()};
 }
 
 }  // namespace
@@ -88,6 +108,12 @@ RECT FormWindow::outerRect(Size client) const {
     return {0, 0, outer.right - outer.left, outer.bottom - outer.top};
 }
 
+/// Places on the screen are measured alike wherever they are, sizes as the screen below the window has it: a
+/// window that was left on a finer screen must come back there.
+Scale FormWindow::screenScale() const {
+    return Scale(surroundings_->dpiOf(::GetDesktopWindow()));
+}
+
 RECT FormWindow::placement() const {
     RECT outer = outerRect(model()->clientSize());
     const Rect& saved = model()->bounds();
@@ -95,7 +121,8 @@ RECT FormWindow::placement() const {
         outer.right = scale_.pixels(saved.width);
         outer.bottom = scale_.pixels(saved.height);
     }
-    ::OffsetRect(&outer, scale_.pixels(saved.left), scale_.pixels(saved.top));
+    const Scale screen = screenScale();
+    ::OffsetRect(&outer, screen.pixels(saved.left), screen.pixels(saved.top));
     return outer;
 }
 
@@ -174,7 +201,8 @@ void FormWindow::keepPlace() {
     RECT at{};
     ::GetWindowRect(window(), &at);
     const bool wasSettled = std::exchange(settled_, false);
-    model()->setBounds({scale_.twips(static_cast<int>(at.left)), scale_.twips(static_cast<int>(at.top)),
+    const Scale screen = screenScale();
+    model()->setBounds({screen.twips(static_cast<int>(at.left)), screen.twips(static_cast<int>(at.top)),
                         scale_.twips(static_cast<int>(at.right - at.left)),
                         scale_.twips(static_cast<int>(at.bottom - at.top))});
     settled_ = wasSettled;
@@ -284,7 +312,7 @@ void FormWindow::showAbove(HWND owner, const std::function<void(ModalLoop&)>& ru
         ::OffsetRect(&at, (above.left + above.right - at.left - at.right) / 2,
                      (above.top + above.bottom - at.top - at.bottom) / 2);
     }
-    at = broughtIntoView(at);
+    at = broughtIntoView(at, saved != Rect{});
     ::SetWindowPos(window(), HWND_TOP, at.left, at.top, at.right - at.left, at.bottom - at.top,
                    SWP_FRAMECHANGED);
     arrange();
@@ -292,6 +320,7 @@ void FormWindow::showAbove(HWND owner, const std::function<void(ModalLoop&)>& ru
     const bool maximized =
         model()->windowState() == WindowState::Maximized && model()->borderStyle() == BorderStyle::Sizable;
     ::ShowWindow(window(), maximized ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
+    keepPlace();  // which may be another one than the model asked for
     ::SetActiveWindow(window());
     keyboard_.enter();
     const HWND handle = window();

@@ -70,6 +70,7 @@ class FormWindow : public ContainerPeer {
     void keepPlace();
     void limitSize(MINMAXINFO& limits) const;
     RECT outerRect(Size client) const;
+    Scale screenScale() const;
 
     std::shared_ptr<Surroundings> surroundings_;
     Scale scale_;

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "controls/Form.h"
 #include "win32/controls/ButtonPeer.h"
+#include "win32/controls/CheckListPeer.h"
 #include "win32/controls/ComboBoxPeer.h"
 #include "win32/controls/FramePeer.h"
 #include "win32/controls/LabelPeer.h"
@@ -23,6 +24,8 @@ std::unique_ptr<ControlPeer> makePeer(FormWindow& form, Control& control, HWND p
             return std::make_unique<TextBoxPeer>(form, static_cast<TextBox&>(control), parent);
         case Control::Kind::ComboBox:
             return std::make_unique<ComboBoxPeer>(form, static_cast<ComboBox&>(control), parent);
+        case Control::Kind::CheckList:
+            return std::make_unique<CheckListPeer>(form, static_cast<CheckList&>(control), parent);
         case Control::Kind::Frame:
             return std::make_unique<FramePeer>(form, static_cast<Frame&>(control), parent);
         case Control::Kind::TabStrip:

@@ -1,6 +1,11 @@
 #include "win32/forms/Surroundings.h"
 
+#include <algorithm>
+#include <cmath>
+#include <iterator>
 #include <string>
+
+#include "win32/WideText.h"
 
 namespace pellmark {
 
@@ -56,6 +61,24 @@ FontHandle Surroundings::messageFont(int dpi) const {
         metrics.lfMessageFont.lfHeight = ::MulDiv(metrics.lfMessageFont.lfHeight, dpi, systemDpi());
     }
     return FontHandle(::CreateFontIndirectW(&metrics.lfMessageFont));
+}
+
+FontHandle Surroundings::fontOf(const Font& font, int dpi) const {
+    constexpr double kPointsPerInch = 72;
+    FontHandle base = messageFont(dpi);
+    LOGFONTW description{};
+    if (::GetObjectW(base.get(), sizeof description, &description) == 0) return base;
+    if (!font.name.empty()) {
+        const std::wstring name = toWide(font.name);
+        const std::size_t length = std::min(name.size(), std::size(description.lfFaceName) - 1);
+        description.lfFaceName[name.copy(description.lfFaceName, length)] = L'\0';
+    }
+    if (font.size > 0) description.lfHeight = -std::lround(font.size * dpi / kPointsPerInch);
+    if (font.bold) description.lfWeight = FW_BOLD;
+    if (font.italic) description.lfItalic = TRUE;
+    description.lfStrikeOut = font.strikethrough ? TRUE : FALSE;
+    description.lfUnderline = font.underline ? TRUE : FALSE;
+    return FontHandle(::CreateFontIndirectW(&description));
 }
 
 const wchar_t* Surroundings::containerClass() const {

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "base/Font.h"
 #include "base/Operations.h"
 #include "win32/ActivationContext.h"
 #include "win32/Handles.h"
@@ -32,6 +33,8 @@ class Surroundings {
 
     /// The system's message font at that resolution.
     FontHandle messageFont(int dpi) const;
+    /// That font, where a font leaves name or size open.
+    FontHandle fontOf(const Font& font, int dpi) const;
 
     /// Class names of windows of our own. They are registered again where another component of the same
     /// process has taken them away.

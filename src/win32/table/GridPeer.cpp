@@ -78,9 +78,13 @@ void GridPeer::modelChanged(const GridChange& change) {
         case GridChange::What::Top:
             scrollToTop(row);
             break;
+        case GridChange::What::Font:
+            showFont();
+            break;
         case GridChange::What::All:
             gridTable().takeRows();
             gridTable().takeColumns();
+            showFont();
             showAll();
             break;
     }
@@ -223,7 +227,7 @@ void GridPeer::edit(Cell cell) {
     };
     const ActivationContext::Active themed(form().surroundings().theme());
     editor_ = std::make_unique<GridEditor>(window(), cellRect(cell), grid()->comboList(row, col),
-                                           grid()->editing()->text, form().font(),
+                                           grid()->editing()->text, font(),
                                            form().surroundings().operations(), ended);
 }
 

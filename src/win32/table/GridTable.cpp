@@ -39,6 +39,10 @@ int GridTable::sorting(int column) const {
     return grid_->sortMark().descending ? -1 : 1;
 }
 
+void GridTable::userTookWidth(int column, Twips width) {
+    if (const int col = colOf(column); col >= 0) grid_->userTookWidth(col, width);
+}
+
 void GridTable::userResized(int column, Twips width) {
     if (const int col = colOf(column); col >= 0) grid_->userResizedColumn(col, width);
 }

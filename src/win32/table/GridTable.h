@@ -31,8 +31,11 @@ class GridTable : public ShownTable {
     std::string heading(int column) const override;
     Twips width(int column) const override;
     int sorting(int column) const override;
+    bool stretchesLast() const override { return grid_ != nullptr && !grid_->widthsChosen(); }
+    void userTookWidth(int column, Twips width) override;
     void userResized(int column, Twips width) override;
     void userMoved(int from, int to) override;
+    Font font() const override { return grid_ ? grid_->font() : Font{}; }
     int rows() const override { return grid_ ? grid_->dataRows() : 0; }
     std::string text(int row, int column) const override;
     CellStyle style(int row, int column) const override;

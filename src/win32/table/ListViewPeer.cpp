@@ -36,7 +36,11 @@ void ListViewPeer::modelChanged(const ListChange& change) {
         case ListChange::What::Scroll:
             scrollTo(change.index);
             break;
+        case ListChange::What::Font:
+            showFont();
+            break;
         case ListChange::What::All:
+            showFont();
             showAll();
             break;
     }

@@ -28,8 +28,8 @@ RowDescription::~RowDescription() {
 bool RowDescription::hasService() {
     if (!std::exchange(asked_, true)) {
         void* made = nullptr;
-        if (SUCCEEDED(::CoCreateInstance(__uuidof(CAccPropServices), nullptr, CLSCTX_INPROC_SERVER,
-                                         __uuidof(IAccPropServices), &made))) {
+        if (SUCCEEDED(::CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
+                                         IID_IAccPropServices, &made))) {
             service_ = static_cast<IAccPropServices*>(made);
         }
     }

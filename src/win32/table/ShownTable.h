@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "base/Font.h"
 #include "base/Geometry.h"
 #include "controls/grid/CellStyles.h"
 
@@ -19,9 +20,14 @@ class ShownTable {
     virtual Twips width(int column) const = 0;
     /// 1 where the rows rise by this column, -1 where they fall, 0 where they stand by something else.
     virtual int sorting(int /*column*/) const { return 0; }
+    /// True while the last column is to reach the window's edge at least.
+    virtual bool stretchesLast() const = 0;
+    /// Takes over the width that the last column is drawn with.
+    virtual void userTookWidth(int column, Twips width) = 0;
     virtual void userResized(int column, Twips width) = 0;
     virtual void userMoved(int from, int to) = 0;
 
+    virtual Font font() const = 0;
     virtual int rows() const = 0;
     virtual std::string text(int row, int column) const = 0;
     virtual CellStyle style(int row, int column) const = 0;

@@ -57,7 +57,20 @@ void TableHeader::rebuild(const Scale& scale) {
     if (shownOrder() != order) {
         ::SendMessageW(list_, LVM_SETCOLUMNORDERARRAY, order.size(), reinterpret_cast<LPARAM>(order.data()));
     }
+    stretch(scale);
     ::InvalidateRect(header_, nullptr, TRUE);
+}
+
+void TableHeader::stretch(const Scale& scale) {
+    const int last = table_.columns() - 1;
+    if (last < 0 || widths_.size() != static_cast<std::size_t>(last) + 1 || !table_.stretchesLast()) return;
+    RECT client{};
+    ::GetClientRect(list_, &client);
+    const int room = static_cast<int>(client.right) - std::accumulate(widths_.begin(), widths_.end() - 1, 0);
+    const int width = std::max(scale.pixels(table_.width(last)), room);
+    if (width == widths_.back()) return;
+    widths_.back() = width;
+    ::SendMessageW(list_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(last), width);
 }
 
 std::vector<int> TableHeader::shownOrder() const {
@@ -72,10 +85,18 @@ int TableHeader::shownWidth(int column) const {
     return static_cast<int>(::SendMessageW(list_, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
 }
 
+/// What a person arranges is what is on the screen, so the width that a column has been drawn with stays.
+void TableHeader::takeStretch(const Scale& scale) {
+    const auto last = static_cast<int>(widths_.size()) - 1;
+    if (table_.stretchesLast() && widths_.back() != scale.pixels(table_.width(last)))
+        table_.userTookWidth(last, scale.twips(widths_.back()));
+}
+
 void TableHeader::takeChanges(const Scale& scale) {
     for (std::size_t column = 0; column < widths_.size(); ++column) {
         const int width = shownWidth(static_cast<int>(column));
         if (width == widths_[column]) continue;
+        takeStretch(scale);
         widths_[column] = width;
         table_.userResized(static_cast<int>(column), scale.twips(width));
         return;  // the model may have changed its columns, or be gone
@@ -87,6 +108,7 @@ void TableHeader::takeChanges(const Scale& scale) {
         const bool toTheRight = order[place] == static_cast<int>(place) + 1;
         const int from = toTheRight ? static_cast<int>(place) : order[place];
         const auto to = std::find(order.begin(), order.end(), from) - order.begin();
+        takeStretch(scale);
         table_.userMoved(from, static_cast<int>(to));
         return;
     }

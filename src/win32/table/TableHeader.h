@@ -16,6 +16,9 @@ class TableHeader {
     HWND window() const { return header_; }
     /// Makes the window's columns anew after the model's.
     void rebuild(const Scale& scale);
+    /// Gives the last column what room there is up to the window's edge, as long as nobody has chosen widths;
+    /// the model keeps its own width. After the window has another size.
+    void stretch(const Scale& scale);
     /// Compares the window's widths and order with what was shown last and tells the model of differences.
     void takeChanges(const Scale& scale);
     /// Makes a column as wide as what is on the screen needs.
@@ -32,6 +35,7 @@ class TableHeader {
     int hit(POINT at, UINT parts) const;
     std::vector<int> shownOrder() const;
     int shownWidth(int column) const;
+    void takeStretch(const Scale& scale);
 
     HWND list_;
     HWND header_;

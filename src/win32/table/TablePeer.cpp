@@ -50,7 +50,7 @@ void TablePeer::create(HWND parent, bool movableColumns) {
     header_.emplace(window(), *table_);
     painter_.emplace(window(), *table_, *header_);
     watchInner(header_->window());
-    fitRows();
+    showFont();
     showAll();
 }
 
@@ -60,6 +60,22 @@ void TablePeer::create(HWND parent, bool movableColumns) {
 void TablePeer::showAll() {
     showColumns();
     showRows();
+}
+
+HFONT TablePeer::font() const {
+    return font_ ? font_.get() : form().font();
+}
+
+void TablePeer::showFont() {
+    const Font wanted = table_->font();
+    if (shownFont_ == wanted) return;
+    shownFont_ = wanted;
+    const FontHandle old = std::move(font_);  // the window uses it until it has the other
+    font_.reset();
+    if (wanted != Font{}) font_ = form().surroundings().fontOf(wanted, scale().dpi());
+    ::SendMessageW(window(), WM_SETFONT, reinterpret_cast<WPARAM>(font()), TRUE);
+    painter_->forgetFonts();
+    fitRows();
 }
 
 void TablePeer::showColumns() {
@@ -108,9 +124,9 @@ void TablePeer::scrollToTop(int row) {
 }
 
 void TablePeer::rescale() {
-    painter_->forgetFonts();
     ControlPeer::rescale();
-    fitRows();
+    shownFont_.reset();
+    showFont();
     header_->rebuild(scale());
 }
 
@@ -132,7 +148,7 @@ void TablePeer::paint() {
 void TablePeer::fitRows() {
     TEXTMETRICW metrics{};
     const HDC canvas = ::GetDC(window());
-    const HGDIOBJ old = ::SelectObject(canvas, form().font());
+    const HGDIOBJ old = ::SelectObject(canvas, font());
     ::GetTextMetricsW(canvas, &metrics);
     ::SelectObject(canvas, old);
     ::ReleaseDC(window(), canvas);
@@ -204,7 +220,7 @@ std::optional<LRESULT> TablePeer::notified(NMHDR& header) {
             headingClicked(reinterpret_cast<NMLISTVIEW&>(header).iSubItem);
             return 0;
         case NM_CUSTOMDRAW:
-            return painter_->draw(reinterpret_cast<NMLVCUSTOMDRAW&>(header), form().font(), scale());
+            return painter_->draw(reinterpret_cast<NMLVCUSTOMDRAW&>(header), font(), scale());
         default:
             return std::nullopt;
     }
@@ -238,7 +254,7 @@ void TablePeer::tipFor(POINT at) {
     tipCell_ = cell;
     std::string tip = control()->toolTip();
     if (cell.row >= 0) {
-        const bool isCut = painter_->isCut(cell.row, cell.column, form().font(), scale());
+        const bool isCut = painter_->isCut(cell.row, cell.column, font(), scale());
         const std::string note = table_->style(cell.row, cell.column).note;
         if (isCut) tip = table_->text(cell.row, cell.column);
         if (!note.empty()) tip = isCut ? tip + " (" + note + ")" : note;
@@ -290,6 +306,11 @@ std::optional<LRESULT> TablePeer::message(UINT message, WPARAM wParam, LPARAM lP
         case WM_PAINT:
             paint();
             return 0;
+        case WM_SIZE: {
+            const LRESULT result = defaultMessage(window(), message, wParam, lParam);
+            if (header_) header_->stretch(scale());
+            return result;
+        }
         case WM_ERASEBKGND:
             return 1;  // painted with the rows, in one go
         case WM_CHAR:
@@ -322,7 +343,7 @@ std::optional<LRESULT> TablePeer::message(UINT message, WPARAM wParam, LPARAM lP
             const auto& header = *reinterpret_cast<const NMHEADERW*>(lParam);
             if (header.hdr.hwndFrom != header_->window()) break;
             if (header.hdr.code == HDN_DIVIDERDBLCLICKW || header.hdr.code == HDN_DIVIDERDBLCLICKA) {
-                header_->fit(header.iItem, scale(), form().font());
+                header_->fit(header.iItem, scale(), font());
                 return 0;
             }
             break;

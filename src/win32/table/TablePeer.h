@@ -36,7 +36,10 @@ class TablePeer : public ControlPeer {
     TableSelection& selection() { return *selection_; }
     TableHeader& header() { return *header_; }
 
+    /// What everything in the window is written in.
+    HFONT font() const;
     void showAll();
+    void showFont();
     void showColumns();
     void showRows();
     void showRow(int row);
@@ -74,6 +77,8 @@ class TablePeer : public ControlPeer {
     std::optional<TableSelection> selection_;
     std::optional<TableHeader> header_;
     std::optional<TablePainter> painter_;
+    FontHandle font_;  ///< of the table's own, none where it has the form's
+    std::optional<Font> shownFont_;
     Cell tipCell_;
     bool pressedSelected_ =
         false;  ///< the button went down on a selected row: its release selects that alone

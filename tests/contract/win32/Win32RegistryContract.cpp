@@ -72,5 +72,6 @@ std::unique_ptr<RegistryUnderTest> makeWin32() {
 INSTANTIATE_TEST_SUITE_P(Win32, RegistryContract, ::testing::Values(&makeWin32));
 INSTANTIATE_TEST_SUITE_P(Win32, CRegistryContract, ::testing::Values(&makeWin32));
 INSTANTIATE_TEST_SUITE_P(Win32, CQDLExtSettingsContract, ::testing::Values(&makeWin32));
+INSTANTIATE_TEST_SUITE_P(Win32, CRegDefaultsContract, ::testing::Values(&makeWin32));
 
 }  // namespace pellmark::test

@@ -337,9 +337,9 @@ TEST_F(TechnologyServiceTest, TheWizardGoesThroughItsPagesAndItsValuesAreTheStep
     });
     EXPECT_TRUE(service_->runStepWizard(*technology, 0));
     EXPECT_EQ(titles,
-              (std::vector<std::string>{"Step wizard - Drilling (1 of 3: Tool)",
-                                        "Step wizard - Drilling (2 of 3: Speeds and feeds)",
-                                        "Step wizard - Drilling (3 of 3: Depths, retract and coolant)"}));
+              (std::vector<std::string>{"Step wizard - Drilling (1 / 3: Tool)",
+                                        "Step wizard - Drilling (2 / 3: Speeds and feeds)",
+                                        "Step wizard - Drilling (3 / 3: Depths, retract and coolant)"}));
     EXPECT_EQ(technology->parameterOf(code::kCuttingSpeed)->value(), Variant(95.0));
     EXPECT_EQ(storedSource(*technology), TechnologySource::DbStep);
 }

@@ -63,6 +63,7 @@ SampleForm::SampleForm(Desktop& desktop) : Form(desktop, "SampleForm") {
     help.setToolTip("Opens the help");
     setDefaultButton(&ok);
     setCancelButton(&cancel);
+    setHelpButton(&help);
 
     unit.setItems({{"Inch", 70, ""}, {"Metric", 71, ""}});
     grid.setHeadings("Id|Name|Unit|Rule|Description");

@@ -42,6 +42,7 @@ class SampleForm : public Form {
     using Form::setCancelButton;
     using Form::setClientSize;
     using Form::setDefaultButton;
+    using Form::setHelpButton;
     using Form::setMinimumSize;
 
   protected:

@@ -337,6 +337,18 @@ TEST_F(FindInListsTest, TheMembersOfACaseAreChosenFromTheWholeList) {
     EXPECT_FALSE(resultsLine.isOpen());
 }
 
+TEST_F(FindInListsTest, MembersAreNotChosenFromAListThatARefreshCouldNotRead) {
+    base.addFeatureCase(hole, {d8, m8}, {base.addProcess("Tap")});
+    openCase({d8, m8});
+    base.throwOn("processesOfValues");
+    desktop.expectMessage("The knowledge base failed on purpose.");
+    press(results, KeyPress::kF5);
+    base.stopThrowing();
+    desktop.expectMessage("The knowledge base failed on purpose.");
+    list().EditExistingProcesseswizard();
+    EXPECT_THAT(changes(), IsEmpty());
+}
+
 TEST_F(FindInListsTest, ADeletedProcessDoesNotComeBackWithTheNextLetter) {
     const std::string tap = base.addProcess("Tap M3");
     base.addFeatureCase(hole, {d8, m8}, {tap, base.addProcess("Tap M4")});

@@ -76,6 +76,7 @@ TEST_F(FrmMainTest, CancelUnloadsAndWritesNothing) {
 TEST_F(FrmMainTest, HelpOpensItsContextOverTheForm) {
     services.take(host);
     main.load();
+    ASSERT_EQ(main.helpButton(), &main.CmdHelp);
     main.CmdHelp.click();
     ASSERT_EQ(help.opened.size(), 1U);
     EXPECT_EQ(help.opened[0].topic, "5000");

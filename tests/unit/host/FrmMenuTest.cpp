@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "support/CaseHarness.h"
+#include "util/FrmFormatColumns.h"
 
 namespace pellmark::test {
 namespace {
@@ -304,6 +305,37 @@ TEST_F(FrmMenuTest, SaveAndPrintNeedRows) {
         EXPECT_TRUE(itemOf(menu, "mnuProcessSaveAs").enabled);
         EXPECT_TRUE(itemOf(menu, "mnuProcessPrint").enabled);
     });
+}
+
+TEST_F(FrmMenuTest, FormatColumnsOpensTheChooserForTheClickedGrid) {
+    const std::string drill = base.addProcess("Drill");
+    base.addStep(drill, "Centre", 1);
+    base.addFeatureCase(hole, {d8}, {drill});
+    const auto choose = [this](Grid& grid, const char* menu, const char* item) {
+        desktop.expectMenu(menu, [item](Menu& shown) {
+            EXPECT_TRUE(itemOf(shown, item).enabled);
+            itemOf(shown, item).command();
+        });
+        desktop.expectDialog("FrmFormatColumns", [](Form& dialog) {
+            auto& chooser = static_cast<FrmFormatColumns&>(dialog);
+            for (int i = 0; i < chooser.List.count(); ++i)
+                chooser.List.setSelected(i,
+                                         chooser.columns()[static_cast<std::size_t>(i)].key == field::kName);
+            chooser.CmdOK.click();
+        });
+        press(grid);
+        EXPECT_FALSE(grid.colHidden(grid.colIndex(field::kName)));
+    };
+    openProcesses();
+    choose(allProcesses(), "mnuProcess", "mnuProcessFormatColumns");
+    EXPECT_TRUE(allProcesses().colHidden(allProcesses().colIndex(field::kRule)));
+    openCase({d8});
+    choose(results(), "mnuProcess", "mnuProcessFormatColumns");
+    EXPECT_TRUE(results().colHidden(results().colIndex(field::kRule)));
+    Grid& steps = mainForm().VSFGProcessStep;
+    choose(steps, "mnuProcessStep", "mnuProcessStepFormatColumns");
+    EXPECT_TRUE(steps.colHidden(steps.colIndex(field::kCuttingCycleId)));
+    EXPECT_FALSE(steps.colHidden(0)) << "the fixed column is not offered";
 }
 
 TEST_F(FrmMenuTest, PropertiesDescribesTheFeatureCase) {

@@ -1,5 +1,6 @@
 #include "host/HTMLHelp.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/PortsHarness.h"
@@ -7,37 +8,90 @@
 namespace pellmark::test {
 namespace {
 
-class HTMLHelpTest : public testing::Test {
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kFile = "C:\\Norvex\\Help\\1031\\qdl.chm";
+constexpr const char* kStartPage = "C:\\Norvex\\Help\\1031\\qdl\\index.html";
+constexpr const char* kInTheBrowser =
+    "The help file cannot be shown in its own window. Its pages open in the browser.";
+
+class HTMLHelpTest : public testing::Test, public PortsHarness {
   protected:
     /// The topics that opening with this one asked the viewer for.
     std::vector<std::string> topicsFor(const Variant& topic) {
-        RecordingHelp viewer;
-        HTMLHelp help(viewer, "C:\\Norvex\\Help\\1033\\qdl.chm");
-        help.OpenHTMLHelp(9, topic);
+        help.opened.clear();
+        launcher_.OpenHTMLHelp(9, topic);
         std::vector<std::string> topics;
-        for (const auto& opened : viewer.opened) {
+        for (const auto& opened : help.opened) {
             EXPECT_EQ(opened.owner, 9U);
-            EXPECT_EQ(opened.file, help.HelpFile);
+            EXPECT_EQ(opened.file, kFile);
             topics.push_back(opened.topic);
         }
         return topics;
     }
+
+    Texts texts_{operations};
+    HTMLHelp launcher_{help, files, desktop, texts_, kFile};
 };
 
 TEST_F(HTMLHelpTest, WholeAndSingleNumbersOpenTheirContext) {
-    EXPECT_EQ(topicsFor(std::int16_t{5000}), std::vector<std::string>{"5000"});
-    EXPECT_EQ(topicsFor(std::int32_t{70000}), std::vector<std::string>{"70000"});
-    EXPECT_EQ(topicsFor(5000.0F), std::vector<std::string>{"5000"});
+    EXPECT_THAT(topicsFor(std::int16_t{5000}), ElementsAre("5000"));
+    EXPECT_THAT(topicsFor(std::int32_t{70000}), ElementsAre("70000"));
+    EXPECT_THAT(topicsFor(5000.0F), ElementsAre("5000"));
 }
 
 TEST_F(HTMLHelpTest, ATextIsSentInTheNumbersPlace) {
-    EXPECT_EQ(topicsFor(std::string("intro")), std::vector<std::string>{"text intro"});
+    EXPECT_THAT(topicsFor(std::string("intro")), ElementsAre("text intro"));
 }
 
 TEST_F(HTMLHelpTest, ADoubleAMissingAndEveryOtherTopicOpenNothing) {
-    EXPECT_TRUE(topicsFor(5000.0).empty());
-    EXPECT_TRUE(topicsFor(Variant()).empty());
-    EXPECT_TRUE(topicsFor(true).empty());
+    help.shows = false;
+    EXPECT_THAT(topicsFor(5000.0), IsEmpty());
+    EXPECT_THAT(topicsFor(Variant()), IsEmpty());
+    EXPECT_THAT(topicsFor(true), IsEmpty());
+    EXPECT_THAT(help.pages, IsEmpty());
+}
+
+TEST_F(HTMLHelpTest, WhereTheHelpFileIsShownNoBrowserOpens) {
+    files.makeFile(kStartPage);
+    launcher_.openHelp(9);
+    EXPECT_THAT(help.pages, IsEmpty());
+}
+
+TEST_F(HTMLHelpTest, WhereTheHelpFileIsNotShownItsPagesOpenInTheBrowserAndThePersonIsToldOnce) {
+    help.shows = false;
+    files.makeFile(kStartPage);
+    desktop.expectMessage(kInTheBrowser);
+    launcher_.openHelp(9);
+    launcher_.openHelp(9);
+    EXPECT_THAT(help.pages, ElementsAre(kStartPage, kStartPage));
+    EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Information);
+}
+
+TEST_F(HTMLHelpTest, ATextThatIsNotShownOpensThePagesToo) {
+    help.shows = false;
+    files.makeFile(kStartPage);
+    desktop.expectMessage(kInTheBrowser);
+    launcher_.OpenHTMLHelp(9, std::string("intro"));
+    EXPECT_THAT(help.pages, ElementsAre(kStartPage));
+}
+
+TEST_F(HTMLHelpTest, WithoutPagesThePersonIsToldWhichFileIsMissing) {
+    help.shows = false;
+    desktop.expectMessage(std::string("The help could not be opened: ") + kFile);
+    launcher_.openHelp(9);
+    EXPECT_THAT(help.pages, IsEmpty());
+    EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
+}
+
+TEST_F(HTMLHelpTest, WithoutABrowserThePersonIsToldThatTheHelpDidNotOpen) {
+    help.shows = false;
+    help.hasBrowser = false;
+    files.makeFile(kStartPage);
+    desktop.expectMessage(kInTheBrowser);
+    desktop.expectMessage(std::string("The help could not be opened: ") + kFile);
+    launcher_.openHelp(9);
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "steps/FrmAddEditProcessTechStep.h"
 #include "support/ObligingDesktop.h"
 #include "support/PortsHarness.h"
+#include "util/FrmFormatColumns.h"
 
 namespace pellmark::test {
 namespace {
@@ -100,6 +101,13 @@ class Sweep {
             auto& dialog = static_cast<FrmAddExistingProcess&>(form);
             for (Button* button : {&dialog.FrameProcesses.Cmdrefresh, &dialog.FrameProcesses.CmdAddAllft,
                                    &dialog.CmdHelp, &dialog.CmdOk}) {
+                if (dialog.isLoaded()) button->click();
+            }
+        };
+        desktop.scripts["FrmFormatColumns"] = [](Form& form) {
+            auto& dialog = static_cast<FrmFormatColumns&>(form);
+            dialog.List.setSelected(0, false);
+            for (Button* button : {&dialog.CmdApply, &dialog.CmdHelp, &dialog.CmdOK}) {
                 if (dialog.isLoaded()) button->click();
             }
         };
@@ -327,8 +335,21 @@ const std::vector<Command>& commands() {
         {"Insert", [](Sweep& s) { s.press(&FrmMain::VSFGProcessCaseResults, KeyPress::kInsert); }},
         {"Ctrl+C", [](Sweep& s) { s.press(&FrmMain::VSFGProcessCaseResults, 'C', true); }},
         {"Ctrl+C among steps", [](Sweep& s) { s.press(&FrmMain::VSFGProcessStep, 'C', true); }},
+        {"Format Columns...",
+         [](Sweep& s) { s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessFormatColumns"); }},
+        {"Format Columns... of the steps",
+         [](Sweep& s) { s.take(&FrmMain::VSFGProcessStep, "mnuProcessStepFormatColumns"); }},
+        {"a resized column",
+         [](Sweep& s) {
+             s.gesture([](FrmMain& form) { form.VSFGProcessCaseResults.userResizedColumn(2, 1234); });
+         }},
         {"a tab", [](Sweep& s) { s.gesture([](FrmMain& form) { form.TabCtrl.click(0); }); }},
         {"Help", [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmdHelp.click(); }); }},
+        {"Help without a help window",
+         [](Sweep& s) {
+             s.help.shows = false;
+             s.gesture([](FrmMain& form) { form.CmdHelp.click(); });
+         }},
         {"Exit", [](Sweep& s) { s.gesture([](FrmMain& form) { form.CmdCancel.click(); }); }},
         {"Edit... of the list of all",
          [](Sweep& s) {

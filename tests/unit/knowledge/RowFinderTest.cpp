@@ -122,6 +122,17 @@ TEST(ArrangedRecordsTest, RecordsAndKeysComeInTheOrderOfThePlaces) {
     EXPECT_THAT(*arranged.keys(), ElementsAre(second, first, second));
 }
 
+TEST(ArrangedRecordsTest, TheFirstRecordsAreThoseOfTheOrderThatThereIs) {
+    auto all = std::make_shared<MemoryRecordSet>(std::vector<std::string>{"_Name"});
+    for (const char* name : {"a", "b", "c"})
+        all->addRow({name});
+    EXPECT_EQ(firstRecords(all, 3), all);
+    const auto two = firstRecords(all, 2);
+    EXPECT_EQ(two->count(), 2U);
+    EXPECT_EQ(two->text(1, 0), "b");
+    EXPECT_EQ(firstRecords(all, 0)->count(), 0U);
+}
+
 /// A record set that counts how often its keys are asked for.
 class CountedKeys : public MemoryRecordSet {
   public:

@@ -414,6 +414,7 @@ TEST_F(FrmAddEditProcessTest, EnterAndEscapeAreOkAndCancelAndOtherCaptionsHaveTh
     addNew([&](FrmAddEditProcess& dialog) {
         EXPECT_EQ(dialog.defaultButton(), &dialog.CmdOk);
         EXPECT_EQ(dialog.cancelButton(), &dialog.CmdCancel);
+        EXPECT_EQ(dialog.helpButton(), &dialog.CmdHelp);
         EXPECT_EQ(dialog.LblName.caption(), "&Name");
         EXPECT_EQ(dialog.LblUnit.caption(), "&Unit");
         EXPECT_EQ(dialog.LblRule.caption(), "&Rule");

@@ -74,7 +74,7 @@ TEST_F(StepCommandsTest, ACancelDeletesNothing) {
 
 TEST_F(StepCommandsTest, OtherKeysDoNothing) {
     KeyPress key;
-    key.keyCode = 45;
+    key.keyCode = 44;
     grid.keyPressed.raise(key);
     EXPECT_FALSE(key.handled);
 }
@@ -130,7 +130,7 @@ TEST_F(StepCommandsTest, WhatWasSelectedBeforeTheQuestionIsDeletedWhateverTheLis
     };
     cProcessSteps* list = nullptr;
     Refreshing desk(operations, list);
-    const UserInterface watched{desk, texts, help};
+    const UserInterface watched{desk, texts, help, layouts};
     const StepServices mine{watched, rights,  base,   technology, settings,
                             gridOps, dialogs, fileIO, files,      idle};
     cProcessSteps second(mine, &processGrid);

@@ -108,7 +108,7 @@ TEST_F(StepEditsTest, ARefusalIsToldOnceAlsoWhenItTakesTheKeyboardAway) {
     Grid other(form, "other");
     NosyDesktop nosy(operations, other);
     StepServices services = this->services();
-    const UserInterface watched{nosy, texts, help};
+    const UserInterface watched{nosy, texts, help, layouts};
     const StepServices mine{watched,           services.rights,  services.knowledgeBase, services.technology,
                             services.settings, services.gridOps, services.dialogs,       services.fileIO,
                             services.files,    services.idle};

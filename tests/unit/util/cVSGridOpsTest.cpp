@@ -6,6 +6,7 @@
 #include "controls/grid/SelectionText.h"
 #include "knowledge/MemoryRecordSet.h"
 #include "support/PortsHarness.h"
+#include "util/FrmFormatColumns.h"
 
 namespace pellmark::test {
 namespace {
@@ -108,6 +109,46 @@ TEST_F(CVSGridOpsTest, AFileThatCannotBeWrittenIsTracedAndTheTextIsThereAllTheSa
     EXPECT_TRUE(trace.trapped("cFileIO::WriteFile"));
 }
 
+TEST_F(CVSGridOpsTest, FormatColumnsOpensTheChooserForTheGridOverItsOwner) {
+    form.load();
+    desktop.expectDialog("FrmFormatColumns", [](Form& dialog) {
+        auto& chooser = static_cast<FrmFormatColumns&>(dialog);
+        ASSERT_EQ(chooser.List.count(), 2);
+        chooser.List.setSelected(1, false);
+        chooser.CmdOK.click();
+    });
+    ops.FormatColumns(grid, form);
+    EXPECT_TRUE(grid.colHidden(2));
+    EXPECT_THAT(desktop.windows(),
+                testing::Contains("modal FrmFormatColumns " + std::to_string(form.handle())));
+}
+
+TEST_F(CVSGridOpsTest, ALayoutIsCopiedToTheColumnsOfTheSameKeys) {
+    grid.setColWidth(0, 1111);
+    grid.setColHidden(1, true);
+    grid.setColPosition(2, 0);
+    Grid target(form, "VSFGOther");
+    target.setHeadings("Rule|Note|Id|Name|");
+    const char* keys[] = {"_Rule", "_note", "_Id", "_NAME", ""};
+    for (int col = 0; col < target.cols(); ++col)
+        target.setColKey(col, keys[col]);
+    target.setColWidth(4, 4444);
+    target.setColHidden(3, true);
+    int changes = 0;
+    const auto heard = target.gridChanged.subscribe([&](const GridChange&) { ++changes; });
+    ops.SetGrids(grid, target);
+    EXPECT_THAT(target.displayOrder(), ElementsAre(1, 3, 2, 0, 4));
+    EXPECT_EQ(target.colWidth(3), 1111);
+    EXPECT_FALSE(target.colHidden(3));
+    EXPECT_TRUE(target.colHidden(2));
+    EXPECT_EQ(target.colWidth(4), 4444) << "no key, no counterpart";
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(target.widthsChosen());
+    grid.userResizedColumn(0, 1234);
+    ops.SetGrids(grid, target);
+    EXPECT_TRUE(target.widthsChosen());
+}
+
 TEST_F(CVSGridOpsTest, TheSelectionIsCopiedAsTextAndAsATable) {
     form.load();
     grid.setColHidden(1, true);
@@ -158,25 +199,6 @@ TEST_F(CVSGridOpsTest, InvertingSelectsTheOtherRowsAlone) {
     EXPECT_THAT(inverted(), ElementsAre(2));
     grid.setSelected(1, true);
     EXPECT_THAT(inverted(), ElementsAre(3));
-}
-
-TEST_F(CVSGridOpsTest, ALayoutIsCopiedByKey) {
-    Grid target{form, "VSFGTarget"};
-    target.setHeadings("Note|Other|Name|Id");
-    const char* keys[] = {"_note", "_Other", "_Name", "_Id"};
-    for (int col = 0; col < 4; ++col)
-        target.setColKey(col, keys[col]);
-    grid.setColWidth(0, 111);
-    grid.setColWidth(2, 333);
-    grid.setColHidden(1, true);
-    grid.setColPosition(2, 0);  // Note, Name, Id
-    ops.SetGrids(grid, target);
-    EXPECT_EQ(target.colWidth(2), 111);
-    EXPECT_EQ(target.colWidth(0), 333);
-    EXPECT_TRUE(target.colHidden(3));
-    EXPECT_FALSE(target.colHidden(0));
-    EXPECT_EQ(target.colWidth(1), GridColumn::kDefaultWidth);
-    EXPECT_THAT(target.displayOrder(), ElementsAre(0, 2, 3, 1));
 }
 
 TEST_F(CVSGridOpsTest, TheStatusBarNamesTheCurrentRowAndHowManyThereAre) {

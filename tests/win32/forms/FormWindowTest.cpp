@@ -115,6 +115,29 @@ TEST_F(FormWindowTest, EscapeInAnEmbeddedFormLeavesItLoaded) {
     EXPECT_TRUE(::IsWindowVisible(window()));
 }
 
+TEST_F(FormWindowTest, F1PressesTheHelpButtonWhereverTheKeyboardIs) {
+    embed();
+    int helps = 0;
+    const auto help = form->help.clicked.subscribe([&] { ++helps; });
+    focus(form->grid);
+    Person::press({VK_F1});
+    focus(form->ok);
+    Person::press({VK_F1});
+    EXPECT_EQ(helps, 2);
+}
+
+TEST_F(FormWindowTest, F1WithAnotherKeyAndInAFormWithoutHelpIsTheHosts) {
+    embed();
+    int helps = 0;
+    const auto help = form->help.clicked.subscribe([&] { ++helps; });
+    focus(form->grid);
+    Person::press({VK_SHIFT, VK_F1});
+    Person::press({VK_CONTROL, VK_F1});
+    form->setHelpButton(nullptr);
+    Person::press({VK_F1});
+    EXPECT_EQ(helps, 0);
+}
+
 TEST_F(FormWindowTest, TheCloseBoxClosesAModalForm) {
     form->setCancelButton(nullptr);
     runModal({[&] { return isShownModally(); },
@@ -316,6 +339,33 @@ TEST_F(FormWindowTest, ARestoredPlaceOffTheScreenIsBroughtIntoView) {
               }});
     EXPECT_GE(at.left, 0);
     EXPECT_GE(at.top, 0);
+    EXPECT_EQ(form->bounds().left, at.left * 15) << "that is where the person has seen it";
+    EXPECT_EQ(form->bounds().width, 10500);
+}
+
+TEST_F(FormWindowTest, APlaceThatHangsOverTheEdgeOfTheScreenIsLeftAsThePersonLeftIt) {
+    form->setBounds({-1500, 2250, 10500, 7500});
+    RECT at{};
+    runModal({[&] { return isShownModally(); },
+              [&] {
+                  ::GetWindowRect(window(), &at);
+                  form->unload();
+                  return true;
+              }});
+    EXPECT_EQ(at.left, -100);
+    EXPECT_EQ(at.top, 150);
+}
+
+TEST_F(FormWindowTest, APlaceIsKnownOfAFormThatNobodyMoved) {
+    RECT at{};
+    runModal({[&] { return isShownModally(); },
+              [&] {
+                  ::GetWindowRect(window(), &at);
+                  form->unload();
+                  return true;
+              }});
+    EXPECT_EQ(form->bounds().left, at.left * 15);
+    EXPECT_EQ(form->bounds().top, at.top * 15);
 }
 
 TEST_F(FormWindowTest, AFormThatWasEmbeddedCanBeShownModally) {

@@ -15,10 +15,10 @@
 #include "refhost/texts/DelimitedTable.h"
 #include "refhost/texts/Languages.h"
 #include "steps/FrmAddEditProcessTechStep.h"
-#include "steps/FrmProgress.h"
 #include "support/PortsHarness.h"
 #include "support/win32/Person.h"
 #include "support/win32/TextRoom.h"
+#include "util/FrmProgress.h"
 #include "win32/Scale.h"
 #include "win32/WideText.h"
 #include "win32/forms/Win32Desktop.h"
@@ -98,12 +98,17 @@ class TranslatedFormsTest : public testing::TestWithParam<std::tuple<std::int16_
         if (cProcess* list = main.processes()) list->RefreshList("");
         Person::pump();
         EXPECT_THAT(complaintsAbout(main), IsEmpty());
+        for (Grid* grid : {&main.VSFGAllProcesses, &main.VSFGProcessCaseResults, &main.VSFGProcessStep}) {
+            KeyPress find{'F', false, true};
+            grid->keyPressed.raise(find);
+        }
+        Person::pump();
+        EXPECT_THAT(complaintsAbout(main), IsEmpty()) << "while something is looked for";
         main.unload();
     }
 
     Win32Desktop windows_{::GetModuleHandleW(nullptr), operations};
-    Services services_{{windows_, registry, codePage, files, idle, help, fileDialogs, library, operations,
-                        "C:\\Pellmark", "Norvex"}};
+    Services services_{platformOn(windows_)};
     std::string process_;
 };
 
@@ -144,8 +149,11 @@ TEST_P(TranslatedFormsTest, TheStepDialogShowsItsTextsWhole) {
 }
 
 TEST_P(TranslatedFormsTest, TheProgressWindowShowsItsTextsWhole) {
-    FrmProgress progress(services_.person, idle, services_.texts.GetString("Process steps are being added"));
-    expectRoom(progress);
+    for (const char* what :
+         {"Process steps are being added", "The rows are being saved", "The rows are being printed"}) {
+        FrmProgress progress(services_.person, idle, services_.texts.GetString(what));
+        expectRoom(progress);
+    }
 }
 
 std::string nameOfCase(const testing::TestParamInfo<std::tuple<std::int16_t, int>>& info) {

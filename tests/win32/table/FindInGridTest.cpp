@@ -251,10 +251,10 @@ TEST_F(FindInGridTest, TheRowAtTheUpperEdgeIsKnownAndCanBeChosen) {
 TEST_F(FindInGridTest, TypingCostsNothingPerRowInTheWindow) {
     start();
     Person::press({VK_CONTROL, 'F'});
-    int texts = 0;
+    int reads = 0;
     class Counting : public MemoryRecordSet {
       public:
-        explicit Counting(int& reads) : MemoryRecordSet({"_Name", "_Note"}), reads_(reads) {
+        explicit Counting(int& counter) : MemoryRecordSet({"_Name", "_Note"}), reads_(counter) {
             for (int i = 0; i < 20000; ++i)
                 addRow({"n", "x"});
         }
@@ -266,11 +266,11 @@ TEST_F(FindInGridTest, TypingCostsNothingPerRowInTheWindow) {
       private:
         int& reads_;
     };
-    const auto many = std::make_shared<Counting>(texts);
+    const auto many = std::make_shared<Counting>(reads);
     list.grid.bind(many);
     Person::pump();
-    EXPECT_GT(texts, 0);
-    EXPECT_LT(texts, 400) << "only what is on the screen is read";
+    EXPECT_GT(reads, 0);
+    EXPECT_LT(reads, 400) << "only what is on the screen is read";
 }
 
 }  // namespace

@@ -70,6 +70,26 @@ class GridPeerTest : public ::testing::Test, protected PeerHarness {
         ::ReleaseDC(list_, screen);
         return color;
     }
+    int clientWidth() const {
+        RECT client{};
+        ::GetClientRect(list_, &client);
+        return static_cast<int>(client.right);
+    }
+    int shownWidth(int column) const {
+        return static_cast<int>(::SendMessageW(list_, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+    }
+    LONG rowHeight() const {
+        RECT rect{};
+        rect.left = LVIR_BOUNDS;
+        ::SendMessageW(list_, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&rect));
+        return rect.bottom - rect.top;
+    }
+    LOGFONTW fontInUse() const {
+        LOGFONTW description{};
+        const auto font = reinterpret_cast<HFONT>(::SendMessageW(list_, WM_GETFONT, 0, 0));
+        ::GetObjectW(font, sizeof description, &description);
+        return description;
+    }
     int topRow() const { return static_cast<int>(::SendMessageW(list_, LVM_GETTOPINDEX, 0, 0)); }
     int divider(int column) const {
         RECT rect{};
@@ -191,6 +211,107 @@ TEST_F(GridPeerTest, PaintNowPaintsBeforeItReturns) {
     ASSERT_TRUE(::GetUpdateRect(list(), nullptr, FALSE));
     grid().paintNow();
     EXPECT_FALSE(::GetUpdateRect(list(), nullptr, FALSE));
+}
+
+// --- the last column and the font -------------------------------------------------------------------------
+
+TEST_F(GridPeerTest, TheLastColumnReachesTheEdgeWhileNobodyHasChosenWidths) {
+    form->fill(3);
+    EXPECT_EQ(divider(3), clientWidth());
+    EXPECT_EQ(grid().colWidth(4), 2600) << "the model keeps its width";
+    EXPECT_EQ(shownWidth(0), 160);
+}
+
+TEST_F(GridPeerTest, TheLastColumnFollowsTheWindowAndTheScrollBar) {
+    form->fill(3);
+    ::MoveWindow(reinterpret_cast<HWND>(form->handle()), 0, 0, 800, 500, TRUE);
+    const int wide = clientWidth();
+    EXPECT_EQ(divider(3), wide);
+    form->fill(100);
+    ::UpdateWindow(list());
+    EXPECT_LT(clientWidth(), wide);
+    EXPECT_EQ(divider(3), clientWidth());
+    ::MoveWindow(reinterpret_cast<HWND>(form->handle()), 0, 0, 400, 500, TRUE);
+    EXPECT_EQ(shownWidth(3), 173) << "never narrower than the model's";
+}
+
+TEST_F(GridPeerTest, WhicheverColumnIsLastIsStretched) {
+    form->fill(3);
+    grid().setColHidden(4, true);
+    EXPECT_EQ(shownWidth(2), clientWidth() - divider(1));
+    grid().setColHidden(4, false);
+    grid().setColPosition(4, 1);
+    EXPECT_EQ(shownWidth(0), 173);
+    EXPECT_EQ(divider(3), clientWidth());
+}
+
+TEST_F(GridPeerTest, ARestoredLayoutIsShownAsItIs) {
+    grid().setWidthsChosen(true);
+    EXPECT_EQ(shownWidth(3), 173);
+    grid().setWidthsChosen(false);
+    EXPECT_EQ(divider(3), clientWidth());
+}
+
+TEST_F(GridPeerTest, AResizedColumnLeavesTheLastOneAsItWasDrawn) {
+    const int drawn = shownWidth(3);
+    ASSERT_GT(drawn, 173);
+    Person::drag(header(), {divider(0), 8}, {divider(0) + 20, 8});
+    EXPECT_NEAR(grid().colWidth(1), 2700, 60);
+    EXPECT_EQ(shownWidth(3), drawn);
+    EXPECT_EQ(grid().colWidth(4), drawn * 15);
+    EXPECT_TRUE(grid().widthsChosen());
+    ::MoveWindow(reinterpret_cast<HWND>(form->handle()), 0, 0, 900, 500, TRUE);
+    EXPECT_EQ(shownWidth(3), drawn);
+}
+
+TEST_F(GridPeerTest, TheStretchedColumnItselfIsResizedFromWhereItWasDrawn) {
+    const int drawn = shownWidth(3);
+    Person::drag(header(), {divider(3) - 1, 8}, {divider(3) - 51, 8});
+    EXPECT_NEAR(grid().colWidth(4), (drawn - 50) * 15, 60);
+    EXPECT_EQ(shownWidth(3) * 15, grid().colWidth(4));
+}
+
+TEST_F(GridPeerTest, AMovedColumnLeavesTheLastOneAsItWasDrawn) {
+    const int drawn = shownWidth(3);
+    Person::drag(header(), {divider(0) / 2, 8}, {divider(1) + 20, 8});
+    EXPECT_EQ(grid().colWidth(4), drawn * 15);
+    EXPECT_EQ(shownWidth(3), drawn);
+}
+
+TEST_F(GridPeerTest, RowsAreAsHighAsTheirFont) {
+    const LONG before = rowHeight();
+    grid().setFont({"", 24, false, false, false, false});
+    EXPECT_GT(rowHeight(), before + 10);
+    EXPECT_EQ(fontInUse().lfHeight, -32) << "24 points at 96 dots per inch";
+    grid().setFont({});
+    EXPECT_EQ(rowHeight(), before);
+}
+
+TEST_F(GridPeerTest, AFractionOfAPointCounts) {
+    grid().setFont({"", 9.75, false, false, false, false});
+    EXPECT_EQ(fontInUse().lfHeight, -13);
+    grid().setFont({"", 9, false, false, false, false});
+    EXPECT_EQ(fontInUse().lfHeight, -12);
+}
+
+TEST_F(GridPeerTest, AFontHasItsFaceAndItsStyles) {
+    const Font wanted{"Liberation Serif", 12, true, true, true, true};
+    grid().setFont(wanted);
+    const LOGFONTW shown = fontInUse();
+    EXPECT_STREQ(shown.lfFaceName, L"Liberation Serif");
+    EXPECT_EQ(shown.lfWeight, FW_BOLD);
+    EXPECT_TRUE(shown.lfItalic);
+    EXPECT_TRUE(shown.lfStrikeOut);
+    EXPECT_TRUE(shown.lfUnderline);
+    form->fill(3);
+    EXPECT_STREQ(fontInUse().lfFaceName, L"Liberation Serif") << "a new list keeps it";
+}
+
+TEST_F(GridPeerTest, AFontFollowsTheResolution) {
+    grid().setFont({"", 24, false, false, false, false});
+    desktop.overrideDpi(192);
+    ::SendMessageW(reinterpret_cast<HWND>(form->handle()), 0x02E3, 0, 0);
+    EXPECT_EQ(fontInUse().lfHeight, -64);
 }
 
 // --- selection --------------------------------------------------------------------------------------------

@@ -411,6 +411,38 @@ TEST_F(GridTest, ColumnsMoveOnTheScreenAndKeepTheirIndex) {
     EXPECT_THROW(grid.setColWidth(3, 100), Error);
 }
 
+TEST_F(GridTest, WidthsAreChosenByAPersonAndNotByCode) {
+    grid.setColWidth(1, 700);
+    EXPECT_FALSE(grid.widthsChosen());
+    bool chosenWhenHeard = false;
+    const auto heard = grid.colResized.subscribe([&](int) { chosenWhenHeard = grid.widthsChosen(); });
+    grid.userResizedColumn(1, 800);
+    EXPECT_TRUE(grid.widthsChosen());
+    EXPECT_TRUE(chosenWhenHeard);
+}
+
+TEST_F(GridTest, AWidthThatTheWindowDrewIsTakenOverWithoutAnEcho) {
+    int changes = 0;
+    const auto heard = grid.gridChanged.subscribe([&](const GridChange&) { ++changes; });
+    grid.userTookWidth(1, 5000);
+    EXPECT_EQ(grid.colWidth(1), 5000);
+    EXPECT_TRUE(grid.widthsChosen());
+    EXPECT_EQ(changes, 0);
+    grid.userTookWidth(1, -1);
+    EXPECT_EQ(grid.colWidth(1), 0);
+}
+
+TEST_F(GridTest, AnotherFontIsToldOnce) {
+    std::vector<GridChange::What> changes;
+    const auto heard =
+        grid.gridChanged.subscribe([&](const GridChange& change) { changes.push_back(change.what); });
+    const Font font{"Arial", 9.75, true, false, false, false};
+    grid.setFont(font);
+    grid.setFont(font);
+    EXPECT_EQ(grid.font(), font);
+    EXPECT_THAT(changes, ElementsAre(GridChange::What::Font));
+}
+
 TEST_F(GridTest, OnlyWhatAPersonDoesToColumnsRaisesTheirEvents) {
     int heard = 0;
     const auto resized = grid.colResized.subscribe([&](int) { ++heard; });

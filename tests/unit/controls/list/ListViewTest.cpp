@@ -220,6 +220,17 @@ TEST_F(ListViewTest, TypingFindsTheNextCaptionThatBeginsSoAndGoesRound) {
     EXPECT_EQ(list.findPrefix("drills", 0), -1);
 }
 
+TEST_F(ListViewTest, AnotherFontIsToldOnce) {
+    std::vector<ListChange::What> changes;
+    const auto heard =
+        list.listChanged.subscribe([&](const ListChange& change) { changes.push_back(change.what); });
+    const Font font{"Arial", 9.75, true, false, false, false};
+    list.setFont(font);
+    list.setFont(font);
+    EXPECT_EQ(list.font(), font);
+    EXPECT_EQ(changes, std::vector{ListChange::What::Font});
+}
+
 TEST_F(ListViewTest, ColumnsNarrowToNothingButNotBelow) {
     list.setColumnHeaders({{"Members", 2000}});
     list.setColumnWidth(0, -5);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <vector>
+
+#include "base/Geometry.h"
+
+namespace pellmark {
+
+/// True when so much of a window's caption stands on one of the screens that a person can take hold of it.
+/// All lengths of this file are in one unit, whichever that is.
+bool isWithinReach(const Rect& window, const std::vector<Rect>& screens);
+
+/// The window moved, by as little as it takes, wholly onto the screen that shows most of it, or that is
+/// nearest where none shows anything. A window larger than that screen begins at its upper left corner.
+/// Without screens it stays where it is.
+Rect movedOntoScreen(const Rect& window, const std::vector<Rect>& screens);
+
+}  // namespace pellmark

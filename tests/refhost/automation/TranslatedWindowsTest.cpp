@@ -1,0 +1,140 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "com/adapters/KnowledgeBaseAdapter.h"
+#include "com/adapters/TechnologyServiceAdapter.h"
+#include "refhost/automation/NorvexLibrary.h"
+#include "refhost/automation/Resources.h"
+#include "refhost/technology/Cycles.h"
+#include "refhost/texts/Languages.h"
+#include "refhost/windows/HostTexts.h"
+#include "support/TemporaryFolder.h"
+#include "support/win32/TextRoom.h"
+
+namespace pellmark {
+namespace {
+
+using test::complaintsAbout;
+using test::NorvexLibrary;
+using testing::IsEmpty;
+
+constexpr int kDpi = 96;
+/// The workbench's dialog that describes a feature case; its program is loaded for its resources alone.
+constexpr int kCaseDialog = 103;
+
+INT_PTR CALLBACK doNothing(HWND, UINT, WPARAM, LPARAM) {
+    return FALSE;
+}
+
+/// Looks at the technology window once it is there, and closes it. One at a time.
+class Onlooker {
+  public:
+    explicit Onlooker(std::function<void(HWND)> look) {
+        look_ = std::move(look);
+        timer_ = SetTimer(nullptr, 0, 20, &Onlooker::tick);
+    }
+    Onlooker(const Onlooker&) = delete;
+    Onlooker& operator=(const Onlooker&) = delete;
+    ~Onlooker() {
+        KillTimer(nullptr, timer_);
+        look_ = nullptr;
+    }
+
+  private:
+    static BOOL CALLBACK findDialog(HWND window, LPARAM found) {
+        if (GetDlgItem(window, IDC_TECHNOLOGY_GRID) == nullptr || IsWindowVisible(window) == FALSE)
+            return TRUE;
+        *reinterpret_cast<HWND*>(found) = window;
+        return FALSE;
+    }
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
+        HWND dialog = nullptr;
+        EnumThreadWindows(GetCurrentThreadId(), &findDialog, reinterpret_cast<LPARAM>(&dialog));
+        if (dialog == nullptr || !look_) return;
+        std::exchange(look_, nullptr)(dialog);
+        SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    }
+
+    static inline std::function<void(HWND)> look_;
+    static inline UINT_PTR timer_ = 0;
+};
+
+/// The host's own dialogs in one language.
+class TranslatedWindowsTest : public testing::TestWithParam<std::int16_t> {
+  protected:
+    TranslatedWindowsTest() {
+        SetEnvironmentVariableW(L"NORVEX_LANGUAGE", std::to_wstring(GetParam()).c_str());
+        NorvexLibrary::useKnowledgeBase(folder_.file("texts.db"));
+    }
+    ~TranslatedWindowsTest() override { SetEnvironmentVariableW(L"NORVEX_LANGUAGE", nullptr); }
+
+    /// What is wrong with a dialog of a program or library beside this one.
+    std::vector<std::string> complaintsAboutDialog(const wchar_t* file, int dialog) const {
+        const norvex::HostTexts texts(NorvexLibrary::folder(), GetParam());
+        const HMODULE module = LoadLibraryExW((NorvexLibrary::folder() + L"\\" + file).c_str(), nullptr,
+                                              LOAD_LIBRARY_AS_IMAGE_RESOURCE | LOAD_LIBRARY_AS_DATAFILE);
+        const HWND window = CreateDialogParamW(module, MAKEINTRESOURCEW(dialog), nullptr, &doNothing, 0);
+        if (window == nullptr) return {"there is no such dialog"};
+        texts.translate(window);
+        std::vector<std::string> complaints = complaintsAbout(window, kDpi);
+        DestroyWindow(window);
+        FreeLibrary(module);
+        return complaints;
+    }
+    TechnologyServiceAdapter service() const {
+        return TechnologyServiceAdapter(
+            DispatchObject(library_.create(L"Norvex.TechnologyService"), "Norvex.TechnologyService"));
+    }
+
+    test::TemporaryFolder folder_;
+    NorvexLibrary library_;
+};
+
+TEST_P(TranslatedWindowsTest, TheDialogOfTheFeatureCaseShowsItsTextsWhole) {
+    EXPECT_THAT(complaintsAboutDialog(L"Workbench.exe", kCaseDialog), IsEmpty());
+}
+
+TEST_P(TranslatedWindowsTest, TheExpressionBuilderShowsItsTextsWhole) {
+    EXPECT_THAT(complaintsAboutDialog(L"Norvex.dll", IDD_EXPRESSION), IsEmpty());
+}
+
+TEST_P(TranslatedWindowsTest, TheTechnologyEditorShowsItsTextsWhole) {
+    auto technologies = service();
+    const auto technology = technologies.create(norvex::cycle::kPeckDrilling, "");
+    std::optional<std::vector<std::string>> complaints;
+    const Onlooker onlooker([&](HWND dialog) { complaints = complaintsAbout(dialog, kDpi); });
+    technologies.edit(*technology, 0);
+    ASSERT_TRUE(complaints);
+    EXPECT_THAT(*complaints, IsEmpty());
+}
+
+TEST_P(TranslatedWindowsTest, TheStepWizardShowsItsTextsWhole) {
+    auto technologies = service();
+    const auto technology = technologies.create(norvex::cycle::kPeckDrilling, "");
+    std::vector<std::string> complaints{"the wizard was not seen"};
+    const Onlooker onlooker([&](HWND dialog) {
+        complaints = complaintsAbout(dialog, kDpi);
+        for (int page = 1; page < 3; ++page) {
+            SendMessageW(dialog, WM_COMMAND, IDC_TECHNOLOGY_NEXT, 0);
+            for (std::string& each : complaintsAbout(dialog, kDpi))
+                complaints.push_back(std::move(each));
+        }
+    });
+    technologies.runStepWizard(*technology, 0);
+    EXPECT_THAT(complaints, IsEmpty());
+}
+
+std::string nameOfCase(const testing::TestParamInfo<std::int16_t>& language) {
+    return std::string(norvex::languageOf(language.param).name);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, TranslatedWindowsTest, testing::Values<std::int16_t>(1, 2, 3, 4, 5, 6, 7),
+                         nameOfCase);
+
+}  // namespace
+}  // namespace pellmark
