@@ -16,7 +16,7 @@ constexpr int kReportedRows = 100;
 using Report = std::function<bool(int done, int all)>;
 
 void printPages(const Grid& grid, const std::string& title, PrintDocument& document, const Report& report) {
-    GridPages pages(grid, title, Font{}, document);
+    GridPages pages(grid, title, grid.font(), document);
     const bool isPaginated =
         pages.paginate([&](int rows) { return rows % kReportedRows != 0 || report(rows, grid.dataRows()); });
     if (!isPaginated) return;

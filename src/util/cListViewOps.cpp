@@ -49,7 +49,7 @@ void cListViewOps::SortColumn(ListView& list, int column) {
 
 void cListViewOps::PrintListView(const PrintServices& services, const ListView& list, WindowHandle owner) {
     const auto document = services.askAndBegin(services.person.texts.title(), owner);
-    if (document) printList(list, Font{}, *document);
+    if (document) printList(list, list.font(), *document);
 }
 
 }  // namespace pellmark

@@ -44,6 +44,13 @@ TEST_F(GridPrintTest, TheDialogComesFirstAndTheDocumentBearsTheName) {
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 
+TEST_F(GridPrintTest, TheFontIsTheGrids) {
+    grid.setFont({"Arial", 12});
+    systemDialogs.expectPrintConfirmed();
+    print();
+    EXPECT_EQ(document().pages[0].texts[3].font, (Font{"Arial", 12}));
+}
+
 TEST_F(GridPrintTest, AWideGridIsProposedSidewaysAndThePersonDecides) {
     grid.setColWidth(0, 20'000);
     systemDialogs.expectPrint([](PrinterSettings& settings) {

@@ -83,8 +83,10 @@ TEST_F(PrintListViewTest, TheFontIsTheOneGiven) {
 }
 
 TEST_F(PrintListViewTest, ThePersonIsAskedFirst) {
+    list.setFont({"Arial", 12});
     systemDialogs.expectPrintConfirmed();
     print();
+    EXPECT_EQ(printer.documents.at(0).pages[0].texts[2].font, (Font{"Arial", 12}));
     EXPECT_EQ(systemDialogs.shown.at(0).owner, 7U);
     EXPECT_TRUE(printer.documents.at(0).ended);
     systemDialogs.expectPrintCancelled();
