@@ -9,12 +9,17 @@
 #include "knowledge/Records.h"
 #include "processes/AllProcesses.h"
 #include "refhost/store/SqliteKnowledgeBaseService.h"
+#include "settings/cRegDefaults.h"
 #include "support/Measure.h"
+#include "support/MemoryRegistry.h"
+#include "support/PortableCodePage.h"
 #include "support/SyntheticBase.h"
 #include "util/ListArrangement.h"
 #include "win32/BenchWindows.h"
 #include "win32/controls/ControlPeer.h"
 #include "win32/forms/Win32Desktop.h"
+#include "win32/ports/Win32CodePage.h"
+#include "win32/ports/Win32Registry.h"
 
 /// How long a letter typed into the line above the list of all processes takes to show: from the key's
 /// message to the painted rows, over a knowledge base of the size given.
@@ -118,7 +123,10 @@ class Bench {
     Operations operations_{trace_};
     Win32Desktop desktop_{::GetModuleHandleW(nullptr), operations_};
     Texts texts_{operations_};
-    UserInterface person_{desktop_, texts_, help_};
+    Win32Registry registry_;
+    Win32CodePage codePage_;
+    cRegDefaults layouts_{registry_, codePage_, "Bench", "Bench", trace_};
+    UserInterface person_{desktop_, texts_, help_, layouts_};
     norvex::SqliteKnowledgeBaseService service_;
     AllProcesses all_{service_};
     bench::Host host_;

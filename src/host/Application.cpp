@@ -69,8 +69,15 @@ void Application::ShowWindowProcessesView(const std::shared_ptr<HostApplication>
 void Application::ShowWindowProcessCaseView(const std::shared_ptr<HostApplication>& host,
                                             const CaseDescription& description) {
     run("Application::ShowWindowProcessCaseView", host, kManagerTitle, [&] {
+        CaseDescription wanted = description;
+        if (CaseView* current = mainForm().caseView()) {
+            // Made anew, its lists would begin at their first rows, although the host named none.
+            const CaseDescription before = current->shown();
+            if (wanted.processGuid.empty()) wanted.processGuid = before.processGuid;
+            if (wanted.processStepGuid.empty()) wanted.processStepGuid = before.processStepGuid;
+        }
         showEmbedded(FRView::FRProcesscase);
-        if (CaseView* view = mainForm().caseView()) view->show(description);
+        if (CaseView* view = mainForm().caseView()) view->show(wanted);
     });
 }
 

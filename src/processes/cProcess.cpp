@@ -403,8 +403,12 @@ WindowHandle cProcess::ownerWindow() const {
 
 void cProcess::offerSelection(DragData& drag) {
     drag.clear();
-    const std::string path = gridOps_.GetTempFolderPath() + "Processes.csv";
-    drag.text = replaced(gridOps_.SaveSelectionAsDelimitedFile(*grid_, path, ","), ',', '\t');
+    const std::string folder = gridOps_.GetTempFolderPath();
+    // Without that folder the file would land in whatever folder the host has made the current one.
+    const std::string text =
+        folder.empty() ? gridOps_.SelectionAsDelimitedText(*grid_, ",")
+                       : gridOps_.SaveSelectionAsDelimitedFile(*grid_, folder + "Processes.csv", ",");
+    drag.text = replaced(text, ',', '\t');
     drag.copyOnly = true;
 }
 

@@ -32,6 +32,18 @@ bool isWorthShowing(std::int32_t done) {
     return done % 20 == 0;
 }
 
+/// Operations of the host, of which the last one is let go first, however the work on them ends.
+struct OperationsOfFile {
+    OperationsOfFile() = default;
+    OperationsOfFile(const OperationsOfFile&) = delete;
+    OperationsOfFile& operator=(const OperationsOfFile&) = delete;
+    ~OperationsOfFile() {
+        while (!list.empty())
+            list.pop_back();
+    }
+    TechnologyService::OperationList list;
+};
+
 }  // namespace
 
 std::string ProcessFiles::askForFile(WindowHandle owner) {
@@ -67,28 +79,28 @@ void ProcessFiles::import(const std::string& path, const std::string& processId,
 
 void ProcessFiles::importWith(const Progress& progress, const std::string& path, const std::string& processId,
                               Import& outcome) {
-    TechnologyService::OperationList operations;
+    OperationsOfFile operations;
     try {
-        operations = services_.technology.read(path, progress);
+        operations.list = services_.technology.read(path, progress);
     } catch (...) {
         if (!outcome.cancelled) throw;
     }
     if (outcome.cancelled) return;  // what has been read by then is not the whole file
-    outcome.all = static_cast<std::int32_t>(operations.size());
-    for (const auto& operation : operations) {
+    outcome.all = static_cast<std::int32_t>(operations.list.size());
+    for (const auto& operation : operations.list) {
         if (!progress(outcome.added, outcome.all)) break;
         const std::string id = addStep(*operation, processId);
+        if (id.empty()) continue;  // the knowledge base has refused it
         if (outcome.firstStepId.empty()) outcome.firstStepId = id;
         ++outcome.added;
     }
-    while (!operations.empty())
-        operations.pop_back();
 }
 
 std::string ProcessFiles::addStep(TechnologyObject& operation, const std::string& processId) {
     ProcessStepStore& store = services_.knowledgeBase.stepStore();
     std::string id = store.addStep({"", operation.operationName(), processId, store.nextPriority(processId),
                                     operation.cuttingCycleId()});
+    if (id.empty()) return id;
     const std::int32_t count = operation.count();
     for (std::int32_t position = 1; position <= count; ++position) {
         // A value that cannot be stored must not keep the others out.
@@ -105,7 +117,8 @@ std::string ProcessFiles::addStep(TechnologyObject& operation, const std::string
     return id;
 }
 
-void ProcessFiles::save(const Grid& grid, const std::string& processId, WindowHandle owner) {
+void ProcessFiles::save(const Grid& grid, const std::string& processId, const StepIds& stepIds,
+                        WindowHandle owner) {
     FileDialogRequest request;
     request.title = "Save As";
     request.filter = kSaveFilter;
@@ -115,29 +128,33 @@ void ProcessFiles::save(const Grid& grid, const std::string& processId, WindowHa
     if (!services_.dialogs.VBGetSaveFileName(request, true)) return;
     folder_ = folderOf(request.fileName);
     const std::string extension = extensionOf(request.fileName);
-    if (extension == "prc") writeProcessFile(processId, request.fileName);
+    if (extension == "prc") writeProcessFile(processId, stepIds, request.fileName);
     if (extension == "csv") saveTable(grid, request.fileName, ',', owner);
     if (extension == "txt") saveTable(grid, request.fileName, '\t', owner);
 }
 
-void ProcessFiles::writeProcessFile(const std::string& processId, const std::string& path) {
+void ProcessFiles::writeProcessFile(const std::string& processId, const StepIds& stepIds,
+                                    const std::string& path) {
+    if (processId.empty()) {
+        services_.person.operations().trace().record("cProcessSteps::Save",
+                                                     "no process is selected: no process file is written");
+        return;
+    }
     bool written = false;
     trap(services_.person.operations(), "cProcessSteps::Save",
-         [&] { written = services_.technology.write(path, operationsOf(processId)); });
+         [&] { written = services_.technology.write(path, operationsOf(processId, stepIds())); });
     if (written) return;
     services_.person.show(
         {services_.person.texts.GetString("Failed to save prc file!"), "", MessageIcon::Critical});
 }
 
-TechnologyService::OperationList ProcessFiles::operationsOf(const std::string& processId) {
+TechnologyService::OperationList ProcessFiles::operationsOf(const std::string& processId,
+                                                            const std::vector<std::string>& stepIds) {
     ProcessStepStore& store = services_.knowledgeBase.stepStore();
     const ProcessRecord process = services_.knowledgeBase.processStore().process(processId);
     TechnologyService::OperationList operations;
-    // The file holds every step in the order of the process, whatever a person has made of the list.
-    const auto steps = store.steps(process.Id);
-    const std::size_t idField = steps->requireField(field::kId);
-    for (std::size_t i = 0; i < steps->count(); ++i) {
-        const ProcessStepRecord step = store.step(steps->text(i, idField));
+    for (const std::string& id : stepIds) {
+        const ProcessStepRecord step = store.step(id);
         auto operation = services_.technology.create(step.cuttingCycleId, process.Id);
         handOver(*operation, storedValues(*store.values(step.id)), Quotes::Keep);
         // Last: a name among the values is the one that the step had when they were stored.

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "controls/grid/Grid.h"
 #include "steps/StepServices.h"
@@ -31,16 +33,20 @@ class ProcessFiles {
     /// Asks for a file and saves into it what its extension says: "prc", "csv" or "txt", case ignored.
     /// Another extension saves nothing. A table holds the rows of the list, a process file every step of the
     /// process.
-    void save(const Grid& grid, const std::string& processId, WindowHandle owner);
+    /// `stepIds` is asked for the steps of a process file, in their order.
+    using StepIds = std::function<std::vector<std::string>()>;
+    void save(const Grid& grid, const std::string& processId, const StepIds& stepIds, WindowHandle owner);
 
   private:
     using Progress = TechnologyService::Progress;
 
     void importWith(const Progress& progress, const std::string& path, const std::string& processId,
                     Import& outcome);
+    /// "" when the knowledge base refuses the step.
     std::string addStep(TechnologyObject& operation, const std::string& processId);
-    void writeProcessFile(const std::string& processId, const std::string& path);
-    TechnologyService::OperationList operationsOf(const std::string& processId);
+    void writeProcessFile(const std::string& processId, const StepIds& stepIds, const std::string& path);
+    TechnologyService::OperationList operationsOf(const std::string& processId,
+                                                  const std::vector<std::string>& stepIds);
     void saveTable(const Grid& grid, const std::string& path, char separator, WindowHandle owner);
 
     StepServices services_;

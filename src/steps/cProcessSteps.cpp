@@ -326,7 +326,9 @@ void cProcessSteps::OpenPrc() {
 }
 
 void cProcessSteps::tellImport(const ProcessFiles::Import& outcome, bool failed) {
-    if (!outcome.cancelled && !(failed && outcome.added > 0)) return;
+    // Where nothing at all was added because of a failure, that has been told.
+    const bool inPart = outcome.added < outcome.all && (!failed || outcome.added > 0);
+    if (!outcome.cancelled && !inPart) return;
     Texts& texts = services_.person.texts;
     services_.person.show(
         {texts.GetString("The import has not come to its end. Steps that have been added:") + " " +
@@ -335,8 +337,25 @@ void cProcessSteps::tellImport(const ProcessFiles::Import& outcome, bool failed)
 }
 
 void cProcessSteps::Save() {
-    carryOut(services_.person, "cProcessSteps::Save",
-             [this] { files_.save(*grid_, selectedProcess(), ownerWindow()); });
+    carryOut(services_.person, "cProcessSteps::Save", [this] {
+        files_.save(
+            *grid_, selectedProcess(), [this] { return allIds(); }, ownerWindow());
+    });
+}
+
+/// A process file holds the whole process, whatever a person looks for or sorts by in the list.
+std::vector<std::string> cProcessSteps::allIds() {
+    std::vector<std::string> ids;
+    if (arrangement_ == nullptr || arrangement_->isPlain()) {
+        for (int row = grid_->fixedRows(); row < grid_->rows(); ++row)
+            ids.push_back(grid_->rowData(row));
+        return ids;
+    }
+    const auto steps = store().steps(selectedProcess());
+    const std::size_t id = steps->requireField(field::kId);
+    for (std::size_t i = 0; i < steps->count(); ++i)
+        ids.push_back(steps->text(i, id));
+    return ids;
 }
 
 void cProcessSteps::offerSelection(DragData& drag) {

@@ -75,6 +75,7 @@ class cProcessSteps {
     void decorate();
     void selectStep(const std::string& id);
     std::vector<std::string> selectedIdsBottomUp() const;
+    std::vector<std::string> allIds();
     /// From the top of the list.
     std::vector<std::string> namesOf(const std::vector<std::string>& idsBottomUp) const;
     void deleteSteps(const std::vector<std::string>& ids);

@@ -41,7 +41,7 @@ class FakeKnowledgeBase : public KnowledgeBaseService, private UserRights {
     void throwOn(const std::string& operation, std::int32_t number = errors::kKnowledgeBase,
                  const std::string& description = "The knowledge base failed on purpose.");
     void stopThrowing() { tables_.failures.clear(); }
-    /// deleteProcess, detach and deleteStep answer false for this id.
+    /// deleteProcess, detach and deleteStep answer false for this id, addStep "" for a process of this id.
     void refuse(const std::string& id) { tables_.refused.insert(id); }
 
     // --- what a test reads -------------------------------------------------------------------------------

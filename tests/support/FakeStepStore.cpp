@@ -39,6 +39,7 @@ ProcessStepRecord FakeStepStore::step(const std::string& id) {
 std::string FakeStepStore::addStep(const ProcessStepRecord& record) {
     tables_.called("addStep", record.processId, record.name);
     checkLengths(record, kSource);
+    if (tables_.refuses(record.processId)) return {};
     FakeTables::Step step;
     step.record = record;
     step.record.processId = tables_.requireProcess(record.processId).record.Id;

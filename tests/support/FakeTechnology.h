@@ -54,6 +54,9 @@ class FakeTechnology : public TechnologyObject {
     FakeTechnology& add(std::int32_t clCode, const Variant& value,
                         std::int16_t kind = TechnologyParameter::kKindInput, std::int16_t state = 0);
 
+    /// An editor may let a person choose another cycle than the one that it was opened for.
+    void setCuttingCycleId(std::int16_t id) { cycle_ = id; }
+
   private:
     std::int16_t cycle_;
     std::string name_;

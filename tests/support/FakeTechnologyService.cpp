@@ -8,6 +8,20 @@ FakeTechnology& mine(TechnologyObject& technology) {
     return dynamic_cast<FakeTechnology&>(technology);
 }
 
+/// Notes when it is let go.
+class ReadOperation : public FakeTechnology {
+  public:
+    ReadOperation(const FakeTechnology& operation, std::vector<std::string>& released)
+        : FakeTechnology(operation), name_(FakeTechnology::operationName()), released_(released) {}
+    ReadOperation(const ReadOperation&) = delete;
+    ReadOperation& operator=(const ReadOperation&) = delete;
+    ~ReadOperation() override { released_.push_back(name_); }
+
+  private:
+    std::string name_;
+    std::vector<std::string>& released_;
+};
+
 }  // namespace
 
 void FakeTechnologyService::called(const std::string& operation, const std::string& details) {
@@ -61,7 +75,7 @@ TechnologyService::OperationList FakeTechnologyService::read(const std::string& 
     const auto& stored = file(path);
     const auto all = static_cast<std::int32_t>(stored.size());
     for (const auto& operation : stored) {
-        operations.push_back(std::make_unique<FakeTechnology>(operation));
+        operations.push_back(std::make_unique<ReadOperation>(operation, released));
         if (progress && !progress(static_cast<std::int32_t>(operations.size()), all)) break;
     }
     return operations;

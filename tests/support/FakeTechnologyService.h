@@ -55,6 +55,8 @@ class FakeTechnologyService : public TechnologyService {
     // --- what a test reads -------------------------------------------------------------------------------
     /// "create 602 {id}", "edit 7", "read C:\...", in order.
     std::vector<std::string> calls;
+    /// The operation names of what read has handed out, as they were let go.
+    std::vector<std::string> released;
     bool hasFile(const std::string& path) const { return files_.count(path) > 0; }
     /// What a file holds; throws errors::kFileNotFound when there is none.
     const std::vector<FakeTechnology>& file(const std::string& path) const;

@@ -3,7 +3,10 @@
 namespace pellmark {
 
 KeptPlace::KeptPlace(Grid& grid)
-    : grid_(grid), currentId_(grid.rowData(grid.row())), col_(grid.col()), topId_(grid.rowData(grid.topRow())) {
+    : grid_(grid),
+      currentId_(grid.rowData(grid.row())),
+      col_(grid.col()),
+      topId_(grid.rowData(grid.topRow())) {
     if (grid.selectedRows() > kMostRows) return;
     for (int i = 0; i < grid.selectedRows(); ++i)
         selectedIds_.push_back(grid.rowData(grid.selectedRow(i)));

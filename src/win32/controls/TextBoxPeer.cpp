@@ -14,8 +14,8 @@ TextBoxPeer::TextBoxPeer(FormWindow& form, TextBox& box, HWND parent) : ControlP
     ::SendMessageW(window(), EM_SETLIMITTEXT, 0, 0);
     show();
     textChanged_ = box.textChanged.subscribe([this] { show(); });
-    selectionRequested_ = box.selectionRequested.subscribe(
-        [this] { ::SendMessageW(window(), EM_SETSEL, 0, -1); });
+    selectionRequested_ =
+        box.selectionRequested.subscribe([this] { ::SendMessageW(window(), EM_SETSEL, 0, -1); });
 }
 
 void TextBoxPeer::detach() {

@@ -15,7 +15,7 @@ constexpr double kPointsPerInch = 72;
 /// Where a font leaves them open.
 constexpr wchar_t kFontName[] = L"MS Shell Dlg 2";
 constexpr double kFontSize = 9;
-constexpr COLORREF kLineColor = RGB(160, 160, 160);
+constexpr COLORREF kLineColor = RGB(192, 192, 192);
 
 bool isSecondHalf(wchar_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;

@@ -34,6 +34,15 @@ class PageUnit {
     int perInch_;
 };
 
+/// The settings, or those of the default printer where theirs has been removed since.
+PrinterSettings usable(const PrinterSettings& settings) {
+    if (settings.device.empty() || !DeviceMode::of(settings).empty()) return settings;
+    PrinterSettings others = settings;
+    others.device.clear();
+    others.driverData.clear();
+    return others;
+}
+
 int screenDpi() {
     const HDC screen = ::GetDC(nullptr);
     const int dpi = ::GetDeviceCaps(screen, LOGPIXELSY);
@@ -118,8 +127,9 @@ DialogResult<PrinterSettings> Win32SystemDialogs::print(const PrinterSettings& f
     PRINTDLGW asked{};
     asked.lStructSize = sizeof asked;
     asked.hwndOwner = over.window();
-    asked.hDevMode = DeviceMode::of(first).copy().release();
-    asked.hDevNames = deviceNamesOf(first).release();
+    const PrinterSettings settings = usable(first);
+    asked.hDevMode = DeviceMode::of(settings).copy().release();
+    asked.hDevNames = deviceNamesOf(settings).release();
     // Without a printer the caller says so, in the person's language.
     asked.Flags = flags | PD_ALLPAGES | PD_NOSELECTION | PD_NOPAGENUMS | PD_HIDEPRINTTOFILE |
                   PD_USEDEVMODECOPIESANDCOLLATE | PD_NOWARNING;
@@ -141,8 +151,9 @@ DialogResult<PageChoice> Win32SystemDialogs::pageSetup(const PageChoice& first, 
     PAGESETUPDLGW asked{};
     asked.lStructSize = sizeof asked;
     asked.hwndOwner = over.window();
-    asked.hDevMode = DeviceMode::of(first.settings).copy().release();
-    asked.hDevNames = deviceNamesOf(first.settings).release();
+    const PrinterSettings settings = usable(first.settings);
+    asked.hDevMode = DeviceMode::of(settings).copy().release();
+    asked.hDevNames = deviceNamesOf(settings).release();
     asked.Flags = flags | PSD_INHUNDREDTHSOFMILLIMETERS | PSD_NOWARNING;
     const PageUnit unit(asked.Flags);
     if (first.margins != PageMargins{}) {

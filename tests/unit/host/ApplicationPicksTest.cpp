@@ -172,6 +172,20 @@ TEST_F(ApplicationPicksTest, TheCaseViewIsEmbeddedWithItsDescription) {
     app.EditFeatureCase(host, 9, description);
 }
 
+TEST_F(ApplicationPicksTest, ASecondCallThatNamesNoProcessAndNoStepKeepsTheSelection) {
+    base.addStep(partial, "Centre", 1);
+    const std::string step = base.addStep(partial, "Deep", 2);
+    description.processGuid = partial;
+    description.processStepGuid = step;
+    app.ShowWindowProcessCaseView(host, description);
+    description.processGuid = "";
+    description.processStepGuid = "";
+    app.ShowWindowProcessCaseView(host, description);
+    const auto& main = static_cast<FrmMain&>(*desktop.loaded("FrmMain"));
+    EXPECT_EQ(main.VSFGProcessCaseResults.rowData(main.VSFGProcessCaseResults.row()), partial);
+    EXPECT_EQ(main.VSFGProcessStep.rowData(main.VSFGProcessStep.row()), step);
+}
+
 TEST_F(ApplicationPicksTest, AModalCallLetsTheEmbeddedViewComeBackAsItWas) {
     description.processGuid = partial;
     app.ShowWindowProcessCaseView(host, description);

@@ -85,6 +85,22 @@ TEST_F(CaseViewTest, WhatIsShownIsDescribedAsTheHostWould) {
     EXPECT_EQ(now.processStepGuid, deep);
 }
 
+TEST_F(CaseViewTest, TheFeatureTypeIsChosenAfterTheFiltersThatWouldLeaveItOut) {
+    base.addNvxFeatureType(3, "Slots");
+    base.addNvxFeatureType(5, "Holes");
+    const std::string slot = base.addFeatureType("Slot", 3, "", unit::kMetric);
+    const std::string width = base.addValue(base.addKey(slot, "Width"), "5");
+    description.featureTypeId = slot;
+    description.valueIds = {width};
+    description.nvxFeatureType = 5;
+    description.unit = unit::kInch;
+    show();
+    EXPECT_EQ(view().GetCurrentFeatureType(), slot);
+    EXPECT_THAT(view().GetCurrentValueIds(), ElementsAre(width));
+    EXPECT_EQ(view().description().nvxFeatureType, 5);
+    EXPECT_EQ(view().GetFTUnit(), unit::kInch);
+}
+
 TEST_F(CaseViewTest, AfterTheHostsChoiceAPersonsOwnIsKept) {
     description.processGuid = ream;
     description.processStepGuid = finish;

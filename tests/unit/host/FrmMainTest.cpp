@@ -22,6 +22,35 @@ TEST_F(FrmMainTest, LoadingCaptionsTheTabs) {
     EXPECT_EQ(main.SizerProcessCase.caption(), "Process Case");
 }
 
+TEST_F(FrmMainTest, EveryCaptionIsLookedUpUnderItsEnglishText) {
+    const std::pair<const Control*, const char*> captions[] = {
+        {&main.TabProcesses, "Processes"},
+        {&main.SizerProcessCase, "Process Case"},
+        {&main.FrameFilters, "Filters"},
+        {&main.FrameFeatureTypeFilters, "Feature Case Filters"},
+        {&main.LblUnit, "Unit"},
+        {&main.LblpartType, "Part Type"},
+        {&main.LblNvxFeatureType, "Norvex Feature Type"},
+        {&main.FrameProcessFilters, "Process Filters"},
+        {&main.Label2, "Unit"},
+        {&main.LblPartMaterial, "Part Material Class"},
+        {&main.FrameProcessCase, "Feature Case"},
+        {&main.FrameProcessCaseResults, "Processes"},
+        {&main.FrameProcessStep, "Process Steps"},
+        {&main.CmdOK, "OK"},
+        {&main.CmdHelp, "Help"}};
+    for (const auto& [control, english] : captions)
+        library.translations[english] = std::string("t ") + english;
+    main.load();
+    for (const auto& [control, english] : captions)
+        EXPECT_EQ(control->caption(), std::string("t ") + english) << control->name();
+}
+
+TEST_F(FrmMainTest, TheProcessesOfACaseHaveTheFocusAtFirst) {
+    main.SetView(FRView::FRProcesscase);
+    EXPECT_EQ(main.focused(), &main.VSFGProcessCaseResults);
+}
+
 TEST_F(FrmMainTest, AHostsSwitchMovesTheTabsAndBuildsTheView) {
     main.SetView(FRView::FRProcesscase);
     EXPECT_EQ(main.TabCtrl.index(), 1);

@@ -51,10 +51,15 @@ TEST_F(ServicesTest, AGrantedRightShowsNothing) {
 
 TEST_F(ServicesTest, BothPiecesOfTheRefusalAreTranslated) {
     base.allowed.clear();
-    library.translations["You do not have permission to"] = "Keine Rechte:";
-    library.translations["edit objects in the database!"] = "bearbeiten";
-    desktop.expectMessage("Keine Rechte: bearbeiten");
-    services.rights.CheckPermission(PermissionEdit);
+    library.translations = {{"You do not have permission to", "Keine Rechte:"},
+                            {"edit objects in the database!", "bearbeiten"},
+                            {"add new objects to the database!", "anlegen"},
+                            {"delete objects from the database!", "entfernen"}};
+    for (const auto& [operation, text] : std::initializer_list<std::pair<int, const char*>>{
+             {PermissionEdit, "bearbeiten"}, {PermissionAdd, "anlegen"}, {PermissionDelete, "entfernen"}}) {
+        desktop.expectMessage(std::string("Keine Rechte: ") + text);
+        services.rights.CheckPermission(operation);
+    }
 }
 
 }  // namespace

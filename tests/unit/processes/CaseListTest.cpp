@@ -142,6 +142,36 @@ TEST_F(CaseListTest, TheCasesUnitNarrowsTheListAndNoUnitShowsBoth) {
     EXPECT_THAT(names(), ElementsAre("inch"));
 }
 
+TEST_F(CaseListTest, TheLimitCountsWhatTheCasesUnitLeaves) {
+    base.addFeatureCase(hole, {d8, m8},
+                        {base.addProcess("e1", unit::kInch), base.addProcess("e2"), base.addProcess("e3"),
+                         base.addProcess("e4")});
+    set("MaxProcessReturnNum", "2");
+    openCase({d8, m8});
+    EXPECT_THAT(names(), ElementsAre("e2", "e3"));
+}
+
+TEST_F(CaseListTest, AProcessThatIsGoneWhenItsValuesAreReadIsNotListed) {
+    const std::string gone = base.addProcess("gone");
+    base.addFeatureCase(hole, {d8}, {gone, base.addProcess("there")});
+    base.tables().onCall = [&](const std::string& operation) {
+        if (operation == "processRecords")
+            std::erase_if(base.tables().processes, [&](const auto& each) { return each.record.Id == gone; });
+    };
+    openCase({d8});
+    base.tables().onCall = nullptr;
+    EXPECT_THAT(names(), ElementsAre("there"));
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(CaseListTest, ARefreshGivesTheUnitsTheirNamesAgain) {
+    base.addFeatureCase(hole, {d8}, {base.addProcess("a")});
+    openCase({d8});
+    grid().setColComboList(3, "");
+    list().RefreshList("");
+    EXPECT_EQ(grid().displayText(1, 3), "Metric");
+}
+
 TEST_F(CaseListTest, TheStyleChoosesTheQueryAndAnotherOneAsksNothing) {
     addFive();
     for (const char* style : {"0", "1"}) {
@@ -251,6 +281,28 @@ TEST_F(CaseListTest, DetachingNamesTheCaseThroughWhichEachIsListedFirst) {
     EXPECT_EQ(desktop.messages().front().title, "Norvex - Process Manager");
     EXPECT_EQ(desktop.messages().front().icon, MessageIcon::Question);
     EXPECT_EQ(desktop.messages().front().buttons, MessageButtons::OkCancel);
+}
+
+TEST_F(CaseListTest, TheQuestionOfDetachingIsShownAsItStands) {
+    base.addFeatureCase(hole, {d8}, {base.addProcess("one")});
+    openCase({d8});
+    for (const char* text : {kQuestion, "Delete selected process(es) from the selected Feature Case?",
+                             "Are you sure?", "Norvex - ", "Process Manager", "Norvex - Process Manager"})
+        library.translations[text] = "translated";
+    desktop.expectMessage(kQuestion, MessageAnswer::Cancel);
+    list().DeleteFromFeatureCase();
+    EXPECT_EQ(desktop.messages().back().title, "Norvex - Process Manager");
+}
+
+TEST_F(CaseListTest, AfterDetachingTheLastRowIsCurrentAndItsStepsAreShown) {
+    const std::string last = base.addProcess("c");
+    base.addFeatureCase(hole, {d8}, {base.addProcess("a"), base.addProcess("b"), last});
+    openCase({d8});
+    base.forgetCalls();
+    desktop.expectMessage(kQuestion);
+    list().DeleteFromFeatureCase();
+    EXPECT_EQ(list().SelectedProcessID(), last);
+    EXPECT_THAT(base.callsOf("steps"), ElementsAre("steps " + last));
 }
 
 TEST_F(CaseListTest, ARefusedDetachKeepsItsRowWithoutAWord) {

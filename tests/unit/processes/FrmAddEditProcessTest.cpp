@@ -46,6 +46,7 @@ class FrmAddEditProcessTest : public testing::Test, protected CaseHarness {
 };
 
 TEST_F(FrmAddEditProcessTest, OpensOnTheCurrentProcess) {
+    library.translations["Edit Process"] = "must not be looked up";
     edit([&](FrmAddEditProcess& dialog) {
         EXPECT_EQ(dialog.caption(), "Edit Process");
         EXPECT_EQ(dialog.TxtName.text(), "Drill");
@@ -63,7 +64,8 @@ TEST_F(FrmAddEditProcessTest, OpensOnTheCurrentProcess) {
 
 TEST_F(FrmAddEditProcessTest, OpensForANewProcessWithTheHostsUnit) {
     host->unitCode = unit::kInch;
-    library.translations["New Process"] = "must not be looked up";
+    for (const char* text : {"New Process", "Add New Process"})
+        library.translations[text] = "must not be looked up";
     openProcesses();
     addNew([&](FrmAddEditProcess& dialog) {
         EXPECT_EQ(dialog.caption(), "Add New Process");
@@ -99,17 +101,19 @@ TEST_F(FrmAddEditProcessTest, AUnitThatIsNeitherSelectsNone) {
 }
 
 TEST_F(FrmAddEditProcessTest, ListsAndButtonsCarryTranslatedTexts) {
-    library.translations = {
-        {"Nonmembers", "Fremde"}, {"Members", "Mitglieder"}, {"Move All Items to Members List", "Alle"}};
+    for (const char* text :
+         {"Nonmembers", "Members", "Move Selected Items to Members List", "Move All Items to Members List",
+          "Move Selected Items to Nonmembers List", "Move All Items to Nonmembers List"})
+        library.translations[text] = std::string("t ") + text;
     openProcesses();
     addNew([&](FrmAddEditProcess& dialog) {
         MemberLists& lists = dialog.FrameMaterialClass;
-        EXPECT_EQ(lists.LV1.columnHeaders().at(0).text, "Fremde");
-        EXPECT_EQ(lists.LV2.columnHeaders().at(0).text, "Mitglieder");
-        EXPECT_EQ(lists.CmdAddft.toolTip(), "Move Selected Items to Members List");
-        EXPECT_EQ(lists.CmdAddAllft.toolTip(), "Alle");
-        EXPECT_EQ(lists.CmdRevomeft.toolTip(), "Move Selected Items to Nonmembers List");
-        EXPECT_EQ(lists.CmdremoveAllft.toolTip(), "Move All Items to Nonmembers List");
+        EXPECT_EQ(lists.LV1.columnHeaders().at(0).text, "t Nonmembers");
+        EXPECT_EQ(lists.LV2.columnHeaders().at(0).text, "t Members");
+        EXPECT_EQ(lists.CmdAddft.toolTip(), "t Move Selected Items to Members List");
+        EXPECT_EQ(lists.CmdAddAllft.toolTip(), "t Move All Items to Members List");
+        EXPECT_EQ(lists.CmdRevomeft.toolTip(), "t Move Selected Items to Nonmembers List");
+        EXPECT_EQ(lists.CmdremoveAllft.toolTip(), "t Move All Items to Nonmembers List");
         dialog.CmdCancel.click();
     });
 }
@@ -130,9 +134,10 @@ TEST_F(FrmAddEditProcessTest, OkStoresWhatWasTypedAndRefreshesTheRow) {
 }
 
 TEST_F(FrmAddEditProcessTest, ARuleOf250CharactersIsAcceptedAndOf251IsNot) {
+    library.translations["Rule cannot exceed 250 characters"] = "Regel zu lang";
     edit([&](FrmAddEditProcess& dialog) {
         dialog.TxtRule.setText(std::string(251, 'r'));
-        desktop.expectMessage("Rule cannot exceed 250 characters");
+        desktop.expectMessage("Regel zu lang");
         dialog.CmdOk.click();
         EXPECT_TRUE(dialog.isShown());
         EXPECT_EQ(dialog.TxtRule.text().size(), 251U);
@@ -269,6 +274,27 @@ TEST_F(FrmAddEditProcessTest, ANewProcessIsAttachedToACaseThatIsCreatedFirst) {
                                   "addValue " + m8 + " " + featureCase, "addProcess New Process",
                                   "attach " + added() + " " + featureCase));
     EXPECT_EQ(list().SelectedProcessID(), added());
+}
+
+/// A knowledge base that takes no new process, and says so by naming none.
+struct RefusingBase : FakeKnowledgeBase {
+    struct Store : FakeProcessStore {
+        using FakeProcessStore::FakeProcessStore;
+        std::string addProcess(const ProcessRecord&) override { return {}; }
+    };
+    ProcessStore& processStore() override { return store; }
+    Store store{tables()};
+};
+
+TEST_F(FrmAddEditProcessTest, AProcessThatWasNotTakenHasNoMaterials) {
+    RefusingBase refusing;
+    refusing.addMaterial("Steel", refusing.addMaterialClass("Metals"));
+    FrmAddEditProcess dialog(person, refusing, services.host, nullptr, "", nullptr);
+    expectDialog([](FrmAddEditProcess& shown) { shown.CmdOk.click(); });
+    dialog.showModal(7);
+    EXPECT_THAT(refusing.callsOf("addMaterial"), IsEmpty());
+    EXPECT_THAT(refusing.callsOf("removeMaterial"), IsEmpty());
+    EXPECT_FALSE(dialog.isLoaded());
 }
 
 TEST_F(FrmAddEditProcessTest, AnExistingCaseIsUsed) {

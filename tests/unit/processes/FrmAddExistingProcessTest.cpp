@@ -58,9 +58,10 @@ TEST_F(FrmAddExistingProcessTest, ACaseOfNoUnitOffersTheProcessesOfBoth) {
 }
 
 TEST_F(FrmAddExistingProcessTest, HeadingsAreLookedUp) {
-    library.translations = {{"Nonmembers", "Fremde"}, {"Members", "Mitglieder"}};
+    library.translations = {{"Nonmembers", "Fremde"}, {"Members", "Mitglieder"}, {"Processes", "Prozesse"}};
     openCase({d8});
     run([&](FrmAddExistingProcess& dialog) {
+        EXPECT_EQ(dialog.FrameProcesses.caption(), "Prozesse");
         EXPECT_EQ(dialog.FrameProcesses.LV1.columnHeaders().at(0).text, "Fremde");
         EXPECT_EQ(dialog.FrameProcesses.LV2.columnHeaders().at(0).text, "Mitglieder");
         dialog.CmdCancel.click();
@@ -166,6 +167,13 @@ TEST_F(FrmAddExistingProcessTest, WithoutAFeatureTypeTheUserIsToldAndNothingOpen
     list().EditExistingProcesseswizard();
     EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
     EXPECT_EQ(desktop.messages().back().title, "Norvex - Process Manager");
+    EXPECT_THAT(desktop.windows(), IsEmpty());
+}
+
+TEST_F(FrmAddExistingProcessTest, AChosenTypeWithoutValuesOpensNothingEither) {
+    openCase({});
+    desktop.expectMessage("No feature type is currently selected");
+    list().EditExistingProcesseswizard();
     EXPECT_THAT(desktop.windows(), IsEmpty());
 }
 

@@ -168,6 +168,34 @@ TEST_F(CProcessTest, ADragOffersTheSelectedRowsAsTabbedText) {
     EXPECT_TRUE(drag.copyOnly);
 }
 
+TEST_F(CProcessTest, WithoutATemporaryFolderADragWritesNoFile) {
+    base.addProcess("a");
+    start();
+    files.temporary = "";
+    DragData drag;
+    grid.dragStarted.raise(drag);
+    EXPECT_EQ(drag.text, "Name\tUnit\tRule\tDescription\r\na\t71\t\t\r\n\r\n");
+    EXPECT_FALSE(files.has("Processes.csv"));
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(CProcessTest, ARefreshGivesTheUnitsTheirNamesAgain) {
+    base.addProcess("a", unit::kInch);
+    start();
+    grid.setColComboList(2, "");
+    list.RefreshList("");
+    EXPECT_EQ(grid.displayText(1, 2), "Inch");
+}
+
+TEST_F(CProcessTest, AnIdThatIsNotListedLeavesTheCurrentProcess) {
+    base.addProcess("a");
+    const std::string id = base.addProcess("b");
+    start();
+    list.RefreshList(id);
+    list.SetProcessGui(Guid::random().text());
+    EXPECT_EQ(list.SelectedProcessID(), id);
+}
+
 TEST_F(CProcessTest, ADragOffersItsTextThoughItsFileCannotBeWritten) {
     base.addProcess("a");
     start();
@@ -216,8 +244,10 @@ TEST_F(CProcessDeleteTest, SelectedProcessesGoAfterOneQuestion) {
 TEST_F(CProcessDeleteTest, TheQuestionIsTranslated) {
     startWith(1);
     library.translations[kDeleteQuestion] = "Wirklich?";
+    library.translations["Norvex - Process Manager"] = "Verwaltung";
     desktop.expectMessage("Wirklich?", MessageAnswer::Cancel);
     list.Delete();
+    EXPECT_EQ(desktop.messages().back().title, "Norvex - Process Manager");
     EXPECT_EQ(grid.rows(), 2);
 }
 
@@ -250,6 +280,25 @@ TEST_F(CProcessDeleteTest, RowsAreHandledFromTheLastSelectedToTheFirst) {
     list.Delete();
     EXPECT_THAT(base.callsOf("deleteProcess"),
                 ElementsAre("deleteProcess " + ids[6], "deleteProcess " + ids[4], "deleteProcess " + ids[1]));
+}
+
+TEST_F(CProcessDeleteTest, TheLastRowIsCurrentAfterwardsWhicheverWasBefore) {
+    startWith(4);
+    grid.select(1, 0);
+    selectRows({1});
+    desktop.expectMessage(kDeleteQuestion);
+    list.Delete();
+    EXPECT_EQ(list.SelectedProcessID(), ids[3]);
+    EXPECT_TRUE(grid.isSelected(3));
+}
+
+TEST_F(CProcessDeleteTest, WhichProcessARowStandsForIsNotReadFromItsCell) {
+    startWith(2);
+    grid.setText(1, field::kId, ids[1]);
+    selectRows({1});
+    desktop.expectMessage(kDeleteQuestion);
+    list.Delete();
+    EXPECT_THAT(base.callsOf("deleteProcess"), ElementsAre("deleteProcess " + ids[0]));
 }
 
 TEST_F(CProcessDeleteTest, TheDeleteKeyIsTheDeleteCommand) {

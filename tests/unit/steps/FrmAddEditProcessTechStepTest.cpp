@@ -58,14 +58,21 @@ TEST_F(FrmAddEditProcessTechStepTest, TheSevenTypesOfCyclesAreOfferedInTheirOrde
 }
 
 TEST_F(FrmAddEditProcessTechStepTest, TheTextsAreThoseOfTheLanguage) {
-    for (const char* text : {"Add Technology", "Technology", "Cutting Cycle", "Cancel"})
+    for (const char* text : {"Add Technology", "Technology", "Cutting Cycle", "OK", "Cancel", "Help"})
         translate(text, std::string("t ") + text);
+    const auto plain = [](const Control& control) {
+        std::string caption = control.caption();
+        std::erase(caption, '&');  // marks the access key
+        return caption;
+    };
     EXPECT_EQ(dialog->caption(), "Add Edit Default Technology Step");
     show([&] {
         EXPECT_EQ(dialog->caption(), "t Add Technology");
-        EXPECT_EQ(dialog->FrameTechnology.caption(), "t Technology");
-        EXPECT_THAT(dialog->Lblcycle.caption(), testing::HasSubstr("Cutting Cycle"));
-        EXPECT_THAT(dialog->CmdCancel.caption(), testing::HasSubstr("Cancel"));
+        EXPECT_EQ(plain(dialog->FrameTechnology), "t Technology");
+        EXPECT_EQ(plain(dialog->Lblcycle), "t Cutting Cycle");
+        EXPECT_EQ(plain(dialog->CmdOk), "t OK");
+        EXPECT_EQ(plain(dialog->CmdCancel), "t Cancel");
+        EXPECT_EQ(plain(dialog->CmdHelp), "t Help");
         dialog->CmdCancel.click();
     });
 }
@@ -84,6 +91,35 @@ TEST_F(FrmAddEditProcessTechStepTest, TheStepIsWhatTheEditorAccepted) {
     EXPECT_THAT(told, ElementsAre(process));
     EXPECT_FALSE(dialog->isLoaded());
     EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(FrmAddEditProcessTechStepTest, TheCycleOfTheStepIsThatOfItsTechnology) {
+    technology.editor = [](FakeTechnology& shown) {
+        EXPECT_EQ(shown.cuttingCycleId(), 602);
+        shown.setCuttingCycleId(402);
+        return TechnologyService::kAccepted;
+    };
+    accept();
+    EXPECT_EQ(added().record.cuttingCycleId, 402);
+}
+
+TEST_F(FrmAddEditProcessTechStepTest, ANewStepHasNoPriorityWhateverTheOthersHave) {
+    base.addStep(process, "there", 7);
+    accept();
+    EXPECT_EQ(added().record.priority, 0);
+    EXPECT_THAT(base.callsOf("nextPriority"), IsEmpty());
+}
+
+TEST_F(FrmAddEditProcessTechStepTest, AStepThatIsRefusedClosesTheDialogWithoutItsValues) {
+    technology.setDefaults(FakeTechnology(602).add(1, 1.0, 6));
+    base.refuse(process);
+    accept();
+    EXPECT_THAT(base.callsOf("addStepValue"), IsEmpty());
+    EXPECT_THAT(technology.calls, testing::Not(Contains(testing::StartsWith("stored"))));
+    EXPECT_THAT(told, IsEmpty());
+    EXPECT_EQ(dialog->StoredStepId(), "");
+    EXPECT_FALSE(dialog->isLoaded());
+    EXPECT_THAT(desktop.messages(), IsEmpty());
 }
 
 TEST_F(FrmAddEditProcessTechStepTest, KeptParametersAndThoseThatWereSetAreStored) {
@@ -132,9 +168,10 @@ TEST_F(FrmAddEditProcessTechStepTest, WithoutCyclesOkClosesTheDialog) {
 }
 
 TEST_F(FrmAddEditProcessTechStepTest, ARefusedValueIsToldAndTheStepStaysWithTheValuesBefore) {
+    translate(kNotUnique, "Schon vorhanden");
     technology.setDefaults(FakeTechnology(602).add(1, 1.0, 6).add(2, 2.0, 6).add(1, 3.0, 6).add(4, 4.0, 6));
     desktop.expectDialog("frmAddEditProcessTechStep", [this](Form&) { dialog->CmdOk.click(); });
-    desktop.expectMessage(kNotUnique);
+    desktop.expectMessage("Schon vorhanden");
     dialog->showModal(7);
     EXPECT_THAT(added().values, UnorderedElementsAre(Pair(1, "1"), Pair(2, "2")));
     EXPECT_EQ(desktop.messages()[0].icon, MessageIcon::Critical);
@@ -185,6 +222,7 @@ TEST_F(FrmAddEditProcessTechStepTest, CyclesThatCannotBeReadAreToldAndTheDialogD
 
 TEST_F(FrmAddEditProcessTechStepTest, HelpEnterAndEscapeDoWhatTheirButtonsDo) {
     EXPECT_EQ(dialog->defaultButton(), &dialog->CmdOk);
+    EXPECT_EQ(dialog->cancelButton(), &dialog->CmdCancel);
     show([&] {
         dialog->CmdHelp.click();
         EXPECT_THAT(help.owners, ElementsAre(dialog->handle()));

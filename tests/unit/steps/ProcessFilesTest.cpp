@@ -195,6 +195,47 @@ TEST_F(ProcessFilesTest, AHostThatCannotNoteASourceIsTracedAlone) {
     EXPECT_TRUE(trace.trapped("cProcessSteps::OpenPrc"));
 }
 
+TEST_F(ProcessFilesTest, TheOperationsAreLetGoLastFirstHoweverTheImportEnds) {
+    putFile(3);
+    open();
+    EXPECT_THAT(technology.released, ElementsAre("op 2", "op 1", "op 0"));
+    technology.released.clear();
+    base.throwOn("addStep");
+    desktop.expectMessage("The knowledge base failed on purpose.");
+    open();
+    EXPECT_THAT(technology.released, ElementsAre("op 2", "op 1", "op 0"));
+}
+
+TEST_F(ProcessFilesTest, AStepThatIsRefusedHasNoValuesAndIsNotCounted) {
+    technology.putFile(kPath, {FakeTechnology(602, "a").add(1, 1.0), FakeTechnology(602, "b").add(1, 1.0)});
+    files.makeFile(kPath);
+    base.refuse(process);
+    desktop.expectMessage("The import has not come to its end. Steps that have been added: 0 / 2");
+    open();
+    EXPECT_EQ(base.callsOf("addStep").size(), 2U);
+    EXPECT_THAT(base.callsOf("addStepValue"), IsEmpty());
+    EXPECT_THAT(technology.calls, testing::Not(testing::Contains(testing::StartsWith("stored"))));
+    EXPECT_THAT(trace.lines(), IsEmpty());
+}
+
+TEST_F(ProcessFilesTest, AnImportGoesToTheProcessThatTheCurrentRowStandsFor) {
+    processGrid.setText(1, field::kId, "shown otherwise");
+    putFile(1);
+    open();
+    EXPECT_EQ(base.tables().steps.at(0).record.processId, process);
+}
+
+TEST_F(ProcessFilesTest, TheFolderIsRememberedAlsoWhereTheFileIsMissingOrNothingIsSaved) {
+    open("C:\\Data\\missing.prc");
+    open("");
+    EXPECT_EQ(fileDialogs.requests()[1].initialFolder, "C:\\Data");
+    save("D:\\Out\\list.dat");
+    save("");
+    EXPECT_EQ(fileDialogs.requests()[3].initialFolder, "D:\\Out");
+    open("");
+    EXPECT_EQ(fileDialogs.requests()[4].initialFolder, "D:\\Out");
+}
+
 // --- a large file
 // --------------------------------------------------------------------------------------------
 
@@ -361,12 +402,40 @@ TEST_F(ProcessFilesTest, AProcessFileThatCannotBeWrittenIsSaid) {
 }
 
 TEST_F(ProcessFilesTest, AStepThatCannotBeReadWritesNoFile) {
+    base.addStep(process, "a", 1, 602);
+    steps.RefreshList("");
+    base.throwOn("step");
+    desktop.expectMessage("Failed to save prc file!");
+    save(kPath);
+    EXPECT_FALSE(technology.hasFile(kPath));
+}
+
+TEST_F(ProcessFilesTest, AStepOfTheListThatSomebodyElseHasDeletedWritesNoFile) {
     const std::string id = base.addStep(process, "gone", 1, 602);
+    base.addStep(process, "there", 2, 602);
     steps.RefreshList("");
     base.stepStore().deleteStep(id);
     desktop.expectMessage("Failed to save prc file!");
     save(kPath);
     EXPECT_FALSE(technology.hasFile(kPath));
+}
+
+TEST_F(ProcessFilesTest, AProcessThatIsGoneWritesNoFile) {
+    base.tables().processes.clear();
+    desktop.expectMessage("Failed to save prc file!");
+    save(kPath);
+    EXPECT_FALSE(technology.hasFile(kPath));
+}
+
+TEST_F(ProcessFilesTest, WithoutAProcessNoProcessFileIsWrittenAndNothingTold) {
+    processGrid.bind(nullptr);
+    steps.FollowProcess();
+    save(kPath);
+    EXPECT_THAT(technology.calls, IsEmpty());
+    EXPECT_THAT(desktop.messages(), IsEmpty());
+    EXPECT_TRUE(trace.trapped("cProcessSteps::Save"));
+    save("C:\\Data\\empty.csv");
+    EXPECT_EQ(files.contents("C:\\Data\\empty.csv"), ",ID,ProcessID,Priority,Name,Cutting Cycle\r\n");
 }
 
 /// Whatever the values are, a file that is imported and exported again is the same file.

@@ -63,6 +63,23 @@ TEST_F(StepCommandsTest, SelectedStepsAreDeletedFromTheBottomUpAfterOneQuestion)
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 
+TEST_F(StepCommandsTest, TheQuestionIsTranslatedAndItsTitleIsNot) {
+    translate(kQuestion, "Wirklich?");
+    translate("Norvex - Process Manager", "Verwaltung");
+    desktop.expectMessage("Wirklich?", MessageAnswer::Cancel);
+    steps.Delete();
+    EXPECT_EQ(desktop.messages()[0].title, "Norvex - Process Manager");
+}
+
+TEST_F(StepCommandsTest, WhichStepARowStandsForIsNotReadFromItsCell) {
+    grid.setText(2, field::kId, ids[3]);
+    grid.select(2, 4);
+    EXPECT_EQ(steps.SelectedStepID(), ids[1]);
+    desktop.expectMessage(kQuestion);
+    steps.Delete();
+    EXPECT_THAT(changes(), ElementsAre("deleteStep " + ids[1]));
+}
+
 TEST_F(StepCommandsTest, ACancelDeletesNothing) {
     select({1, 2});
     desktop.expectMessage(kQuestion, MessageAnswer::Cancel);
@@ -73,10 +90,13 @@ TEST_F(StepCommandsTest, ACancelDeletesNothing) {
 }
 
 TEST_F(StepCommandsTest, OtherKeysDoNothing) {
-    KeyPress key;
-    key.keyCode = 45;
-    grid.keyPressed.raise(key);
-    EXPECT_FALSE(key.handled);
+    for (const int code : {8, 27, 32, 65, 0x73}) {
+        KeyPress key;
+        key.keyCode = code;
+        grid.keyPressed.raise(key);
+        EXPECT_FALSE(key.handled) << code;
+    }
+    EXPECT_THAT(base.calls(), IsEmpty());
 }
 
 TEST_F(StepCommandsTest, WithoutTheRightNothingIsDeletedAndNothingAsked) {
@@ -181,6 +201,17 @@ TEST_F(StepCommandsTest, ACancelledDialogLeavesTheStepsAndTheirSelection) {
     EXPECT_EQ(steps.SelectedStepID(), ids[2]);
     EXPECT_EQ(grid.text(1, "FixedRow"), "User");
     EXPECT_THAT(base.callsOf("steps"), IsEmpty());
+}
+
+TEST_F(StepCommandsTest, AStepIsAddedToTheProcessWhoseIdTheListShowsInItsCurrentRow) {
+    const std::string other = base.addProcess("B");
+    listProcesses();
+    processGrid.select(2, 1);
+    technology.editor = [](FakeTechnology&) { return TechnologyService::kAccepted; };
+    desktop.expectDialog("frmAddEditProcessTechStep",
+                         [](Form& shown) { dynamic_cast<frmAddEditProcessTechStep&>(shown).CmdOk.click(); });
+    steps.AddNewWizard();
+    EXPECT_EQ(base.tables().steps.back().record.processId, other);
 }
 
 TEST_F(StepCommandsTest, WithoutTheRightOrAProcessNoStepIsAdded) {

@@ -54,6 +54,20 @@ TEST_F(StepEditsTest, EveryEditIsWrittenAtOnceAndNothingElseIsRead) {
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 
+TEST_F(StepEditsTest, WhichStepARowStandsForIsNotReadFromItsCell) {
+    grid.setText(2, field::kId, first);
+    EXPECT_TRUE(edit(2, field::kName, "Tap M8"));
+    EXPECT_EQ(stored(second).name, "Tap M8");
+    EXPECT_EQ(stored(first).name, "Drill");
+}
+
+TEST_F(StepEditsTest, TheProcessOfAStepIsThatOfItsCell) {
+    const std::string other = base.addProcess("B");
+    grid.setText(1, field::kProcessId, other);
+    EXPECT_TRUE(edit(1, field::kName, "Drill deep"));
+    EXPECT_EQ(stored(first), (ProcessStepRecord{first, "Drill deep", other, 1, 602}));
+}
+
 TEST_F(StepEditsTest, IdsCannotBeEdited) {
     EXPECT_FALSE(edit(1, field::kId, "x"));
     EXPECT_FALSE(edit(1, field::kProcessId, "x"));

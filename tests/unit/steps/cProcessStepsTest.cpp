@@ -144,6 +144,28 @@ TEST_F(CProcessStepsTest, WithoutAProcessThereIsNothingAndNothingIsAsked) {
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 
+TEST_F(CProcessStepsTest, AListThatIsGoneHearsItsGridNoMore) {
+    addStep("a", 1);
+    start();
+    Grid view(form, "view");
+    {
+        cProcessSteps passing(services(), &processGrid);
+        passing.Init(view);
+    }
+    base.forgetCalls();
+    DragData drag;
+    view.dragStarted.raise(drag);
+    EXPECT_EQ(drag.text, "");
+    view.doubleClicked.raise(1);
+    KeyPress key;
+    key.keyCode = KeyPress::kDelete;
+    view.keyPressed.raise(key);
+    EXPECT_FALSE(key.handled);
+    EXPECT_TRUE(view.beginEdit(1, view.colIndex(field::kName)));
+    view.commitEdit("x");
+    EXPECT_THAT(base.calls(), IsEmpty());
+}
+
 TEST_F(CProcessStepsTest, AStepListThatWasNeverGivenAGridHasNoSelection) {
     EXPECT_EQ(steps.SelectedStepID(), "");
 }

@@ -59,6 +59,17 @@ TEST_F(Win32SystemDialogsTest, ACancelledPrintDialogChoosesNothing) {
     EXPECT_EQ(result.chosen, first);
 }
 
+TEST_F(Win32SystemDialogsTest, APrinterThatHasBeenRemovedLeavesItsPlaceToTheDefaultOne) {
+    PrinterSettings first;
+    first.device = "No such printer";
+    first.copies = 2;
+    const auto result = pressing(VK_RETURN, [&] { return dialogs.print(first, box(), 0); });
+    ASSERT_TRUE(result.confirmed);
+    EXPECT_NE(result.chosen.device, "No such printer");
+    EXPECT_FALSE(result.chosen.device.empty());
+    EXPECT_EQ(result.chosen.copies, 2);
+}
+
 TEST_F(Win32SystemDialogsTest, WhatOneDialogChoseIsWhereTheNextBegins) {
     PrinterSettings first;
     first.orientation = Orientation::Landscape;

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "controls/FindLine.h"
+#include "settings/cRegDefaults.h"
+#include "support/MemoryRegistry.h"
+#include "support/PortableCodePage.h"
 #include "support/win32/PeerHarness.h"
 #include "util/ListArrangement.h"
 #include "win32/WideText.h"
@@ -123,7 +126,10 @@ class FindInGridTest : public ::testing::Test, protected PeerHarness {
     Texts texts{operations};
     NoHelp help;
     NoIdle idle;
-    UserInterface person{desktop, texts, help};
+    MemoryRegistry registry;
+    PortableCodePage codePage;
+    cRegDefaults layouts{registry, codePage, "Norvex", "Norvex - Process Manager", trace};
+    UserInterface person{desktop, texts, help, layouts};
     ListForm list{desktop};
     ListArrangement arrangement{person, idle, list.grid, list.line};
     Subscription changed = arrangement.changed.subscribe([this] { refill(); });
