@@ -176,7 +176,7 @@ use_prefix() {
     export WINEPATH
     WINEPATH=$(windows_path "$build/win64/bin")
     [ -f "$WINEPREFIX/ready" ] || make_prefix "$1"
-    [ -f "$WINEPREFIX/fonts-linked" ] || link_fonts
+    [ -f "$WINEPREFIX/fonts-ready" ] || link_fonts
 }
 
 make_prefix() {
@@ -202,12 +202,12 @@ link_fonts() {
     (
         cp /usr/share/wine/fonts/{marlett,tahoma,tahomabd}.ttf \
             /usr/share/fonts/truetype/droid/DroidSansFallbackFull.ttf "$target/" &&
-            for font in 'Tahoma' 'Microsoft Sans Serif' 'MS Sans Serif' 'Segoe UI'; do
+            for font in 'Tahoma' 'Tahoma Bold' 'Microsoft Sans Serif' 'MS Sans Serif' 'Segoe UI'; do
                 timeout 60 wine reg add "$key" /v "$font" /t REG_MULTI_SZ \
                     /d 'DroidSansFallbackFull.ttf,Droid Sans Fallback' /f || exit 1
             done && WINEDEBUG=-all timeout 30 "$(wineserver_path)" -k -w
     ) > "$logs/fonts.log" 2>&1 || die "The prefix could not be given its fonts; see $logs/fonts.log"
-    touch "$WINEPREFIX/fonts-linked"
+    touch "$WINEPREFIX/fonts-ready"
 }
 
 # The path as a Windows program sees it.

@@ -70,6 +70,8 @@ class Inspection {
     void inspect(HWND parent) {
         RECT area{};
         ::GetClientRect(parent, &area);
+        RECT room = area;
+        ::InflateRect(&room, 1, 1);  // edges in twips are rounded one by one
         const bool isTabs = classOf(parent) == WC_TABCONTROLW;
         std::vector<std::pair<HWND, RECT>> placed;
         for (HWND child : childrenOf(parent)) {
@@ -78,8 +80,9 @@ class Inspection {
             ::GetWindowRect(child, &at);
             ::MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&at), 2);
             RECT common{};
-            if (::IntersectRect(&common, &at, &area) && !::EqualRect(&common, &at))
-                complain(child, "reaches out");
+            const bool isSeen = ::IntersectRect(&common, &at, &area) != FALSE;
+            ::IntersectRect(&common, &at, &room);
+            if (isSeen && !::EqualRect(&common, &at)) complain(child, "reaches out");
             for (const auto& [other, place] : placed) {
                 if (!isTabs && ::IntersectRect(&common, &at, &place))
                     complain(child, "covers " + nameOf(other));
