@@ -101,6 +101,23 @@ TEST_F(CaseViewTest, TheFeatureTypeIsChosenAfterTheFiltersThatWouldLeaveItOut) {
     EXPECT_EQ(view().GetFTUnit(), unit::kInch);
 }
 
+TEST_F(CaseViewTest, EachFilterIsStoredUnderItsOwnName) {
+    base.addNvxFeatureType(3, "Slots");
+    base.addPartType("Prismatic");
+    show();
+    ComboBox* const filters[] = {&main.CmbFTUnit, &main.CmbFTNvxFeatureType, &main.CmbFTPartType,
+                                 &main.CmbProcessCaseUnit, &main.CmbPartMaterial};
+    for (ComboBox* filter : filters) {
+        filter->choose(1);
+        EXPECT_EQ(registry.number(Registry::kCurrentUser,
+                                  "Software\\Orvane\\Applications\\Norvex - Process Manager\\DialogSettings"
+                                  "\\FrmMain",
+                                  filter->name()),
+                  1)
+            << filter->name();
+    }
+}
+
 TEST_F(CaseViewTest, AfterTheHostsChoiceAPersonsOwnIsKept) {
     description.processGuid = ream;
     description.processStepGuid = finish;
