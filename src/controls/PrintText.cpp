@@ -66,7 +66,7 @@ std::vector<std::string> wrapText(TextMeasure& measure, std::string_view text, T
 
 std::string shortenText(TextMeasure& measure, std::string_view text, Twips width) {
     constexpr std::string_view kDots = "...";
-    const std::string whole = printableText(text);
+    std::string whole = printableText(text);
     if (measure.fitting(whole, width) >= whole.size()) return whole;
     const Twips room = width - measure.textWidth(kDots);
     if (room < 0) return {};

@@ -23,7 +23,7 @@ Orientation orientationFor(const Grid& grid) {
     return widthOf(grid, shownColumns(grid)) > kUprightWidth ? Orientation::Landscape : Orientation::Portrait;
 }
 
-GridPages::GridPages(const Grid& grid, std::string title, const Font& font, PrintDocument& document)
+GridPages::GridPages(const Grid& grid, const std::string& title, const Font& font, PrintDocument& document)
     : grid_(grid), title_(printableText(title)), font_(font), document_(document), page_(document.page()) {
     setFont(false, false);
     lineHeight_ = std::max(document_.lineHeight(), 1);

@@ -27,7 +27,7 @@ class GridPages {
     using Report = std::function<bool(int rows)>;
 
     /// Grid and document must outlive this object, and the grid must not change meanwhile.
-    GridPages(const Grid& grid, std::string title, const Font& font, PrintDocument& document);
+    GridPages(const Grid& grid, const std::string& title, const Font& font, PrintDocument& document);
 
     /// Finds out which rows stand on which page. False when the report stopped it.
     bool paginate(const Report& report);
