@@ -156,9 +156,8 @@ TEST_F(ScriptTest, TheLogThatTheEnvironmentAsksForNamesTheMemberAndTheReason) {
     EXPECT_THAT(text, testing::HasSubstr("Pellmark: version "));
     EXPECT_THAT(text, testing::HasSubstr(" ShowWindowProcessesView: called\r\n"));
     EXPECT_THAT(text, testing::HasSubstr("ProcessGuid \"no identifier\" is no identifier"));
-    EXPECT_THAT(text,
-                testing::HasSubstr("Application::ShowWindowProcessesView: error 438 from "
-                                   "NvxApplication.MainWindowHandle"));
+    EXPECT_THAT(text, testing::HasSubstr("Application::ShowWindowProcessesView: error 438 from "
+                                         "NvxApplication.MainWindowHandle"));
 }
 
 /// The text of a message box; "" when the window is none.
