@@ -234,7 +234,7 @@ TEST_F(FindInGridTest, AClickOnAHeadingSortsAndAnArrowSaysSo) {
     EXPECT_EQ(list.grid.sortMark(), (SortMark{0, false}));
     EXPECT_EQ(arrow(0), 1);
     EXPECT_EQ(arrow(1), 0);
-    Person::click(header(), {30, 8});
+    Person::click(header(), {60, 8});  // elsewhere, or the two would be a double click
     EXPECT_EQ(arrow(0), -1);
     EXPECT_EQ(list.grid.text(1, 0), "Tap M199");
     EXPECT_EQ(list.grid.text(list.grid.row(), 0), "Tap M0") << "the selected row stays selected";
@@ -261,7 +261,7 @@ TEST_F(FindInGridTest, TheRowAtTheUpperEdgeIsKnownAndCanBeChosen) {
     EXPECT_EQ(list.grid.topRow(), 10);
 }
 
-TEST_F(FindInGridTest, TypingCostsNothingPerRowInTheWindow) {
+TEST_F(FindInGridTest, ALongListIsReadOnlyWhereItIsSeen) {
     start();
     Person::press({VK_CONTROL, 'F'});
     int reads = 0;
@@ -282,6 +282,7 @@ TEST_F(FindInGridTest, TypingCostsNothingPerRowInTheWindow) {
     const auto many = std::make_shared<Counting>(reads);
     list.grid.bind(many);
     Person::pump();
+    ::UpdateWindow(grid());
     EXPECT_GT(reads, 0);
     EXPECT_LT(reads, 400) << "only what is on the screen is read";
 }
