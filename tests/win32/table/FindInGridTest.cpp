@@ -261,31 +261,5 @@ TEST_F(FindInGridTest, TheRowAtTheUpperEdgeIsKnownAndCanBeChosen) {
     EXPECT_EQ(list.grid.topRow(), 10);
 }
 
-TEST_F(FindInGridTest, ALongListIsReadOnlyWhereItIsSeen) {
-    start();
-    Person::press({VK_CONTROL, 'F'});
-    int reads = 0;
-    class Counting : public MemoryRecordSet {
-      public:
-        explicit Counting(int& counter) : MemoryRecordSet({"_Name", "_Note"}), reads_(counter) {
-            for (int i = 0; i < 20000; ++i)
-                addRow({"n", "x"});
-        }
-        std::string text(std::size_t record, std::size_t field) override {
-            ++reads_;
-            return MemoryRecordSet::text(record, field);
-        }
-
-      private:
-        int& reads_;
-    };
-    const auto many = std::make_shared<Counting>(reads);
-    list.grid.bind(many);
-    Person::pump();
-    ::UpdateWindow(grid());
-    EXPECT_GT(reads, 0);
-    EXPECT_LT(reads, 400) << "only what is on the screen is read";
-}
-
 }  // namespace
 }  // namespace pellmark::test
