@@ -46,6 +46,16 @@ def take_case_view(desktop, album):
         album.add("process-case-view", workbench.refresh())
 
 
+def take_finding(desktop, album):
+    with Workbench(desktop, "processes") as workbench:
+        desktop.click(desktop.row_middle(desktop.rows(workbench.process_list())["rows"][0]))
+        desktop.key("ctrl+shift+1", "ctrl+shift+1", "ctrl+f")
+        wait_for("the line", lambda: desktop.find("Edit", inside=workbench.window))
+        desktop.type("titanium")
+        wait_for("what is found", lambda: desktop.rows(workbench.process_list())["count"] < 20)
+        album.add("finding", workbench.refresh())
+
+
 def take_process_menu(desktop, album):
     with album.workbench() as workbench:
         rows = desktop.rows(workbench.process_list())["rows"]
@@ -183,7 +193,7 @@ def take_wizard(desktop, album):
         album.add("step-wizard-speeds", wizard)
 
 
-SCENES = [take_processes_view, take_case_view, take_process_menu, take_process_dialog, take_delete_question,
+SCENES = [take_processes_view, take_case_view, take_finding, take_process_menu, take_process_dialog, take_delete_question,
           take_host_dialog, take_case_menu, take_members_dialog, take_picker, take_materials_dialog, take_step_menu,
           take_field_chooser, take_steps, take_technology, take_wizard]
 
