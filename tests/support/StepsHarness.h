@@ -8,6 +8,7 @@
 
 #include "controls/grid/Grid.h"
 #include "steps/cProcessSteps.h"
+#include "support/ActingIdle.h"
 #include "support/FakeKnowledgeBase.h"
 #include "support/FakeTechnologyService.h"
 #include "support/MemoryFileSystem.h"
@@ -89,16 +90,6 @@ struct StepsHarness {
       public:
         void openHelp(WindowHandle owner) override { owners.push_back(owner); }
         std::vector<WindowHandle> owners;
-    };
-    /// Lets a test act where a person could: each time the window breathes.
-    class ActingIdle : public Idle {
-      public:
-        void yield() override {
-            ++yields;
-            if (act) act();
-        }
-        int yields = 0;
-        std::function<void()> act;
     };
     /// Translations that a test sets.
     class Translations : public TranslationService {

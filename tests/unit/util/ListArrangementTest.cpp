@@ -4,23 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "knowledge/MemoryRecordSet.h"
+#include "support/ActingIdle.h"
 #include "support/PortsHarness.h"
 
 namespace pellmark::test {
 namespace {
 
 using testing::HasSubstr;
-
-/// Lets a test act where a person could: each time the window breathes.
-class ActingIdle : public Idle {
-  public:
-    void yield() override {
-        ++yields;
-        if (act) act();
-    }
-    int yields = 0;
-    std::function<void()> act;
-};
 
 /// A list whose owner arranges it in memory.
 class ListArrangementTest : public testing::Test, protected ServicesHarness {
@@ -159,6 +149,15 @@ TEST_F(ListArrangementTest, ACommandThatListsByItselfDropsTheText) {
     EXPECT_TRUE(arrangement.drop());
     EXPECT_FALSE(line.isOpen());
     EXPECT_EQ(grid.dataRows(), 1) << "nobody has listed anew yet";
+}
+
+TEST_F(ListArrangementTest, TheFirstColumnGoesByWhatAPersonSeesOfItsValues) {
+    grid.setColComboList(0, "#n0;zinc|#n1;alloy|#n2;brass");
+    fill(3);
+    arrangement.sortBy(0);
+    EXPECT_EQ(grid.displayText(1, 0), "alloy");
+    EXPECT_EQ(grid.displayText(2, 0), "brass");
+    EXPECT_EQ(grid.displayText(3, 0), "zinc");
 }
 
 }  // namespace

@@ -261,5 +261,32 @@ TEST_F(FindInGridTest, TheRowAtTheUpperEdgeIsKnownAndCanBeChosen) {
     EXPECT_EQ(list.grid.topRow(), 10);
 }
 
+TEST_F(FindInGridTest, ALongListIsReadOnlyWhereItIsSeen) {
+    start();
+    Person::press({VK_CONTROL, 'F'});
+    int reads = 0;
+    class Counting : public MemoryRecordSet {
+      public:
+        explicit Counting(int& counter) : MemoryRecordSet({"_Name", "_Note"}), reads_(counter) {
+            for (int i = 0; i < 20000; ++i)
+                addRow({"n", "x"});
+        }
+        // What the grid paints comes this way.
+        void appendText(std::size_t record, std::size_t field, std::string& out) override {
+            ++reads_;
+            MemoryRecordSet::appendText(record, field, out);
+        }
+
+      private:
+        int& reads_;
+    };
+    const auto many = std::make_shared<Counting>(reads);
+    list.grid.bind(many);
+    Person::pump();
+    ::UpdateWindow(grid());
+    EXPECT_GT(reads, 0);
+    EXPECT_LT(reads, 400) << "only what is on the screen is read";
+}
+
 }  // namespace
 }  // namespace pellmark::test

@@ -194,6 +194,8 @@ TEST_F(GridPagesTest, LooksOfCellsArePrinted) {
     EXPECT_EQ(drawn(document, "P2").color, kRed);
     EXPECT_TRUE(drawn(document, "Name").font.bold);
     EXPECT_TRUE(drawn(document, "Processes").font.bold);
+    EXPECT_FALSE(drawn(document, "Name").font.italic);
+    EXPECT_FALSE(drawn(document, "Processes").font.italic);
     EXPECT_FALSE(drawn(document, "P1").font.bold);
     EXPECT_FALSE(drawn(document, "1 / 1").font.bold);
 }
