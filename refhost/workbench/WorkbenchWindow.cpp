@@ -120,6 +120,11 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
         case WM_SIZE:
             layOut();
             return 0;
+        case WM_SETTINGCHANGE:
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            tellViews(message, wide, data);
+            break;
         case WM_SETFOCUS:
             focusView();
             return 0;
@@ -146,13 +151,21 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
             PostQuitMessage(0);
             return 0;
         default:
-            return DefWindowProcW(window_, message, wide, data);
+            break;
     }
+    return DefWindowProcW(window_, message, wide, data);
+}
+
+void WorkbenchWindow::tellViews(UINT message, WPARAM wide, LPARAM data) {
+    SendMessageW(status_, message, wide, data);
+    for (HWND view = GetWindow(area_, GW_CHILD); view != nullptr; view = GetWindow(view, GW_HWNDNEXT))
+        SendMessageW(view, message, wide, data);
 }
 
 void WorkbenchWindow::layOut() {
     if (status_ == nullptr) return;
     SendMessageW(status_, WM_SIZE, 0, 0);
+    InvalidateRect(status_, nullptr, TRUE);  // or its grip stays where its end was before
     RECT client{};
     RECT line{};
     GetClientRect(window_, &client);
