@@ -359,7 +359,7 @@ const std::vector<Command>& commands() {
         {"Edit... of a process that somebody else has deleted",
          [](Sweep& s) {
              s.showAll();
-             s.base.processStore().deleteProcess(s.processes[0]);
+             s.base.tables().processes.clear();
              s.take(&FrmMain::VSFGAllProcesses, "mnuProcessEdit");
          }},
         {"Delete in the list of all",
