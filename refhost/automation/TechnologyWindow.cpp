@@ -9,6 +9,7 @@
 #include "refhost/automation/CyclePicture.h"
 #include "refhost/automation/HostConfiguration.h"
 #include "refhost/automation/Resources.h"
+#include "refhost/windows/Placing.h"
 
 namespace norvex {
 
@@ -122,6 +123,7 @@ void TechnologyWindow::fill() {
     RECT whole{};
     GetWindowRect(dialog_, &whole);
     least_ = {(whole.right - whole.left) * 3 / 4, (whole.bottom - whole.top) * 3 / 4};
+    centreOverOwner(dialog_);
     grid_.tried = [this](const std::string& reason) { afterTrying(reason); };
     grid_.attach(control(IDC_TECHNOLOGY_GRID));
     fillMaterials();
