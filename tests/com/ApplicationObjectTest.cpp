@@ -456,7 +456,7 @@ TEST_F(ApplicationObjectTest, AnEarlyBoundCallWithoutHostOrWithoutAPlaceForTheRe
     EXPECT_EQ(result.vt, VT_EMPTY);
     IDispatch* host = host_.get();
     EXPECT_EQ(object_->ShowWindowProcessesView(&host, nullptr, nullptr), E_POINTER);
-    EXPECT_THAT(takeErrorText(), testing::MatchesRegex("The place for the result of [a-zA-Z]+ is missing"));
+    EXPECT_THAT(takeErrorText(), testing::MatchesRegex("The place for the result of .* is missing"));
     EXPECT_EQ(object_->get_CurrentView(nullptr), E_POINTER);
 }
 

@@ -20,7 +20,6 @@ class KnowledgeBaseTest(WorkbenchTest):
         """The text of the message that is open, once it is; it is closed then."""
         box = self.workbench.dialog()
         words = " ".join(window.text for window in self.desktop.find("Static", inside=box))
-        self.assert_centred(box)
         self.desktop.key("Return")
         self.desktop.gone(box)
         return words
@@ -53,6 +52,7 @@ class AFolderThatDoesNotExist(KnowledgeBaseTest):
 
     def test_is_named_and_not_made_and_another_knowledge_base_opens_then(self):
         why = r"The knowledge base 'C:\Nowhere\knowledge.db' cannot be opened: there is no folder 'C:\Nowhere'."
+        self.assert_centred(self.workbench.dialog())
         self.assertIn(why, self.message())
         self.assertFalse((drive_c() / "Nowhere").exists())
         self.assertEqual(self.title(), "Norvex Workbench - No knowledge base is open")
@@ -118,7 +118,7 @@ class AReadOnlyKnowledgeBase(KnowledgeBaseTest):
             with self.subTest(command):
                 mouse.command(steps, STEP_MENU, command)
                 self.assert_refused()
-        mouse.begin_edit(steps, 0, "Priority")
+        mouse.begin_edit(steps, 0, "Order")
         self.assert_refused()
         self.desktop.key("alt+k", "e")
         self.assert_refused()
@@ -145,8 +145,8 @@ class TheMainWindow(KnowledgeBaseTest):
         wait_for("it to move", lambda: self.workbench.refresh().area[0] == left + 40)
         left, top, width, height = self.workbench.window.area
         self.desktop.drag((left + width - 2, top + height - 2), (left + width - 202, top + height - 102))
-        wait_for("it to be smaller", lambda: self.workbench.refresh().area[2] < width - 150)
-        area = self.workbench.window.area
+        area = (left, top, width - 200, height - 100)
+        wait_for("it to be smaller", lambda: self.workbench.refresh().area == area)
         self.workbench.restart()
         self.assertEqual(self.workbench.refresh().area, area)
 

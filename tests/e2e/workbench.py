@@ -18,11 +18,6 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
-def guid_bytes(text):
-    """The bytes of an identifier in the order in which they are stored."""
-    return uuid.UUID(text).bytes_le
-
-
 def drive_c():
     return pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
 
