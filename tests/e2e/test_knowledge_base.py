@@ -118,7 +118,8 @@ class AReadOnlyKnowledgeBase(KnowledgeBaseTest):
             with self.subTest(command):
                 mouse.command(steps, STEP_MENU, command)
                 self.assert_refused()
-        mouse.begin_edit(steps, 0, "Order")
+        mouse.select(steps, 0)
+        self.desktop.key("F2")
         self.assert_refused()
         self.desktop.key("alt+k", "e")
         self.assert_refused()
