@@ -67,8 +67,11 @@ std::optional<std::int16_t> registryNumber(const wchar_t* value) {
 std::string knowledgeBaseFile() {
     std::string path = environment(kKnowledgeBase);
     if (path.empty()) path = registryText(L"KnowledgeBase");
-    if (path.empty()) path = environment(L"LOCALAPPDATA") + "\\Norvex\\knowledge.db";
-    return path;
+    return path.empty() ? defaultKnowledgeBaseFile() : path;
+}
+
+std::string defaultKnowledgeBaseFile() {
+    return environment(L"LOCALAPPDATA") + "\\Norvex\\knowledge.db";
 }
 
 void setKnowledgeBaseFile(const std::string& path) {

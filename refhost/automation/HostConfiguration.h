@@ -12,6 +12,9 @@ namespace norvex::configuration {
 /// %NORVEX_KNOWLEDGE_BASE%, else the registry value KnowledgeBase of the current user's
 /// Software\Orvane\Norvex\Config, else %LOCALAPPDATA%\Norvex\knowledge.db.
 std::string knowledgeBaseFile();
+/// The last of these, whose folder is made when the file is first opened. No other folder is: a mistyped path
+/// would otherwise become an empty knowledge base somewhere.
+std::string defaultKnowledgeBaseFile();
 void setKnowledgeBaseFile(const std::string& path);
 
 /// %NORVEX_USER%, else "Administrator".

@@ -2,6 +2,7 @@
 
 #include "automation/Module.h"
 #include "base/Error.h"
+#include "refhost/windows/Placing.h"
 
 namespace norvex {
 
@@ -30,15 +31,18 @@ HostWindow::HostWindow() {
     description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1);
     description.lpszClassName = kClassName;
     RegisterClassExW(&description);  // fails when another host object has done it
-    constexpr int kWidth = 1000;
-    constexpr int kHeight = 700;
-    window_ =
-        CreateWindowExW(0, kClassName, L"Norvex", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | WS_VISIBLE,
-                        CW_USEDEFAULT, CW_USEDEFAULT, kWidth, kHeight, nullptr, nullptr, instance, this);
+    constexpr SIZE kSizeAt96{1000, 700};
+    window_ = CreateWindowExW(0, kClassName, L"Norvex", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+                              CW_USEDEFAULT, kSizeAt96.cx, kSizeAt96.cy, nullptr, nullptr, instance, this);
     if (window_ == nullptr) {
         throw pellmark::Error(pellmark::errors::kHostInterface, "Norvex.Application",
                               "The host's main window cannot be created.");
     }
+    RECT at{};
+    GetWindowRect(window_, &at);
+    at = openingPlace(workAreaNear(at), dpiOf(window_), kSizeAt96);
+    SetWindowPos(window_, nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                 SWP_NOZORDER | SWP_SHOWWINDOW);
 }
 
 HostWindow::~HostWindow() {

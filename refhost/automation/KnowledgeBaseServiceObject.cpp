@@ -18,7 +18,7 @@ class UserRightsObject : public AutomationObject {
   public:
     explicit UserRightsObject(SharedSession session) : AutomationObject("Norvex.UserRights", kUserRights) {
         method(1, L"IsAllowed", 1,
-               [session](const Arguments& call) { return session->userRights().may(call.int32(0)); });
+               [session](const Arguments& call) { return session->isAllowed(call.int32(0)); });
     }
 };
 
@@ -57,6 +57,7 @@ KnowledgeBaseServiceObject::KnowledgeBaseServiceObject()
             names += names.empty() ? name : "|" + name;
         return VariantArg(names);
     });
+    property(9, L"IsReadOnly", [this](const Arguments&) { return session_->service().base()->isReadOnly(); });
 }
 
 bool KnowledgeBaseServiceObject::isConnected() {

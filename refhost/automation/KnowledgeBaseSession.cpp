@@ -1,5 +1,6 @@
 #include "refhost/automation/KnowledgeBaseSession.h"
 
+#include "base/Error.h"
 #include "base/Text.h"
 #include "refhost/automation/HostConfiguration.h"
 
@@ -7,7 +8,7 @@ namespace norvex {
 
 SqliteKnowledgeBaseService& KnowledgeBaseSession::service() {
     if (!service_) {
-        configuration::makeFolderOf(path_);
+        if (path_ == configuration::defaultKnowledgeBaseFile()) configuration::makeFolderOf(path_);
         service_ = std::make_unique<SqliteKnowledgeBaseService>(path_);
     }
     return *service_;
@@ -18,6 +19,16 @@ SqliteUserRights& KnowledgeBaseSession::userRights() {
     const std::string user = configuration::currentUser();
     if (!pellmark::equalNoCase(rights.currentUser(), user)) rights.setCurrentUser(user);
     return rights;
+}
+
+bool KnowledgeBaseSession::isAllowed(int operation) {
+    if (!userRights().may(operation)) return false;
+    if (!service().base()->isReadOnly()) return true;
+    const std::string why = configuration::texts().of(
+        "The knowledge base is read-only: it can be looked at, but not changed. Remove the write protection "
+        "of "
+        "the file and its folder, or copy it to a folder that you may write to, and open it again.");
+    throw pellmark::Error(pellmark::errors::kKnowledgeBase, "Norvex.UserRights", why + "\n\n" + path_);
 }
 
 }  // namespace norvex

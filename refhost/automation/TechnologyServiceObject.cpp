@@ -97,7 +97,9 @@ bool TechnologyServiceObject::show(TechnologyWindow::Style style, TechnologyObje
                                    std::int32_t owner) {
     // The person may let go of the last reference from the host's own windows meanwhile.
     const ComPtr<IDispatch> alive(&technology);
-    OperationEditor editor(technology.operation(), readCuttingData(session_.service().base()->connection()));
+    OperationEditor editor(
+        technology.operation(), readCuttingData(session_.service().base()->connection()),
+        [texts = configuration::texts()](const std::string& english) { return texts.of(english); });
     TechnologyWindow window(style, std::move(editor), technology.materialClass());
     if (!window.show(windowFrom(owner))) return false;
     technology.operation() = window.operation();

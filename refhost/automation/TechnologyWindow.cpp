@@ -9,6 +9,7 @@
 #include "refhost/automation/CyclePicture.h"
 #include "refhost/automation/HostConfiguration.h"
 #include "refhost/automation/Resources.h"
+#include "refhost/windows/Placing.h"
 
 namespace norvex {
 
@@ -119,9 +120,11 @@ INT_PTR TechnologyWindow::handle(UINT message, WPARAM wide, LPARAM data) {
 
 void TechnologyWindow::fill() {
     texts_.translate(dialog_);
+    centreOverOwner(dialog_);
+    // smaller, and headings and refusals would be cut off in some language
     RECT whole{};
     GetWindowRect(dialog_, &whole);
-    least_ = {(whole.right - whole.left) * 3 / 4, (whole.bottom - whole.top) * 3 / 4};
+    least_ = {whole.right - whole.left, whole.bottom - whole.top};
     grid_.tried = [this](const std::string& reason) { afterTrying(reason); };
     grid_.attach(control(IDC_TECHNOLOGY_GRID));
     fillMaterials();

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "base/Error.h"
+#include "base/Text.h"
 
 namespace norvex {
 
@@ -39,9 +39,12 @@ std::string adviceFor(int resultCode, const std::string& detail) {
         case SQLITE_CORRUPT:
             return "is damaged or not a knowledge base. It has been left as it is; restore it from a backup.";
         case SQLITE_READONLY:
-            return "is read-only. Remove the write protection, or copy it to a folder that you may write to.";
+            return "is read-only: it can be looked at, but not changed. Remove the write protection of the "
+                   "file "
+                   "and its folder, or copy it to a folder that you may write to, and open it again.";
         case SQLITE_CANTOPEN:
-            return "cannot be opened. Check that its folder exists and that you may write to it.";
+            return "cannot be opened. Check that it is a file, and that you may read and write it and its "
+                   "folder.";
         case SQLITE_FULL:
             return "cannot grow because the disk is full. Make room and try again.";
         case SQLITE_IOERR:
@@ -51,31 +54,74 @@ std::string adviceFor(int resultCode, const std::string& detail) {
     }
 }
 
-}  // namespace
-
-void throwFileError(const std::string& path, int resultCode, const std::string& detail) {
-    throw pellmark::Error(pellmark::errors::kKnowledgeBase, "KnowledgeBase",
-                          "The knowledge base '" + path + "' " + adviceFor(resultCode, detail));
+bool isToBeWritten(Opening opening) {
+    return opening == Opening::Existing || opening == Opening::Create;
 }
 
-Connection::Connection(std::string path, bool create, std::chrono::milliseconds busyTimeout)
+int flagsOf(Opening opening) {
+    int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    flags |= isToBeWritten(opening) ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
+    if (opening == Opening::Create) flags |= SQLITE_OPEN_CREATE;
+    if (opening == Opening::Frozen) flags |= SQLITE_OPEN_URI;
+    return flags;
+}
+
+/// The file as an address that says that nobody writes to it: SQLite then takes no locks and keeps no log,
+/// for which it would make files in the folder.
+std::string frozenAddress(const std::string& path) {
+    std::string address;
+    for (const char c : path) {
+        if (c == '%' || c == '?' || c == '#') {
+            constexpr std::string_view kDigits = "0123456789ABCDEF";
+            address += {'%', kDigits[static_cast<unsigned char>(c) / 16],
+                        kDigits[static_cast<unsigned char>(c) % 16]};
+        } else {
+            address += c;
+        }
+    }
+    const bool hasDrive = address.find(":\\") == 1 || address.find(":/") == 1;
+    if (hasDrive) address.insert(0, "/");
+    if (hasDrive || address.starts_with("\\\\")) address = pellmark::replaced(address, '\\', '/');
+    const char* const authority = address.starts_with('/') ? "//" : "";
+    return "file:" + (authority + address) + "?immutable=1";
+}
+
+}  // namespace
+
+FileError::FileError(const std::string& path, int resultCode, const std::string& detail)
+    : Error(pellmark::errors::kKnowledgeBase, "KnowledgeBase",
+            "The knowledge base '" + path + "' " + adviceFor(resultCode, detail)),
+      resultCode_(resultCode) {}
+
+bool FileError::deniesWriting() const {
+    const int code = resultCode_ & 0xFF;
+    return code == SQLITE_READONLY || code == SQLITE_CANTOPEN || code == SQLITE_PERM;
+}
+
+Connection::Connection(std::string path, Opening opening, std::chrono::milliseconds busyTimeout)
     : path_(std::move(path)) {
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
-                      (create ? SQLITE_OPEN_CREATE : 0);
-    const int result = sqlite3_open_v2(path_.c_str(), &database_, flags, nullptr);
+    const std::string address = opening == Opening::Frozen ? frozenAddress(path_) : path_;
+    const int result = sqlite3_open_v2(address.c_str(), &database_, flagsOf(opening), nullptr);
     if (result != SQLITE_OK) {
         const std::string detail = database_ ? sqlite3_errmsg(database_) : "out of memory";
         sqlite3_close_v2(std::exchange(database_, nullptr));
-        throwFileError(path_, result, detail);
+        throw FileError(path_, result, detail);
     }
     sqlite3_busy_timeout(database_, static_cast<int>(busyTimeout.count()));
     try {
-        refuseWhatNoFileNeeds(database_);
-        execute(kSettings);
+        prepare(opening);
     } catch (...) {
         sqlite3_close_v2(std::exchange(database_, nullptr));
         throw;
     }
+}
+
+void Connection::prepare(Opening opening) {
+    if (isToBeWritten(opening) && sqlite3_db_readonly(database_, "main") == 1)
+        throw FileError(path_, SQLITE_READONLY, {});
+    refuseWhatNoFileNeeds(database_);
+    if (!isToBeWritten(opening)) keepLogOnClose(true);
+    execute(kSettings);
 }
 
 Connection::~Connection() {
@@ -97,10 +143,6 @@ std::int64_t Connection::lastRow() const {
     return sqlite3_last_insert_rowid(database_);
 }
 
-bool Connection::isReadOnly() const {
-    return sqlite3_db_readonly(database_, "main") == 1;
-}
-
 bool Connection::inTransaction() const {
     return sqlite3_get_autocommit(database_) == 0;
 }
@@ -110,7 +152,7 @@ void Connection::keepLogOnClose(bool keep) {
 }
 
 void Connection::fail(int resultCode) const {
-    throwFileError(path_, resultCode, sqlite3_errmsg(database_));
+    throw FileError(path_, resultCode, sqlite3_errmsg(database_));
 }
 
 sqlite3_stmt* Connection::checkOut(const char* sql) {

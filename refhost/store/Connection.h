@@ -7,18 +7,40 @@
 #include <string>
 #include <string_view>
 
+#include "base/Error.h"
+
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace norvex {
 
+/// A failure on the file of a knowledge base (kKnowledgeBase).
+class FileError : public pellmark::Error {
+  public:
+    /// `resultCode` and `detail` are SQLite's.
+    FileError(const std::string& path, int resultCode, const std::string& detail);
+
+    /// What failed was writing, or what SQLite must be able to write for it; reading may still be possible.
+    bool deniesWriting() const;
+
+  private:
+    int resultCode_;
+};
+
+enum class Opening {
+    Existing,  ///< for reading and writing
+    Create,    ///< the same; a missing file is made
+    ReadOnly,  ///< beside a log that others keep or have left
+    Frozen     ///< reads a file that nobody writes to, and leaves nothing beside it
+};
+
 /// One open SQLite file with its prepared statements. Failures are thrown as pellmark::Error
 /// (kKnowledgeBase) whose text names the file and says what to do. Used by one thread at a time.
 class Connection {
   public:
-    /// Opens the file for reading and writing, and creates it when `create` is set. The path is UTF-8.
-    /// Nothing is read or written yet.
-    Connection(std::string path, bool create, std::chrono::milliseconds busyTimeout);
+    /// Opens the file; its path is UTF-8. One that is to be written to and cannot be is refused before
+    /// anything of it is read, because reading alone would leave files beside it.
+    Connection(std::string path, Opening opening, std::chrono::milliseconds busyTimeout);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -30,8 +52,6 @@ class Connection {
     /// Rows that the last statement itself changed, triggers and cascades not counted.
     int changes() const;
     std::int64_t lastRow() const;
-    /// The operating system opened the file for reading only.
-    bool isReadOnly() const;
     bool inTransaction() const;
     /// While set, closing the connection leaves the file alone: the log beside it stays for the next one.
     void keepLogOnClose(bool keep);
@@ -41,6 +61,7 @@ class Connection {
 
   private:
     friend class Statement;
+    void prepare(Opening opening);
     sqlite3_stmt* checkOut(const char* sql);
     void giveBack(const char* sql, sqlite3_stmt* statement) noexcept;
 
@@ -68,8 +89,5 @@ class Transaction {
     Connection& connection_;
     bool open_;
 };
-
-/// The Error for a failure on a file; the path is UTF-8, `detail` SQLite's own words.
-[[noreturn]] void throwFileError(const std::string& path, int resultCode, const std::string& detail);
 
 }  // namespace norvex

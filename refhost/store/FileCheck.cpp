@@ -41,6 +41,29 @@ std::uint64_t promisedSize(const Header& header) {
     return pageCountIsValid ? std::uint64_t{pageSize} * number(header, 28, 4) : 0;
 }
 
+std::filesystem::path pathOf(const std::string& utf8) {
+    return {std::u8string(utf8.begin(), utf8.end())};
+}
+
+void requireFolderOf(const std::filesystem::path& file, const std::string& path) {
+    const std::filesystem::path folder = file.parent_path();
+    std::error_code failure;
+    if (folder.empty() || std::filesystem::is_directory(folder, failure)) return;
+    const std::u8string name = folder.u8string();
+    throw Error(errors::kKnowledgeBase, "KnowledgeBase",
+                "The knowledge base '" + path + "' cannot be opened: there is no folder '" +
+                    std::string(name.begin(), name.end()) + "'. Check the path, or make the folder first.");
+}
+
+/// Something stands beside the file in which there may be what the file itself does not hold yet, or what
+/// tells that a program has it open.
+bool hasCompanions(const std::string& path) {
+    std::error_code failure;
+    const std::uintmax_t log = std::filesystem::file_size(pathOf(path + "-wal"), failure);
+    return (!failure && log > 0) || std::filesystem::exists(pathOf(path + "-shm"), failure) ||
+           std::filesystem::exists(pathOf(path + "-journal"), failure);
+}
+
 std::int64_t pragma(Connection& connection, const char* sql) {
     Statement statement(connection, sql);
     return statement.step() ? statement.integer(0) : 0;
@@ -52,16 +75,19 @@ void checkPages(Connection& connection) {
     if (size > kFullCheckBytes) return;
     Statement check(connection, "PRAGMA quick_check(1)");
     const bool sound = check.step() && check.view(0) == "ok";
-    if (!sound) throwFileError(connection.path(), SQLITE_CORRUPT, {});
+    if (!sound) throw FileError(connection.path(), SQLITE_CORRUPT, {});
 }
 
 }  // namespace
 
 FileKind checkHeader(const std::string& path) {
-    const std::filesystem::path file(std::u8string(path.begin(), path.end()));
+    const std::filesystem::path file = pathOf(path);
     std::error_code failure;
-    if (!std::filesystem::exists(file, failure)) return FileKind::Missing;
-    if (!std::filesystem::is_regular_file(file, failure)) throwFileError(path, SQLITE_CANTOPEN, {});
+    if (!std::filesystem::exists(file, failure)) {
+        requireFolderOf(file, path);
+        return FileKind::Missing;
+    }
+    if (!std::filesystem::is_regular_file(file, failure)) throw FileError(path, SQLITE_CANTOPEN, {});
     const std::uintmax_t size = std::filesystem::file_size(file, failure);
     if (!failure && size == 0) return FileKind::Empty;
 
@@ -71,8 +97,20 @@ FileKind checkHeader(const std::string& path) {
     if (failure || !stream) return FileKind::Database;
     stream.read(reinterpret_cast<char*>(header.data()), header.size());
     const std::string_view magic(reinterpret_cast<const char*>(header.data()), kMagic.size());
-    if (!stream || magic != kMagic || size < promisedSize(header)) throwFileError(path, SQLITE_CORRUPT, {});
+    if (!stream || magic != kMagic || size < promisedSize(header)) throw FileError(path, SQLITE_CORRUPT, {});
     return FileKind::Database;
+}
+
+bool isWriteProtected(const std::string& path) {
+    using std::filesystem::perms;
+    std::error_code failure;
+    const auto status = std::filesystem::status(pathOf(path), failure);
+    constexpr perms kAnybody = perms::owner_write | perms::group_write | perms::others_write;
+    return !failure && std::filesystem::exists(status) && (status.permissions() & kAnybody) == perms::none;
+}
+
+Opening openingToLookAt(const std::string& path) {
+    return hasCompanions(path) ? Opening::ReadOnly : Opening::Frozen;
 }
 
 void checkContents(Connection& connection) {
@@ -93,7 +131,6 @@ void checkContents(Connection& connection) {
                         ", this one reads up to " + std::to_string(currentSchemaVersion()) +
                         "). It has been left as it is; update this program.");
     }
-    if (connection.isReadOnly()) throwFileError(connection.path(), SQLITE_READONLY, {});
     checkPages(connection);
 }
 

@@ -22,17 +22,42 @@ constexpr std::size_t kIdleReaders = 2;
 
 std::shared_ptr<KnowledgeBase> KnowledgeBase::open(const std::string& path, const OpenOptions& options) {
     const FileKind kind = checkHeader(path);
-    std::shared_ptr<KnowledgeBase> base(new KnowledgeBase(path, kind != FileKind::Database, options));
-    base->prepare();
-    return base;
+    if (isWriteProtected(path)) return openToLookAt(path, options);
+    try {
+        const Opening opening = kind == FileKind::Database ? Opening::Existing : Opening::Create;
+        std::shared_ptr<KnowledgeBase> base(new KnowledgeBase(path, opening, options));
+        base->prepare();
+        return base;
+    } catch (const FileError& error) {
+        // Which rights there are on the file and its folder shows only when SQLite needs them.
+        if (kind == FileKind::Missing || !error.deniesWriting()) throw;
+    }
+    return openToLookAt(path, options);
 }
 
-KnowledgeBase::KnowledgeBase(const std::string& path, bool create, const OpenOptions& options)
-    : options_(options), connection_(path, create, options.busyTimeout) {
+std::shared_ptr<KnowledgeBase> KnowledgeBase::openToLookAt(const std::string& path,
+                                                           const OpenOptions& options) {
+    std::shared_ptr<KnowledgeBase> base(new KnowledgeBase(path, openingToLookAt(path), options));
+    const int version = schemaVersion(base->connection_);
+    if (version == currentSchemaVersion()) return base;
+    const std::string what = version == 0
+                                 ? "is empty"
+                                 : "was written by an older program (version " + std::to_string(version) +
+                                       ", this one needs " + std::to_string(currentSchemaVersion()) + ")";
+    throw pellmark::Error(
+        pellmark::errors::kKnowledgeBase, "KnowledgeBase",
+        "The knowledge base '" + path + "' " + what +
+            " and cannot be brought up to date, because it is read-only. Remove the write "
+            "protection of the file and its folder, or copy it to a folder that you may write "
+            "to, and open it again.");
+}
+
+KnowledgeBase::KnowledgeBase(const std::string& path, Opening opening, const OpenOptions& options)
+    : options_(options), opening_(opening), connection_(path, opening, options.busyTimeout) {
     // A log that a killed process has left would otherwise be written into a file that is then refused.
     connection_.keepLogOnClose(true);
     checkContents(connection_);
-    connection_.keepLogOnClose(false);
+    connection_.keepLogOnClose(isReadOnly());
 }
 
 void KnowledgeBase::prepare() {
@@ -67,7 +92,8 @@ void KnowledgeBase::useWriteAheadLog(std::chrono::milliseconds patience) {
 std::shared_ptr<Connection> KnowledgeBase::borrowReader() {
     std::unique_ptr<Connection> reader;
     if (idleReaders_.empty()) {
-        reader = std::make_unique<Connection>(path(), false, options_.busyTimeout);
+        const Opening opening = isReadOnly() ? opening_ : Opening::Existing;
+        reader = std::make_unique<Connection>(path(), opening, options_.busyTimeout);
     } else {
         reader = std::move(idleReaders_.back());
         idleReaders_.pop_back();

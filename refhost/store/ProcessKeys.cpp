@@ -1,5 +1,7 @@
 #include "refhost/store/ProcessKeys.h"
 
+#include <sqlite3.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -56,6 +58,22 @@ void completeProcessKeys(Connection& connection) {
         }
     }
     change.commit();
+}
+
+ProcessKeysAside::ProcessKeysAside(Connection& connection) : connection_(connection) {
+    if (isComplete(connection)) return;
+    isMade_ = true;
+    // Names without a schema mean the temporary one first.
+    connection.execute(
+        "DROP TABLE IF EXISTS temp.process_key;"
+        "CREATE TEMP TABLE process_key (process INTEGER PRIMARY KEY, name BLOB, rule BLOB, description BLOB);"
+        "CREATE INDEX temp.process_key_missing ON process_key (process) WHERE name IS NULL;"
+        "INSERT INTO temp.process_key SELECT process, name, rule, description FROM main.process_key;");
+    completeProcessKeys(connection);
+}
+
+ProcessKeysAside::~ProcessKeysAside() {
+    if (isMade_) sqlite3_exec(connection_.handle(), "DROP TABLE temp.process_key", nullptr, nullptr, nullptr);
 }
 
 }  // namespace norvex

@@ -16,14 +16,15 @@ std::optional<std::int64_t> findRow(Connection& connection, const std::string& t
 std::int64_t requireRow(Connection& connection, const std::string& table, const std::string& what,
                         const std::string& id) {
     const auto row = findRow(connection, table, id);
-    if (!row) throwNotFound(what, id);
+    if (!row) throwNotFound(what);
     return *row;
 }
 
-void throwNotFound(const std::string& what, const std::string& id) {
+void throwNotFound(const std::string& what) {
     throw pellmark::Error(
         pellmark::errors::kNotFound, "KnowledgeBase",
-        "The " + what + " " + id + " does not exist. It may have been deleted; refresh the list.");
+        "The " + what +
+            " no longer exists; it may have been deleted by somebody else. Refresh the list and try again.");
 }
 
 }  // namespace norvex

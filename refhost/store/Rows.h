@@ -16,6 +16,7 @@ std::optional<std::int64_t> findRow(Connection& connection, const std::string& t
 std::int64_t requireRow(Connection& connection, const std::string& table, const std::string& what,
                         const std::string& id);
 
-[[noreturn]] void throwNotFound(const std::string& what, const std::string& id);
+/// An id says nothing to a person, so the text has none.
+[[noreturn]] void throwNotFound(const std::string& what);
 
 }  // namespace norvex

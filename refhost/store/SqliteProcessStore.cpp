@@ -1,5 +1,6 @@
 #include "refhost/store/SqliteProcessStore.h"
 
+#include <optional>
 #include <utility>
 
 #include "base/Guid.h"
@@ -49,9 +50,12 @@ std::shared_ptr<RecordSet> SqliteProcessStore::processes(const std::string& id) 
 }
 
 std::shared_ptr<RecordSet> SqliteProcessStore::findProcesses(const RowQuery& query) {
-    if (!query.sortField.empty()) completeProcessKeys(connection());
+    const bool isSorted = !query.sortField.empty();
+    if (isSorted && !base_->isReadOnly()) completeProcessKeys(connection());
     const auto reader = base_->borrowReader();
     Transaction view(*reader, Transaction::Kind::Read);
+    std::optional<ProcessKeysAside> keys;
+    if (isSorted && base_->isReadOnly()) keys.emplace(*reader);
     const ProcessRows order = orders_->by(*reader, query.sortField);
     ProcessRecordSet::Arranged arranged{order, order, reader, false};
     if (query.descending) {
@@ -67,7 +71,7 @@ std::shared_ptr<RecordSet> SqliteProcessStore::findProcesses(const RowQuery& que
 ProcessRecord SqliteProcessStore::process(const std::string& id) {
     Statement find(connection(), kOneProcess);
     find.bindId(id);
-    if (!find.step()) throwNotFound("process", id);
+    if (!find.step()) throwNotFound("process");
     return recordOf(find);
 }
 
@@ -111,7 +115,7 @@ void SqliteProcessStore::updateProcess(const ProcessRecord& record) {
                      "UPDATE process SET name = ?, unit = ?, rule = ?, description = ? WHERE id = ?");
     update.bind(record.Name).bind(std::int64_t{record.Unit}).bind(record.Rule).bind(record.Description);
     update.bindId(record.Id).run();
-    if (connection().changes() == 0) throwNotFound("process", record.Id);
+    if (connection().changes() == 0) throwNotFound("process");
 }
 
 bool SqliteProcessStore::deleteProcess(const std::string& id) {

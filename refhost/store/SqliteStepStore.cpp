@@ -25,6 +25,14 @@ namespace {
 
 constexpr const char* kSource = "KnowledgeBase";
 
+/// What a message calls a value of a step.
+std::string nameOfValue(Connection& connection, std::int64_t step, std::int32_t code) {
+    Statement find(connection, "SELECT name FROM process_step WHERE row = ?");
+    find.bind(step);
+    const std::string name = find.step() ? find.text(0) : std::string();
+    return "value " + std::to_string(code) + " of the process step '" + name + "'";
+}
+
 }  // namespace
 
 SqliteStepStore::SqliteStepStore(std::shared_ptr<KnowledgeBase> base) : base_(std::move(base)) {}
@@ -47,7 +55,7 @@ ProcessStepRecord SqliteStepStore::step(const std::string& id) {
                    "SELECT s.id, s.name, p.id, s.priority, s.cutting_cycle FROM process_step s "
                    "JOIN process p ON p.row = s.process WHERE s.id = ?");
     find.bindId(id);
-    if (!find.step()) throwNotFound("process step", id);
+    if (!find.step()) throwNotFound("process step");
     return {find.id(0), find.text(1), find.id(2), static_cast<std::int16_t>(find.integer(3)),
             static_cast<std::int16_t>(find.integer(4))};
 }
@@ -114,7 +122,7 @@ void SqliteStepStore::addValue(const StepValueRecord& record) {
     if (connection().changes() == 0) {
         throw pellmark::Error(
             errors::kNotUnique, kSource,
-            "The step has a value with the code " + std::to_string(record.clFileCode) + " already.");
+            "The " + nameOfValue(connection(), step, record.clFileCode) + " exists already.");
     }
     change.commit();
 }
@@ -124,7 +132,7 @@ void SqliteStepStore::updateValue(const StepValueRecord& record) {
     const std::int64_t step = requireRow(connection(), "process_step", "process step", record.stepId);
     Statement update(connection(), "UPDATE step_value SET value = ? WHERE step = ? AND code = ?");
     update.bind(record.value).bind(step).bind(std::int64_t{record.clFileCode}).run();
-    if (connection().changes() == 0) throwNotFound("step value", std::to_string(record.clFileCode));
+    if (connection().changes() == 0) throwNotFound(nameOfValue(connection(), step, record.clFileCode));
     change.commit();
 }
 

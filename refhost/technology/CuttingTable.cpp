@@ -29,10 +29,11 @@ std::string putFeed(Operation& operation, const CuttingRow& row) {
     double feed = inUnit(row.feed, Quantity::Feed, unitCode);
     if (row.feed == 0) {
         feed = operation.figure(code::kThreadPitch);
-        if (feed <= 0) return "The feed of a thread is its pitch: enter the pitch first.";
+        if (feed <= 0) return sentence("The feed of a thread is its pitch: enter the pitch first.");
     } else if (row.ofDiameter) {
         const double diameter = operation.figure(code::kToolDiameter);
-        if (diameter <= 0) return "The feed depends on the tool diameter: enter the diameter first.";
+        if (diameter <= 0)
+            return sentence("The feed depends on the tool diameter: enter the diameter first.");
         feed = rounded(row.feed * diameter, decimals(Quantity::Feed, unitCode));
     }
     operation.set(code, feed, Origin::Table);
@@ -81,7 +82,7 @@ std::optional<Work> workOf(const CuttingCycle& cycle) {
 
 std::string takeFromTable(Operation& operation, const CuttingRow& row) {
     Operation changed = operation;
-    if (changed.find(code::kCuttingSpeed) == nullptr) return "This cycle does not cut.";
+    if (changed.find(code::kCuttingSpeed) == nullptr) return sentence("This cycle does not cut.");
     if (std::string reason = putFeed(changed, row); !reason.empty()) return reason;
     changed.set(code::kCuttingSpeed, inUnit(row.speed, Quantity::Speed, operation.unit()), Origin::Table);
     operation = std::move(changed);
@@ -99,9 +100,9 @@ double spindleSpeedOf(const Operation& operation) {
 }
 
 std::string computeSpindleSpeed(Operation& operation) {
-    if (operation.find(code::kSpindleSpeed) == nullptr) return "This cycle does not cut.";
+    if (operation.find(code::kSpindleSpeed) == nullptr) return sentence("This cycle does not cut.");
     const double revolutions = spindleSpeedOf(operation);
-    if (revolutions == 0) return "The spindle speed needs a cutting speed and a diameter.";
+    if (revolutions == 0) return sentence("The spindle speed needs a cutting speed and a diameter.");
     operation.set(code::kSpindleSpeed, revolutions, Origin::Formula);
     return {};
 }

@@ -40,13 +40,18 @@ class CuttingTable {
 /// Nothing for cycles that do not cut.
 std::optional<Work> workOf(const CuttingCycle& cycle);
 
+/// Marks an English text that is looked up where it is shown.
+constexpr const char* sentence(const char* english) {
+    return english;
+}
+
 /// Puts the row's speed and feed into the operation, in its unit. The tool diameter must be known where the
-/// feed depends on it: the answer is the reason why nothing was done, or "".
+/// feed depends on it: the answer is the reason why nothing was done, a sentence() or "".
 std::string takeFromTable(Operation& operation, const CuttingRow& row);
 
 /// The spindle speed that cutting speed and diameter ask for; 0 while one of them is missing.
 double spindleSpeedOf(const Operation& operation);
-/// Puts it into the operation. The answer is the reason why nothing was done, or "".
+/// Puts it into the operation. The answer is the reason why nothing was done, a sentence() or "".
 std::string computeSpindleSpeed(Operation& operation);
 
 /// The feed rate that follows from spindle speed, feed and teeth; 0 while one is missing.

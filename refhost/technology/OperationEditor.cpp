@@ -35,8 +35,8 @@ std::string listOfChoices() {
 
 }  // namespace
 
-OperationEditor::OperationEditor(Operation operation, CuttingTable table)
-    : operation_(std::move(operation)), table_(std::move(table)) {
+OperationEditor::OperationEditor(Operation operation, CuttingTable table, LookUp lookUp)
+    : operation_(std::move(operation)), table_(std::move(table)), lookUp_(std::move(lookUp)) {
     showGroup(std::nullopt);
     refreshShown();
 }
@@ -74,6 +74,25 @@ std::string OperationEditor::captionOf(const Definition& definition) const {
     return definition.code == code::kOperationName ? "Operation name" : definition.caption;
 }
 
+std::string OperationEditor::lookedUp(const std::string& english) const {
+    return lookUp_ && !english.empty() ? lookUp_(english) : english;
+}
+
+std::string OperationEditor::filled(const char* english, std::initializer_list<std::string> parts) const {
+    const std::string pattern = lookedUp(english);
+    std::string text;
+    for (std::size_t at = 0; at < pattern.size(); ++at) {
+        const char digit = pattern[at] == '%' && at + 1 < pattern.size() ? pattern[at + 1] : '0';
+        if (digit >= '1' && digit < '1' + static_cast<char>(parts.size())) {
+            text += parts.begin()[digit - '1'];
+            ++at;
+        } else {
+            text += pattern[at];
+        }
+    }
+    return text;
+}
+
 /// The name is the one under which the step is known; the parameter may still have an older one.
 std::string OperationEditor::textOf(std::int32_t code) const {
     return code == code::kOperationName ? operation_.name() : operation_.text(code);
@@ -102,23 +121,23 @@ std::string OperationEditor::setText(std::size_t index, const std::string& typed
 std::string OperationEditor::lockOf(std::size_t index) const {
     const Definition& definition = *parameterAt(index).definition;
     if (definition.kind != kKindShown) return {};
-    return captionOf(definition) + " follows from the other values.";
+    return filled(sentence("%1 follows from the other values."), {shownCaption(definition)});
 }
 
 std::string OperationEditor::takeFromTable(char materialClass) {
     const auto work = workOf(operation_.cycle());
     const CuttingRow* row = work ? table_.find(materialClass, *work) : nullptr;
     if (row == nullptr) {
-        return "The table of speeds and feeds has nothing for " +
-               pellmark::lowerAscii(operation_.cycle().name) + " in this material.";
+        return filled(sentence("The table of speeds and feeds has nothing for this material: %1."),
+                      {lookedUp(std::string(operation_.cycle().name))});
     }
-    std::string reason = norvex::takeFromTable(operation_, *row);
+    std::string reason = lookedUp(norvex::takeFromTable(operation_, *row));
     refreshShown();
     return reason;
 }
 
 std::string OperationEditor::computeSpindleSpeed() {
-    std::string reason = norvex::computeSpindleSpeed(operation_);
+    std::string reason = lookedUp(norvex::computeSpindleSpeed(operation_));
     refreshShown();
     return reason;
 }
@@ -137,11 +156,13 @@ std::string OperationEditor::hint() const {
     const double wanted = spindleSpeedOf(operation_);
     if (wanted == 0) return {};
     const double speed = operation_.figure(code::kSpindleSpeed);
-    const std::string figures =
-        withUnit(operation_.figure(code::kCuttingSpeed), *definitionOf(code::kCuttingSpeed)) + " at " +
+    const std::string cutting =
+        withUnit(operation_.figure(code::kCuttingSpeed), *definitionOf(code::kCuttingSpeed));
+    const std::string diameter =
         withUnit(operation_.figure(code::kToolDiameter), *definitionOf(code::kToolDiameter));
-    if (speed == wanted) return "The spindle speed fits " + figures + ".";
-    return figures + " asks for a spindle speed of " + numberText(wanted) + " 1/min.";
+    if (speed == wanted) return filled(sentence("The spindle speed fits %1 at %2."), {cutting, diameter});
+    return filled(sentence("%1 at %2 asks for a spindle speed of %3 1/min."),
+                  {cutting, diameter, numberText(wanted)});
 }
 
 std::string OperationEditor::withUnit(double figure, const Definition& definition) const {
@@ -151,38 +172,42 @@ std::string OperationEditor::withUnit(double figure, const Definition& definitio
 }
 
 std::string OperationEditor::reasonAgainst(const Definition& definition, const std::string& text) const {
-    if (definition.code == code::kOperationName && text.empty()) return "The operation needs a name.";
+    if (definition.code == code::kOperationName && text.empty())
+        return lookedUp(sentence("The operation needs a name."));
     if (text.empty()) return {};
     if (!definition.isText()) return reasonAgainstFigure(definition, text);
     if (pellmark::utf16Length(text) > pellmark::limit::kName) {
-        return captionOf(definition) + " may have " + std::to_string(pellmark::limit::kName) +
-               " characters at most.";
+        return filled(sentence("%1 may have %2 characters at most."),
+                      {shownCaption(definition), std::to_string(pellmark::limit::kName)});
     }
     const auto list = choices();
     const bool isOffered = std::find(list.begin(), list.end(), text) != list.end();
     if (definition.quantity == Quantity::Choice && !isOffered)
-        return captionOf(definition) + " is one of " + listOfChoices() + ".";
+        return filled(sentence("%1 is one of %2."), {shownCaption(definition), listOfChoices()});
     return {};
 }
 
 std::string OperationEditor::reasonAgainstFigure(const Definition& definition,
                                                  const std::string& text) const {
-    const std::string caption = captionOf(definition);
+    const std::string caption = shownCaption(definition);
     double figure = 0;
-    if (!readNumber(text, figure)) return caption + " must be a number; \"" + text + "\" is none.";
+    if (!readNumber(text, figure))
+        return filled(sentence("%1 must be a number; '%2' is none."), {caption, text});
     const bool isWhole = std::floor(figure) == figure;
-    if (definition.quantity == Quantity::Count && !isWhole) return caption + " must be a whole number.";
+    if (definition.quantity == Quantity::Count && !isWhole)
+        return filled(sentence("%1 must be a whole number."), {caption});
     const double least = inUnit(definition.least, definition.quantity, operation_.unit());
     const double greatest = inUnit(definition.greatest, definition.quantity, operation_.unit());
     const bool isTooLittle = definition.aboveLeast ? figure <= least : figure < least;
     if (isTooLittle || figure > greatest) {
-        return caption + (definition.aboveLeast ? " must be more than " : " must be at least ") +
-               numberText(least) + " and at most " + withUnit(greatest, definition) + ".";
+        const char* const limits = definition.aboveLeast ? sentence("%1 must be more than %2 and at most %3.")
+                                                         : sentence("%1 must be at least %2 and at most %3.");
+        return filled(limits, {caption, numberText(least), withUnit(greatest, definition)});
     }
     const double diameter = operation_.figure(code::kToolDiameter);
     if (definition.code == code::kWidthOfCut && diameter > 0 && figure > diameter) {
-        return "A stepover of " + withUnit(figure, definition) + " is wider than the tool, which has " +
-               withUnit(diameter, definition) + ".";
+        return filled(sentence("A stepover of %1 is wider than the tool, which has %2."),
+                      {withUnit(figure, definition), withUnit(diameter, definition)});
     }
     return {};
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,10 +23,14 @@ struct EditorRow {
 };
 
 /// What the editor and the step wizard compute and refuse, without any window. Works on a copy of the
-/// operation; who accepts the result takes it from operation().
+/// operation; who accepts the result takes it from operation(). What it tells a person is looked up; captions
+/// and sources of rows are English.
 class OperationEditor {
   public:
-    OperationEditor(Operation operation, CuttingTable table);
+    /// The text in the person's language for an English one.
+    using LookUp = std::function<std::string(const std::string& english)>;
+
+    OperationEditor(Operation operation, CuttingTable table, LookUp lookUp = {});
 
     /// Shows the parameters of one page of the wizard only; nothing for all of them.
     void showGroup(std::optional<Group> group);
@@ -57,6 +63,10 @@ class OperationEditor {
   private:
     const Parameter& parameterAt(std::size_t index) const;
     std::string captionOf(const Definition& definition) const;
+    std::string shownCaption(const Definition& definition) const { return lookedUp(captionOf(definition)); }
+    std::string lookedUp(const std::string& english) const;
+    /// The text looked up, with what stands for "%1", "%2" and so on.
+    std::string filled(const char* english, std::initializer_list<std::string> parts) const;
     std::string textOf(std::int32_t code) const;
     std::string reasonAgainst(const Definition& definition, const std::string& text) const;
     std::string reasonAgainstFigure(const Definition& definition, const std::string& text) const;
@@ -65,6 +75,7 @@ class OperationEditor {
 
     Operation operation_;
     CuttingTable table_;
+    LookUp lookUp_;
     std::vector<std::int32_t> shown_;  ///< codes, row by row
 };
 

@@ -64,7 +64,7 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments) {
 
 const char* commandLineHelp() {
     return "Workbench [options]\n\n"
-           "--kb FILE\tthe knowledge base; it is created when it is missing\n"
+           "--kb FILE\tthe knowledge base; it is created when it is missing, its folder is not\n"
            "--view VIEW\tthe first view: processes, case or none\n"
            "--user NAME\tthe user whose rights count\n"
            "--language CODE\t1 English, 2 German, 3 French, 4 Italian, 5 Spanish, 6 Japanese, 7 Chinese\n"

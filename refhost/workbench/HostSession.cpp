@@ -33,9 +33,11 @@ HostSession::HostSession(HWND mainWindow) : application_(createObject("Norvex.Ap
 void HostSession::open(const std::string& file) {
     knowledgeBase_.reset();
     service_.reset();
+    isReadOnly_ = false;
     if (!file.empty()) application_.put("KnowledgeBaseFile", file);
     auto service = std::make_unique<DispatchObject>(createObject("Norvex.KnowledgeBaseService"));
     service->call("Connect");
+    isReadOnly_ = service->call("IsReadOnly").boolean();
     knowledgeBase_ = std::make_unique<pellmark::KnowledgeBaseAdapter>(
         DispatchObject(service->pointer(), "Norvex.KnowledgeBaseService"));
     service_ = std::move(service);

@@ -25,6 +25,9 @@ class HostSession {
     /// The knowledge base for the host's own dialogs; null when it could not be opened.
     pellmark::KnowledgeBaseService* knowledgeBase() { return knowledgeBase_.get(); }
 
+    /// The knowledge base that is open can be looked at, but not changed.
+    bool isReadOnly() const { return isReadOnly_; }
+
     std::vector<std::string> users();
     std::string user();
     void setUser(const std::string& name);
@@ -40,6 +43,7 @@ class HostSession {
     pellmark::DispatchObject application_;
     std::unique_ptr<pellmark::DispatchObject> service_;
     std::unique_ptr<pellmark::KnowledgeBaseService> knowledgeBase_;
+    bool isReadOnly_ = false;
 };
 
 /// A new object of a class, in-process. Throws pellmark::Error naming the class when that fails.

@@ -22,6 +22,8 @@ class ProcessManager {
     /// nothing.
     std::string callModal(const char* method, const pellmark::CaseDescription& description);
     void dispose();
+    /// The component has been made and not been disposed of.
+    bool isOpen() const { return component_ != nullptr; }
 
   private:
     pellmark::DispatchObject& component();

@@ -1,16 +1,16 @@
 #include "refhost/workbench/WorkbenchWindow.h"
 
-#include <commctrl.h>
 #include <commdlg.h>
 
 #include <algorithm>
 
 #include "automation/Guard.h"
 #include "base/Error.h"
-#include "base/Text.h"
 #include "refhost/texts/Languages.h"
+#include "refhost/windows/Placing.h"
 #include "refhost/workbench/CaseDialog.h"
 #include "refhost/workbench/Resources.h"
+#include "refhost/workbench/WindowPlace.h"
 
 namespace norvex {
 
@@ -20,36 +20,28 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"NorvexWorkbench";
 constexpr const wchar_t* kAreaClassName = L"NorvexViewArea";
-constexpr int kSettingsMenu = 3;
-constexpr int kLanguageMenu = 0;
-constexpr int kUserMenu = 1;
+constexpr SIZE kFirstSizeAt96{1180, 780};
+/// The frame, the menu and the status line around the least that a view needs.
+constexpr SIZE kLeastSizeAt96{560, 400};
+constexpr UINT kDpiChanged = 0x02E0;
+
+HICON iconOf(int widthMetric, int heightMetric) {
+    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_WORKBENCH),
+                                         IMAGE_ICON, GetSystemMetrics(widthMetric),
+                                         GetSystemMetrics(heightMetric), LR_SHARED));
+}
 
 void registerClass(const wchar_t* name, WNDPROC procedure, int background) {
     WNDCLASSEXW description{};
     description.cbSize = sizeof(description);
     description.lpfnWndProc = procedure;
     description.hInstance = GetModuleHandleW(nullptr);
+    description.hIcon = iconOf(SM_CXICON, SM_CYICON);
+    description.hIconSm = iconOf(SM_CXSMICON, SM_CYSMICON);
     description.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
     description.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(background) + 1);
     description.lpszClassName = name;
     RegisterClassExW(&description);
-}
-
-HMENU settingsMenu(HWND window, int position) {
-    return GetSubMenu(GetSubMenu(GetMenu(window), kSettingsMenu), position);
-}
-
-void emptyMenu(HMENU menu) {
-    while (GetMenuItemCount(menu) > 0)
-        DeleteMenu(menu, 0, MF_BYPOSITION);
-}
-
-/// A name as a menu entry that its first letter chooses.
-std::wstring entryOf(std::string_view name) {
-    std::wstring entry = L"&";
-    for (const wchar_t c : toWide(name))
-        entry += c == L'&' ? std::wstring(L"&&") : std::wstring(1, c);
-    return entry;
 }
 
 const char* methodOf(int id) {
@@ -69,6 +61,7 @@ const char* methodOf(int id) {
 
 WorkbenchWindow::WorkbenchWindow(const CommandLine& options) : options_(options) {
     createWindows();
+    firstShow_ = restorePlace(window_, kFirstSizeAt96);
     session_ = std::make_unique<HostSession>(area_);
     manager_ = std::make_unique<ProcessManager>(session_->application());
     if (options_.language) session_->setLanguage(*options_.language);
@@ -84,17 +77,13 @@ void WorkbenchWindow::createWindows() {
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     registerClass(kClassName, &WorkbenchWindow::procedure, COLOR_BTNFACE);
     registerClass(kAreaClassName, &DefWindowProcW, COLOR_APPWORKSPACE);
-    constexpr int kWidth = 1180;
-    constexpr int kHeight = 780;
-    window_ = CreateWindowExW(0, kClassName, L"Norvex Workbench", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 60,
-                              40, kWidth, kHeight, nullptr, LoadMenuW(instance, MAKEINTRESOURCEW(IDR_MENU)),
-                              instance, this);
+    window_ = CreateWindowExW(0, kClassName, L"Norvex Workbench", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                              CW_USEDEFAULT, CW_USEDEFAULT, kFirstSizeAt96.cx, kFirstSizeAt96.cy, nullptr,
+                              LoadMenuW(instance, MAKEINTRESOURCEW(IDR_MENU)), instance, this);
     area_ =
         CreateWindowExW(WS_EX_CONTROLPARENT, kAreaClassName, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
                         0, 0, 0, 0, window_, nullptr, instance, nullptr);
-    status_ = CreateWindowExW(0, STATUSCLASSNAMEW, nullptr, WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0,
-                              0, window_, nullptr, instance, nullptr);
-    if (window_ == nullptr || area_ == nullptr || status_ == nullptr) {
+    if (window_ == nullptr || area_ == nullptr || !status_.create(window_)) {
         throw pellmark::Error(pellmark::errors::kHostInterface, "Workbench",
                               "The main window cannot be created.");
     }
@@ -120,7 +109,22 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
         case WM_SIZE:
             layOut();
             return 0;
+        case WM_GETMINMAXINFO:
+            reinterpret_cast<MINMAXINFO*>(data)->ptMinTrackSize = leastSize(window_, kLeastSizeAt96);
+            return 0;
+        case kDpiChanged: {
+            const RECT& wanted = *reinterpret_cast<const RECT*>(data);
+            status_.takeFont();
+            SetWindowPos(window_, nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
+                         wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
+            layOut();
+            return 0;
+        }
         case WM_SETTINGCHANGE:
+            status_.takeFont();
+            layOut();
+            tellViews(message, wide, data);
+            break;
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:
             tellViews(message, wide, data);
@@ -130,7 +134,7 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
             return 0;
         case WM_INITMENUPOPUP:
             trapAndTell("Settings", [this] {
-                checkMenus();
+                menu_.refresh(*session_, manager_->isOpen());
                 return std::string();
             });
             return 0;
@@ -139,6 +143,7 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
             focusView();
             return 0;
         case WM_CLOSE:
+            WindowPlace::of(window_).store();
             // the component saves its layouts while its windows still exist
             trapAndTell("Dispose", [this] {
                 manager_->dispose();
@@ -157,20 +162,16 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
 }
 
 void WorkbenchWindow::tellViews(UINT message, WPARAM wide, LPARAM data) {
-    SendMessageW(status_, message, wide, data);
     for (HWND view = GetWindow(area_, GW_CHILD); view != nullptr; view = GetWindow(view, GW_HWNDNEXT))
         SendMessageW(view, message, wide, data);
 }
 
 void WorkbenchWindow::layOut() {
-    if (status_ == nullptr) return;
-    SendMessageW(status_, WM_SIZE, 0, 0);
-    InvalidateRect(status_, nullptr, TRUE);  // or its grip stays where its end was before
+    if (!status_.exists()) return;
+    status_.fit();
     RECT client{};
-    RECT line{};
     GetClientRect(window_, &client);
-    GetWindowRect(status_, &line);
-    const int height = std::max<int>(client.bottom - (line.bottom - line.top), 0);
+    const int height = std::max(static_cast<int>(client.bottom) - status_.height(), 0);
     SetWindowPos(area_, nullptr, 0, 0, client.right, height, SWP_NOZORDER | SWP_NOACTIVATE);
     fitView();
 }
@@ -189,7 +190,7 @@ void WorkbenchWindow::focusView() {
 }
 
 void WorkbenchWindow::run() {
-    ShowWindow(window_, SW_SHOWNORMAL);
+    ShowWindow(window_, firstShow_);
     openKnowledgeBase(options_.knowledgeBase);
     showFirstView();
     focusView();
@@ -212,7 +213,7 @@ void WorkbenchWindow::announceReady() {
     const HANDLE file = CreateFileW(toWide(options_.readyFile).c_str(), GENERIC_WRITE, 0, nullptr,
                                     CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
-        say("The file " + options_.readyFile + " cannot be written");
+        status_.say(texts_.of("The file cannot be written:") + " " + options_.readyFile);
         return;
     }
     constexpr std::string_view kText = "ready\r\n";
@@ -227,25 +228,27 @@ void WorkbenchWindow::showFirstView() {
     if (options_.view == StartView::Case) {
         trapAndTell("ShowWindowProcessCaseView", [this] {
             manager_->showProcessCase({});
-            return std::string("shown");
+            return texts_.of("the view is shown");
         });
         fitView();
     }
 }
 
 void WorkbenchWindow::openKnowledgeBase(const std::string& file) {
-    trapAndTell("Open Knowledge Base", [&] {
-        manager_->dispose();  // it holds on to the knowledge base that it was made with
-        session_->open(file);
+    std::string failure;
+    pellmark::trapAndTell([&](const std::string& why) { failure = why; },
+                          [&] {
+                              manager_->dispose();  // it holds on to the knowledge base that it was made with
+                              session_->open(file);
+                          });
+    trapAndTell("Settings", [&] {
+        menu_.fill(*session_);
+        menu_.refresh(*session_, false);
+        showTitle();
+        status_.say(failure.empty() ? session_->knowledgeBaseFile() : failure);
         return std::string();
     });
-    trapAndTell("Settings", [this] {
-        fillMenus();
-        const std::string path = session_->knowledgeBaseFile();
-        SetWindowTextW(window_, toWide("Norvex Workbench - " + path).c_str());
-        say(session_->knowledgeBase() != nullptr ? path : texts_.of("No knowledge base is open"));
-        return std::string();
-    });
+    if (!failure.empty()) tell(failure);
 }
 
 void WorkbenchWindow::askForKnowledgeBase() {
@@ -275,9 +278,10 @@ void WorkbenchWindow::command(int id) {
             PostMessageW(window_, WM_CLOSE, 0, 0);
             return;
         case IDM_PROCESSES_VIEW:
+            if (!hasKnowledgeBase()) return;
             trapAndTell("ShowWindowProcessesView", [this] {
                 manager_->showProcesses("");
-                return std::string("shown");
+                return texts_.of("the view is shown");
             });
             return fitView();
         case IDM_CASE_VIEW:
@@ -286,114 +290,105 @@ void WorkbenchWindow::command(int id) {
         case IDM_EDIT_FEATURE_CASE:
         case IDM_EDIT_PROCESS:
             return callForCase(id);
-        case IDM_DISPOSE:
+        case IDM_CLOSE_MANAGER:
             return trapAndTell("Dispose", [this] {
                 manager_->dispose();
-                return std::string("done");
+                return texts_.of("the Process Manager is closed");
             });
         default:
             break;
     }
-    trapAndTell("Settings", [&] {
+    trapAndTell("", [&] {
         if (id == IDM_INCH || id == IDM_METRIC) {
             session_->setUnit(id == IDM_INCH ? pellmark::unit::kInch : pellmark::unit::kMetric);
-        } else if (id >= IDM_FIRST_USER && id - IDM_FIRST_USER < static_cast<int>(users_.size())) {
-            session_->setUser(users_[static_cast<std::size_t>(id - IDM_FIRST_USER)]);
+        } else if (menu_.isUser(id)) {
+            session_->setUser(menu_.userOf(id));
         } else if (id >= IDM_FIRST_LANGUAGE && id <= IDM_LAST_LANGUAGE) {
             session_->setLanguage(static_cast<std::int16_t>(id - IDM_FIRST_LANGUAGE));
             translate();
             reopenView();
         }
-        return "user " + session_->user() + ", language " +
-               std::string(languageOf(session_->language()).name);
+        return texts_.of("User") + ": " + session_->user() + ", " + texts_.of("Language") + ": " +
+               std::string(languageOf(session_->language()).ownName);
     });
 }
 
 void WorkbenchWindow::reopenView() {
     // captions are set when the component's windows are made
+    if (session_->knowledgeBase() == nullptr) return;
     manager_->dispose();
     manager_->showProcesses("");
     fitView();
 }
 
 void WorkbenchWindow::callForCase(int id) {
-    if (session_->knowledgeBase() == nullptr) return say(texts_.of("No knowledge base is open"));
+    if (!hasKnowledgeBase()) return;
+    if (id == IDM_EDIT_PROCESS && session_->isReadOnly()) {
+        // Its dialog would open, and lose what is typed into it.
+        return tell(
+            texts_.of("The knowledge base is read-only: it can be looked at, but not changed. Remove the "
+                      "write protection of the file and its folder, or copy it to a folder that you may "
+                      "write to, and open it again."));
+    }
     trapAndTell(id == IDM_CASE_VIEW ? "ShowWindowProcessCaseView" : methodOf(id), [&]() -> std::string {
         const auto description = CaseDialog(*session_->knowledgeBase(), texts_).show(window_);
-        if (!description) return "cancelled";
+        if (!description) return texts_.of("cancelled");
         if (id == IDM_CASE_VIEW) {
             manager_->showProcessCase(*description);
             fitView();
-            return "shown";
+            return texts_.of("the view is shown");
         }
-        const std::string result = manager_->callModal(methodOf(id), *description);
-        return result.empty() ? "returned nothing" : "returned " + result;
+        return outcomeOf(id, manager_->callModal(methodOf(id), *description));
     });
 }
 
+std::string WorkbenchWindow::outcomeOf(int id, const std::string& result) {
+    if (id != IDM_OPEN_PROCESS && id != IDM_OPEN_FEATURE_CASE) return texts_.of("done");
+    if (result.empty()) return texts_.of("nothing was chosen");
+    if (id == IDM_OPEN_FEATURE_CASE) return texts_.of("a feature case was chosen");
+    // an identifier would say nothing to a person
+    return texts_.of("chosen:") + " " + session_->knowledgeBase()->processStore().process(result).Name;
+}
+
+bool WorkbenchWindow::hasKnowledgeBase() {
+    if (session_->knowledgeBase() != nullptr) return true;
+    status_.say(texts_.of("No knowledge base is open"));
+    return false;
+}
+
 void WorkbenchWindow::translate() {
-    const HINSTANCE instance = GetModuleHandleW(nullptr);
     std::wstring path(MAX_PATH * 4, L'\0');
-    path.resize(GetModuleFileNameW(instance, path.data(), static_cast<DWORD>(path.size())));
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
     texts_ = HostTexts(path.substr(0, path.rfind(L'\\')), session_->language());
-    const HMENU before = GetMenu(window_);
-    const HMENU menu = LoadMenuW(instance, MAKEINTRESOURCEW(IDR_MENU));
-    texts_.translate(menu);
-    SetMenu(window_, menu);
-    DestroyMenu(before);
-    fillMenus();
+    menu_.build(window_, texts_, *session_);
+    menu_.refresh(*session_, manager_->isOpen());
+    showTitle();
 }
 
-void WorkbenchWindow::fillMenus() {
-    const HMENU languageMenu = settingsMenu(window_, kLanguageMenu);
-    const HMENU userMenu = settingsMenu(window_, kUserMenu);
-    emptyMenu(languageMenu);
-    emptyMenu(userMenu);
-    for (const auto& language : languages()) {
-        AppendMenuW(languageMenu, MF_STRING, static_cast<UINT_PTR>(IDM_FIRST_LANGUAGE + language.code),
-                    entryOf(language.ownName).c_str());
+void WorkbenchWindow::showTitle() {
+    std::string state = session_->knowledgeBaseFile();
+    if (session_->knowledgeBase() == nullptr) {
+        state = texts_.of("No knowledge base is open");
+    } else if (session_->isReadOnly()) {
+        state += " " + texts_.of("(read-only)");
     }
-    users_ = session_->users();
-    constexpr std::size_t kMostUsers = IDM_LAST_USER - IDM_FIRST_USER + 1;
-    if (users_.size() > kMostUsers) users_.resize(kMostUsers);
-    for (std::size_t at = 0; at < users_.size(); ++at) {
-        AppendMenuW(userMenu, MF_STRING, IDM_FIRST_USER + at, entryOf(users_[at]).c_str());
-    }
-}
-
-void WorkbenchWindow::checkMenus() {
-    const HMENU languageMenu = settingsMenu(window_, kLanguageMenu);
-    for (const auto& language : languages()) {
-        CheckMenuItem(languageMenu, static_cast<UINT>(IDM_FIRST_LANGUAGE + language.code),
-                      language.code == session_->language() ? MF_CHECKED : MF_UNCHECKED);
-    }
-    const HMENU userMenu = settingsMenu(window_, kUserMenu);
-    for (std::size_t at = 0; at < users_.size(); ++at) {
-        CheckMenuItem(userMenu, static_cast<UINT>(IDM_FIRST_USER + at),
-                      pellmark::equalNoCase(users_[at], session_->user()) ? MF_CHECKED : MF_UNCHECKED);
-    }
-    CheckMenuRadioItem(GetMenu(window_), IDM_INCH, IDM_METRIC,
-                       session_->unit() == pellmark::unit::kInch ? IDM_INCH : IDM_METRIC, MF_BYCOMMAND);
+    SetWindowTextW(window_, toWide("Norvex Workbench - " + state).c_str());
 }
 
 void WorkbenchWindow::trapAndTell(const char* what, const std::function<std::string()>& call) {
+    const std::string subject = *what == '\0' ? "" : std::string(what) + ": ";
     const auto report = [&](const std::string& failure) {
-        say(std::string(what) + " failed");
+        status_.say(subject + texts_.of("failed"));
         tell(failure);
     };
     pellmark::trapAndTell(report, [&] {
         const std::string result = call();
-        if (!result.empty()) say(std::string(what) + ": " + result);
+        if (!result.empty()) status_.say(subject + result);
     });
 }
 
 void WorkbenchWindow::tell(const std::string& failure) {
-    MessageBoxW(window_, toWide(failure).c_str(), L"Norvex Workbench", MB_OK | MB_ICONERROR);
-}
-
-void WorkbenchWindow::say(const std::string& text) {
-    if (status_ != nullptr)
-        SendMessageW(status_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(toWide(text).c_str()));
+    showMessage(window_, toWide(failure), L"Norvex Workbench", MB_OK | MB_ICONERROR);
 }
 
 }  // namespace norvex

@@ -5,12 +5,13 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "refhost/windows/HostTexts.h"
 #include "refhost/workbench/CommandLine.h"
 #include "refhost/workbench/HostSession.h"
 #include "refhost/workbench/ProcessManager.h"
+#include "refhost/workbench/StatusLine.h"
+#include "refhost/workbench/WorkbenchMenu.h"
 
 namespace norvex {
 
@@ -38,28 +39,33 @@ class WorkbenchWindow {
     void focusView();
     /// Takes the texts and the menu of the host's language.
     void translate();
-    void fillMenus();
-    void checkMenus();
+    /// The title says which knowledge base is open, or that none is.
+    void showTitle();
     void command(int id);
     void showFirstView();
     void openKnowledgeBase(const std::string& file);
     void askForKnowledgeBase();
     void callForCase(int id);
+    /// What a modal call came to, in words.
+    std::string outcomeOf(int id, const std::string& result);
+    /// Says so in the status line when there is none.
+    bool hasKnowledgeBase();
     void reopenView();
     void announceReady();
-    /// Runs a call of the host or the component; its failure becomes one message.
+    /// Runs a call of the host or the component; its failure becomes one message. The status line says what
+    /// the call answers, behind its name.
     void trapAndTell(const char* what, const std::function<std::string()>& call);
     void tell(const std::string& failure);
-    void say(const std::string& text);
 
     CommandLine options_;
     HostTexts texts_;
     HWND window_ = nullptr;
     HWND area_ = nullptr;
-    HWND status_ = nullptr;
+    StatusLine status_;
+    WorkbenchMenu menu_;
     std::unique_ptr<HostSession> session_;
     std::unique_ptr<ProcessManager> manager_;
-    std::vector<std::string> users_;
+    int firstShow_ = SW_SHOWNORMAL;
     bool readyPending_ = false;
 };
 

@@ -54,18 +54,76 @@ VariantArg getMember(IDispatch* object, std::wstring name) {
     return value;
 }
 
+/// An element of what must be an array of texts.
+std::string elementText(const VARIANT& element, std::size_t index) {
+    try {
+        return toText(element);
+    } catch (const CallError& error) {
+        throw CallError(error.code(), "must be an array of texts; its element " + std::to_string(index) +
+                                          " is " + describe(element));
+    }
+}
+
 std::vector<std::string> scriptArray(IDispatch* object) {
     if (object == nullptr) mismatch("must be an array of texts");
     const std::int32_t count = toInt32(getMember(object, L"length").get());
     if (count < 0 || count > kGreatestScriptArray) throw CallError(DISP_E_OVERFLOW, "has too many elements");
     std::vector<std::string> texts;
-    for (std::int32_t i = 0; i < count; ++i) {
-        texts.push_back(toText(getMember(object, std::to_wstring(i)).get()));
-    }
+    for (std::int32_t i = 0; i < count; ++i)
+        texts.push_back(
+            elementText(getMember(object, std::to_wstring(i)).get(), static_cast<std::size_t>(i)));
     return texts;
 }
 
+/// A value of one of the simple types, without references.
+std::string describeSimple(const VARIANT& value) {
+    switch (value.vt) {
+        case VT_EMPTY:
+            return "Empty";
+        case VT_NULL:
+            return "Null";
+        case VT_DISPATCH:
+        case VT_UNKNOWN:
+            return value.punkVal == nullptr ? "Nothing" : "an object";
+        case VT_BOOL:
+            return value.boolVal == VARIANT_FALSE ? "False" : "True";
+        case VT_DATE:
+            return "a date";
+        case VT_ERROR:
+            return "an error code";
+        case VT_RECORD:
+            return "a structure";
+        default:
+            break;
+    }
+    VariantArg text;
+    if (FAILED(::VariantChangeTypeEx(text.receive(), const_cast<VARIANT*>(&value), LOCALE_INVARIANT,
+                                     VARIANT_NOVALUEPROP, VT_BSTR))) {
+        return "a value of the type " + std::to_string(value.vt);
+    }
+    constexpr std::size_t kLongest = 40;
+    std::u16string_view shown = Bstr::units(text.get().bstrVal);
+    const bool isCut = shown.size() > kLongest;
+    if (isCut) shown = shown.substr(0, kLongest);
+    const std::string whole = toUtf8(shown) + (isCut ? "..." : "");
+    return value.vt == VT_BSTR ? "the text '" + whole + "'" : "the number " + whole;
+}
+
 }  // namespace
+
+std::string describe(const VARIANT& argument) {
+    constexpr const char* kNowhere = "a reference that leads nowhere";
+    const VARIANT* value = nullptr;
+    try {
+        value = &innermost(argument);
+    } catch (const CallError&) {
+        return kNowhere;
+    }
+    if ((value->vt & VT_BYREF) != 0 && value->byref == nullptr) return kNowhere;
+    // its elements may be gone
+    if (isArray(*value)) return (value->vt & VT_TYPEMASK) == VT_BSTR ? "an array of texts" : "an array";
+    return describeSimple(VariantArg::dereferenced(*value).get());
+}
 
 const VARIANT& innermost(const VARIANT& value) {
     // deeper chains than a few are a caller's mistake, or a ring
@@ -124,7 +182,7 @@ std::vector<std::string> textsOf(const ArrayReader& array) {
     }
     std::vector<std::string> texts;
     for (std::size_t i = 0; i < array.size(); ++i)
-        texts.push_back(toText(array[i]));
+        texts.push_back(elementText(array[i], i));
     return texts;
 }
 

@@ -18,6 +18,10 @@ namespace pellmark {
 /// The variant behind any chain of references to variants.
 const VARIANT& innermost(const VARIANT& value);
 
+/// What a caller has passed, in words, for a text that says why it was refused: "the text 'abc'", "an
+/// object".
+std::string describe(const VARIANT& value);
+
 /// True for an argument that the caller left out.
 bool isMissing(const VARIANT& value);
 

@@ -20,8 +20,9 @@ bool returnsText(Member member) {
 }
 
 template <class Type>
-Type& required(Type* place) {
-    if (place == nullptr) throw CallError(E_POINTER, "The place for the result is missing");
+Type& required(Type* place, Member member) {
+    if (place == nullptr)
+        throw CallError(E_POINTER, "The place for the result of " + fromWide(nameOf(member)) + " is missing");
     return *place;
 }
 
@@ -170,7 +171,10 @@ void ApplicationObject::putProperty(Member member, const DISPPARAMS& arguments) 
             if (!disposeRequested_) norvexApplication_ = application;
         }
     } catch (const CallError& error) {
-        throw CallError(error.code(), fromWide(nameOf(member)) + " " + error.what(), 0);
+        throw CallError(
+            error.code(),
+            fromWide(nameOf(member)) + " " + error.what() + "; given was " + describe(arguments.rgvarg[0]),
+            0);
     }
 }
 
@@ -242,13 +246,17 @@ void ApplicationObject::end() noexcept {
     });
 }
 
-MethodCall ApplicationObject::readCall(const EarlyBound& arguments) {
+MethodCall ApplicationObject::readCall(Member member, const EarlyBound& arguments) {
     MethodCall call;
     if (arguments.host == nullptr || *arguments.host == nullptr) return call;
     call.host = ComPtr<IDispatch>(*arguments.host);
     if (arguments.owner != nullptr) call.owner = ComPtr<IDispatch>(*arguments.owner);
     CaseDescription& description = call.description;
-    if (arguments.valuesGuids != nullptr) description.valueIds = toTexts(*arguments.valuesGuids);
+    try {
+        if (arguments.valuesGuids != nullptr) description.valueIds = toTexts(*arguments.valuesGuids);
+    } catch (const CallError& error) {
+        throw CallError(error.code(), "ValuesGuids of " + fromWide(nameOf(member)) + " " + error.what());
+    }
     description.unit = arguments.featureCaseUnit;
     description.nvxFeatureType = arguments.nvxFeatureType;
     description.partTypeId = textAt(arguments.partTypeGuid);
@@ -263,20 +271,21 @@ MethodCall ApplicationObject::readCall(const EarlyBound& arguments) {
 HRESULT ApplicationObject::callEarlyBound(Member member, const EarlyBound& arguments,
                                           VARIANT* result) noexcept {
     return answer([&] {
-        ::VariantInit(&required(result));
-        perform(member, readCall(arguments));
+        ::VariantInit(&required(result, member));
+        perform(member, readCall(member, arguments));
     });
 }
 
 HRESULT ApplicationObject::callEarlyBound(Member member, const EarlyBound& arguments, BSTR* result) noexcept {
     return answer([&] {
-        required(result) = nullptr;
-        *result = Bstr(perform(member, readCall(arguments))).release();
+        required(result, member) = nullptr;
+        *result = Bstr(perform(member, readCall(member, arguments))).release();
     });
 }
 
 HRESULT ApplicationObject::get_CurrentView(::FRView* view) {
-    return answer([&] { required(view) = static_cast<::FRView>(calls_->currentView()); });
+    return answer(
+        [&] { required(view, Member::CurrentView) = static_cast<::FRView>(calls_->currentView()); });
 }
 
 HRESULT ApplicationObject::put_CurrentView(::FRView view) {
@@ -284,7 +293,9 @@ HRESULT ApplicationObject::put_CurrentView(::FRView view) {
 }
 
 HRESULT ApplicationObject::get_NorvexApplication(IDispatch** application) {
-    return answer([&] { required(application) = ComPtr<IDispatch>(norvexApplication_).release(); });
+    return answer([&] {
+        required(application, Member::NorvexApplication) = ComPtr<IDispatch>(norvexApplication_).release();
+    });
 }
 
 HRESULT ApplicationObject::putref_NorvexApplication(IDispatch* application) {

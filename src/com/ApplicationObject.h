@@ -105,7 +105,7 @@ class ApplicationObject final : public _Application, public ISupportErrorInfo, p
     void putProperty(Member member, const DISPPARAMS& arguments);
     HRESULT callEarlyBound(Member member, const EarlyBound& arguments, VARIANT* result) noexcept;
     HRESULT callEarlyBound(Member member, const EarlyBound& arguments, BSTR* result) noexcept;
-    static MethodCall readCall(const EarlyBound& arguments);
+    static MethodCall readCall(Member member, const EarlyBound& arguments);
     /// The picked identifier; "" for the methods that return nothing.
     std::string perform(Member member, const MethodCall& call);
     std::string performOn(ApplicationCalls& calls, Member member, const MethodCall& call);

@@ -10,8 +10,9 @@ namespace pellmark {
 
 namespace {
 
-std::string utf8NameOf(Parameter parameter) {
-    return fromWide(nameOf(parameter));
+/// "ProcessGuid of OpenProcess"
+std::string nameInCall(Member member, Parameter parameter) {
+    return fromWide(nameOf(parameter)) + " of " + fromWide(nameOf(member));
 }
 
 /// For each parameter the index of its argument in the call's list.
@@ -34,8 +35,9 @@ std::vector<std::optional<UINT>> matchArguments(Member member, const DISPPARAMS&
             throw CallError(DISP_E_PARAMNOTFOUND, method + " has no parameter of that name", i);
         }
         if (places[static_cast<std::size_t>(name)]) {
-            throw CallError(DISP_E_BADPARAMCOUNT,
-                            utf8NameOf(parameters[static_cast<std::size_t>(name)]) + " is given twice", i);
+            throw CallError(
+                DISP_E_BADPARAMCOUNT,
+                nameInCall(member, parameters[static_cast<std::size_t>(name)]) + " is given twice", i);
         }
         places[static_cast<std::size_t>(name)] = i;
     }
@@ -95,7 +97,10 @@ MethodCall readCall(Member member, const DISPPARAMS& arguments) {
                 throw CallError(DISP_E_PARAMNOTOPTIONAL, "must be given");
             }
         } catch (const CallError& error) {
-            throw CallError(error.code(), utf8NameOf(parameters[i]) + " " + error.what(), places[i]);
+            std::string text = nameInCall(member, parameters[i]) + " " + error.what();
+            if (places[i] && !isMissing(arguments.rgvarg[*places[i]]))
+                text += "; given was " + describe(arguments.rgvarg[*places[i]]);
+            throw CallError(error.code(), text, places[i]);
         }
         // without a host nothing will be done, so nothing else is looked at
         if (i == 0 && !call.host) break;

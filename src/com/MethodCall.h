@@ -22,7 +22,8 @@ struct MethodCall {
 
 /// Understands the arguments of a late-bound call: by position and by name, omitted ones filled with their
 /// defaults. Throws CallError with DISP_E_BADPARAMCOUNT, DISP_E_PARAMNOTOPTIONAL, DISP_E_PARAMNOTFOUND,
-/// DISP_E_TYPEMISMATCH or DISP_E_OVERFLOW; its text names the parameter.
+/// DISP_E_TYPEMISMATCH or DISP_E_OVERFLOW; its text names the parameter and the method, and says what was
+/// given.
 MethodCall readCall(Member member, const DISPPARAMS& arguments);
 
 }  // namespace pellmark

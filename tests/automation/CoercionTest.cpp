@@ -194,6 +194,50 @@ TEST(CoercionTest, WhatIsNoArrayOfTextsIsAMismatch) {
     EXPECT_EQ(codeOf([&] { toTexts(numbers.get()); }), DISP_E_TYPEMISMATCH);
 }
 
+TEST(CoercionTest, WhatWasGivenIsDescribedInWords) {
+    const ComPtr<TestObject> object = TestObject::make();
+    VariantArg null;
+    null.get().vt = VT_NULL;
+    VariantArg date;
+    date.get().vt = VT_DATE;
+    VARIANT ring;
+    VariantInit(&ring);
+    ring.vt = VT_BYREF | VT_VARIANT;
+    ring.pvarVal = &ring;
+    VARIANT nowhere;
+    VariantInit(&nowhere);
+    nowhere.vt = VT_BYREF | VT_I4;
+    nowhere.plVal = nullptr;
+    VariantArg variable("inner");
+    EXPECT_EQ(describe(VariantArg("abc").get()), "the text 'abc'");
+    EXPECT_EQ(describe(VariantArg(std::string(100, 'x')).get()),
+              "the text '" + std::string(40, 'x') + "...'");
+    EXPECT_EQ(describe(VariantArg(std::int32_t{70000}).get()), "the number 70000");
+    EXPECT_EQ(describe(VariantArg(1.5).get()), "the number 1.5");
+    EXPECT_EQ(describe(VariantArg(false).get()), "False");
+    EXPECT_EQ(describe(VariantArg().get()), "Empty");
+    EXPECT_EQ(describe(null.get()), "Null");
+    EXPECT_EQ(describe(date.get()), "a date");
+    EXPECT_EQ(describe(VariantArg(ComPtr<IDispatch>(object.get())).get()), "an object");
+    EXPECT_EQ(describe(VariantArg(ComPtr<IDispatch>()).get()), "Nothing");
+    EXPECT_EQ(describe(arrayOfTexts({"a"}).get()), "an array of texts");
+    EXPECT_EQ(describe(arrayOfVariants({"a"}).get()), "an array");
+    EXPECT_EQ(describe(referenceTo(variable.get())), "the text 'inner'");
+    EXPECT_EQ(describe(ring), "a reference that leads nowhere");
+    EXPECT_EQ(describe(nowhere), "a reference that leads nowhere");
+}
+
+TEST(CoercionTest, AnElementThatIsNoTextIsNamedByItsPlace) {
+    const ComPtr<TestObject> object = TestObject::make();
+    try {
+        toTexts(arrayOfVariants({"a", ComPtr<IDispatch>(object.get())}).get());
+        ADD_FAILURE() << "the object was taken for a text";
+    } catch (const CallError& error) {
+        EXPECT_EQ(error.code(), DISP_E_TYPEMISMATCH);
+        EXPECT_STREQ(error.what(), "must be an array of texts; its element 1 is an object");
+    }
+}
+
 TEST(CoercionTest, AnArrayOfTwoDimensionsIsAMismatch) {
     SAFEARRAYBOUND bounds[2] = {{1, 0}, {1, 0}};
     VariantArg square;

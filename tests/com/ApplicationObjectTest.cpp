@@ -1,5 +1,6 @@
 #include "com/ApplicationObject.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <thread>
@@ -129,7 +130,7 @@ TEST_F(ApplicationObjectTest, AnUnknownNameOrOneGivenTwiceIsRefused) {
     EXPECT_EQ(badArgument_, 0U);
     EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {host(), "p"}, DISPATCH_METHOD, {0}),
               DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(takeErrorText(), "NvxApplication is given twice");
+    EXPECT_EQ(takeErrorText(), "NvxApplication of ShowWindowProcessesView is given twice");
     EXPECT_TRUE(log_.calls.empty());
 }
 
@@ -163,24 +164,59 @@ TEST_F(ApplicationObjectTest, WithoutAHostTheCallIsPassedOnAndNothingElseIsLooke
 TEST_F(ApplicationObjectTest, AValueInTheHostsPlaceIsRefusedWithItsText) {
     EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {std::int32_t{5}, "p"}), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(badArgument_, 1U);
-    EXPECT_EQ(takeErrorText(), "NvxApplication must be an object");
+    EXPECT_EQ(takeErrorText(),
+              "NvxApplication of ShowWindowProcessesView must be an object; given was the number 5");
     EXPECT_TRUE(log_.calls.empty());
 }
 
 TEST_F(ApplicationObjectTest, AnArgumentThatDoesNotFitIsRefusedWithItsPlaceAndItsName) {
     EXPECT_EQ(invoke(Member::ShowWindowProcessCaseView, {host(), "v", std::int32_t{40000}}), DISP_E_OVERFLOW);
     EXPECT_EQ(badArgument_, 0U);
-    EXPECT_EQ(takeErrorText(), "FeatureCaseUnit must be a number from -32768 to 32767");
+    EXPECT_EQ(takeErrorText(),
+              "FeatureCaseUnit of ShowWindowProcessCaseView must be a number from -32768 to 32767; given was "
+              "the number 40000");
     EXPECT_EQ(invoke(Member::OpenProcess, {host(), "owner", "v"}), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(badArgument_, 1U);
-    EXPECT_EQ(takeErrorText(), "OwnerForm must be an object");
+    EXPECT_EQ(takeErrorText(), "OwnerForm of OpenProcess must be an object; given was the text 'owner'");
+}
+
+TEST_F(ApplicationObjectTest, EveryParameterOfEveryMethodNamesItselfItsMethodWhatItWantsAndWhatWasGiven) {
+    for (const Member member :
+         {Member::ShowWindowProcessesView, Member::ShowWindowProcessCaseView, Member::OpenProcess,
+          Member::OpenFeatureCase, Member::EditFeatureCase, Member::EditProcess}) {
+        const auto parameters = parametersOf(member);
+        for (std::size_t at = 0; at < parameters.size(); ++at) {
+            const std::string name = fromWide(nameOf(parameters[at]));
+            const bool isObject = name == "NvxApplication" || name == "OwnerForm";
+            std::vector<VariantArg> arguments;
+            for (std::size_t i = 0; i < parameters.size(); ++i) {
+                const std::string each = fromWide(nameOf(parameters[i]));
+                const bool isText = each.ends_with("Guid") || each == "ValuesGuids";
+                arguments.push_back(i == 0 ? host() : isText ? VariantArg("x") : VariantArg(std::int32_t{1}));
+                if (each == "OwnerForm") arguments.back() = nothing();
+            }
+            arguments[at] = isObject ? VariantArg("x") : host();
+            if (name == "ValuesGuids") arguments[at] = VariantArg(true);
+            SCOPED_TRACE(name);
+            EXPECT_TRUE(FAILED(invoke(member, arguments)));
+            const std::string text = takeErrorText();
+            const std::string beginning = name + " of " + fromWide(nameOf(member)) + " must be ";
+            EXPECT_EQ(text.substr(0, beginning.size()), beginning);
+            const char* const given = isObject                ? "; given was the text 'x'"
+                                      : name == "ValuesGuids" ? "; given was True"
+                                                              : "; given was an object";
+            EXPECT_TRUE(text.ends_with(given)) << text;
+            EXPECT_EQ(badArgument_, parameters.size() - 1 - at);
+        }
+    }
+    EXPECT_TRUE(log_.calls.empty());
 }
 
 TEST_F(ApplicationObjectTest, AWrongNumberOfArgumentsIsRefused) {
     EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {}), DISP_E_PARAMNOTOPTIONAL);
-    EXPECT_EQ(takeErrorText(), "NvxApplication must be given");
+    EXPECT_EQ(takeErrorText(), "NvxApplication of ShowWindowProcessesView must be given");
     EXPECT_EQ(invoke(Member::ShowWindowProcessCaseView, {host()}), DISP_E_PARAMNOTOPTIONAL);
-    EXPECT_EQ(takeErrorText(), "ValuesGuids must be given");
+    EXPECT_EQ(takeErrorText(), "ValuesGuids of ShowWindowProcessCaseView must be given");
     EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {host(), "p", "q"}), DISP_E_BADPARAMCOUNT);
     EXPECT_EQ(takeErrorText(), "ShowWindowProcessesView takes at most 2 arguments, not 3");
     EXPECT_EQ(invoke(Member::Dispose, {host()}), DISP_E_BADPARAMCOUNT);
@@ -239,7 +275,7 @@ TEST_F(ApplicationObjectTest, TheCurrentViewIsKeptForTheHost) {
     EXPECT_EQ(view, FRProcesscase);
     EXPECT_EQ(invoke(Member::CurrentView, {"cases"}, DISPATCH_PROPERTYPUT, {DISPID_PROPERTYPUT}),
               DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(takeErrorText(), "CurrentView must be a 32-bit number");
+    EXPECT_EQ(takeErrorText(), "CurrentView must be a 32-bit number; given was the text 'cases'");
 }
 
 TEST_F(ApplicationObjectTest, TheHostOfTheLastCallIsKeptUntilDispose) {
@@ -420,7 +456,7 @@ TEST_F(ApplicationObjectTest, AnEarlyBoundCallWithoutHostOrWithoutAPlaceForTheRe
     EXPECT_EQ(result.vt, VT_EMPTY);
     IDispatch* host = host_.get();
     EXPECT_EQ(object_->ShowWindowProcessesView(&host, nullptr, nullptr), E_POINTER);
-    EXPECT_EQ(takeErrorText(), "The place for the result is missing");
+    EXPECT_THAT(takeErrorText(), testing::MatchesRegex("The place for the result of .* is missing"));
     EXPECT_EQ(object_->get_CurrentView(nullptr), E_POINTER);
 }
 

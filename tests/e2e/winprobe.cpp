@@ -8,7 +8,7 @@
 //   tabs HWND     a tab strip: the rectangle of each tab and which one is selected
 //   combo HWND    a combo box: its entries
 //   ticks HWND    a list with check boxes: whether each row is ticked
-//   forget        removes the layouts that the component has stored for this user
+//   forget        removes the layouts that the component and the host have stored for this user
 //   choices HWND  a list box: its entries and the rectangle of each
 #include <windows.h>
 
@@ -235,6 +235,7 @@ std::string ticks(HWND window) {
 }
 
 std::string forget() {
+    RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Orvane\\Norvex\\Workbench");
     const LSTATUS outcome = RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Orvane\\Applications");
     return std::to_string(outcome);
 }

@@ -18,11 +18,6 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
-def guid_bytes(text):
-    """The bytes of an identifier in the order in which they are stored."""
-    return uuid.UUID(text).bytes_le
-
-
 def drive_c():
     return pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
 
@@ -60,8 +55,7 @@ class Workbench:
              "--screenshot-ready", windows_path(ready), *self._options],
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         try:
-            wait_for("the workbench's first view", lambda: ready.exists() or self.process.poll() is not None,
-                     START_SECONDS)
+            self._wait_for_start(ready)
             if self.process.poll() is not None:
                 raise AssertionError(f"the workbench ended with {self.process.returncode}")
             self.refresh()
@@ -69,6 +63,10 @@ class Workbench:
             seen = self.desktop.windows()
             self.kill()
             raise AssertionError(f"{error}; there are {seen}") from None
+
+    def _wait_for_start(self, ready):
+        wait_for("the workbench's first view", lambda: ready.exists() or self.process.poll() is not None,
+                 START_SECONDS)
 
     def _add_processes(self, count):
         """Adds processes to the knowledge base while no program has it open."""
@@ -152,10 +150,11 @@ class WorkbenchTest(unittest.TestCase):
     view = "processes"
     options = ()
     more_processes = 0
+    workbench_class = Workbench
 
     def setUp(self):
         self.desktop = self.enterContext(Desktop())
-        self.workbench = self.enterContext(Workbench(self.desktop, self.view, self.options, self.more_processes))
+        self.workbench = self.enterContext(self.workbench_class(self.desktop, self.view, self.options, self.more_processes))
         self.addCleanup(self._picture_of_failure)
 
     def _picture_of_failure(self):

@@ -99,6 +99,8 @@ const wchar_t* Surroundings::registered(const wchar_t* name) const {
     wanted.lpfnWndProc = &::DefWindowProcW;  // peers stand before it, as before any other window
     wanted.hInstance = instance_;
     wanted.hCursor = ::LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
+    constexpr int kIcon = 1;                                           // of the component's resources
+    wanted.hIcon = ::LoadIconW(instance_, MAKEINTRESOURCEW(kIcon));
     wanted.lpszClassName = name;
     ::RegisterClassExW(&wanted);
     return name;

@@ -120,6 +120,78 @@ TEST_F(NorvexLibraryTest, AKnowledgeBaseThatCannotBeOpenedIsNotConnectedAndSaysW
     expectError(errors::kKnowledgeBase, "bad?name.db", [&] { service.call("Connect"); });
 }
 
+TEST_F(NorvexLibraryTest, AFolderThatDoesNotExistIsNamedAndNotMade) {
+    test::TemporaryFolder folder;
+    NorvexLibrary::useKnowledgeBase(folder.file("no such folder") + "\\base.db");
+    auto service = create("Norvex.KnowledgeBaseService");
+    EXPECT_FALSE(service.call("IsConnected").boolean());
+    expectError(errors::kKnowledgeBase, "there is no folder '" + folder.file("no such folder") + "'",
+                [&] { service.call("Connect"); });
+    EXPECT_EQ(GetFileAttributesW(toWide(folder.file("no such folder")).c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(NorvexLibraryTest, TheFolderOfTheDefaultFileIsMade) {
+    test::TemporaryFolder folder;
+    wchar_t before[MAX_PATH] = {};
+    GetEnvironmentVariableW(L"LOCALAPPDATA", before, MAX_PATH);
+    SetEnvironmentVariableW(L"LOCALAPPDATA", toWide(folder.file("local")).c_str());
+    NorvexLibrary::useKnowledgeBase("");
+    auto service = create("Norvex.KnowledgeBaseService");
+    EXPECT_TRUE(service.call("IsConnected").boolean());
+    SetEnvironmentVariableW(L"LOCALAPPDATA", before);
+}
+
+/// A knowledge base that nobody may write to.
+class ReadOnlyLibraryTest : public NorvexLibraryTest {
+  protected:
+    ReadOnlyLibraryTest() {
+        NorvexLibrary::useKnowledgeBase(path_);
+        create("Norvex.KnowledgeBaseService").call("Connect");
+        SetFileAttributesW(toWide(path_).c_str(), FILE_ATTRIBUTE_READONLY);
+    }
+    ~ReadOnlyLibraryTest() override {
+        SetEnvironmentVariableW(L"NORVEX_LANGUAGE", nullptr);
+        SetFileAttributesW(toWide(path_).c_str(), FILE_ATTRIBUTE_NORMAL);
+    }
+
+    test::TemporaryFolder folder_;
+    std::string path_ = folder_.file("locked.db");
+};
+
+TEST_F(ReadOnlyLibraryTest, IsReadAndSaysThatItIsReadOnly) {
+    auto service = create("Norvex.KnowledgeBaseService");
+    EXPECT_TRUE(service.call("IsConnected").boolean());
+    EXPECT_TRUE(service.call("IsReadOnly").boolean());
+    KnowledgeBaseAdapter adapter(std::move(service));
+    EXPECT_GE(adapter.processStore().processes("")->count(), 60U);
+}
+
+TEST_F(ReadOnlyLibraryTest, TheQuestionForARightIsAnsweredWithWhyAndWhatToDoInTheUsersLanguage) {
+    KnowledgeBaseAdapter adapter(create("Norvex.KnowledgeBaseService"));
+    for (const int operation : {PermissionEdit, PermissionAdd, PermissionDelete}) {
+        expectError(errors::kKnowledgeBase, "The knowledge base is read-only",
+                    [&] { adapter.userRights().may(operation); });
+        expectError(errors::kKnowledgeBase, "locked.db", [&] { adapter.userRights().may(operation); });
+    }
+    SetEnvironmentVariableW(L"NORVEX_LANGUAGE", L"2");
+    expectError(errors::kKnowledgeBase, "schreibgesch\xC3\xBCtzt",
+                [&] { adapter.userRights().may(PermissionEdit); });
+}
+
+TEST_F(ReadOnlyLibraryTest, WhoMayNotEditAnywayIsToldThatAlone) {
+    auto host = create("Norvex.Application");
+    host.put("CurrentUser", "Operator");
+    KnowledgeBaseAdapter adapter(create("Norvex.KnowledgeBaseService"));
+    EXPECT_FALSE(adapter.userRights().may(PermissionEdit));
+    host.put("CurrentUser", "");
+}
+
+TEST_F(NorvexLibraryTest, AKnowledgeBaseThatMayBeWrittenToIsNotReadOnly) {
+    test::TemporaryFolder folder;
+    NorvexLibrary::useKnowledgeBase(folder.file("open.db"));
+    EXPECT_FALSE(create("Norvex.KnowledgeBaseService").call("IsReadOnly").boolean());
+}
+
 TEST_F(NorvexLibraryTest, RightsAreThoseOfTheCurrentUser) {
     test::TemporaryFolder folder;
     NorvexLibrary::useKnowledgeBase(folder.file("rights.db"));

@@ -153,7 +153,7 @@ TEST_F(TechnologyServiceTest, ATechnologyHasTheDefaultsOfItsCycleInTheUnitOfItsP
 }
 
 TEST_F(TechnologyServiceTest, AnUnknownProcessIsAnError) {
-    expectError(errors::kNotFound, "does not exist",
+    expectError(errors::kNotFound, "The process no longer exists",
                 [&] { service_->create(602, "{0BADF00D-0000-4000-8000-000000000001}"); });
 }
 
@@ -373,7 +373,7 @@ TEST_F(TechnologyServiceTest, TheEditorStandsOverItsOwnerAndKeepsItDisabled) {
 
 TEST_F(TechnologyServiceTest, AStepThatIsGoneCannotBeRememberedAsStored) {
     const auto technology = service_->create(602, "");
-    expectError(errors::kNotFound, "does not exist",
+    expectError(errors::kNotFound, "The process step no longer exists",
                 [&] { service_->stored("{0BADF00D-0000-4000-8000-000000000001}", *technology); });
 }
 

@@ -12,6 +12,7 @@
 #include "com/adapters/TechnologyServiceAdapter.h"
 #include "refhost/automation/NorvexLibrary.h"
 #include "refhost/automation/Resources.h"
+#include "refhost/technology/Catalogue.h"
 #include "refhost/technology/Cycles.h"
 #include "refhost/texts/Languages.h"
 #include "refhost/windows/HostTexts.h"
@@ -142,6 +143,60 @@ TEST_P(TranslatedWindowsTest, TheTechnologyEditorShowsItsTextsWhole) {
     technologies.edit(*technology, 0);
     ASSERT_TRUE(complaints);
     EXPECT_THAT(*complaints, IsEmpty());
+}
+
+/// Everything that the line below the grid may say, with long parts.
+std::vector<std::wstring> refusals(const norvex::HostTexts& texts) {
+    const std::string longest = texts.of("Feed per revolution");
+    std::vector<std::wstring> filled;
+    for (const char* english :
+         {"%1 follows from the other values.", "%1 may have %2 characters at most.",
+          "%1 must be a whole number.", "%1 must be a number; '%2' is none.",
+          "%1 must be more than %2 and at most %3.", "%1 must be at least %2 and at most %3.",
+          "%1 at %2 asks for a spindle speed of %3 1/min.", "The spindle speed fits %1 at %2.",
+          "A stepover of %1 is wider than the tool, which has %2.",
+          "The table of speeds and feeds has nothing for this material: %1.",
+          "The feed of a thread is its pitch: enter the pitch first.",
+          "The feed depends on the tool diameter: enter the diameter first.",
+          "The spindle speed needs a cutting speed and a diameter.", "The operation needs a name.",
+          "This cycle does not cut."}) {
+        std::string text = texts.of(english);
+        const std::pair<const char*, std::string> parts[] = {
+            {"%1", longest}, {"%2", "0.0039 ft/min"}, {"%3", "19685.0394 in/min"}};
+        for (const auto& [mark, part] : parts) {
+            if (const std::size_t at = text.find(mark); at != std::string::npos) text.replace(at, 2, part);
+        }
+        filled.push_back(toWide(text));
+    }
+    std::string choices;
+    for (const char* choice : norvex::choices())
+        choices += (choices.empty() ? "" : ", ") + std::string(choice);
+    std::string list = texts.of("%1 is one of %2.");
+    list.replace(list.find("%1"), 2, texts.of("Coolant"));
+    list.replace(list.find("%2"), 2, choices);
+    filled.push_back(toWide(list));
+    return filled;
+}
+
+TEST_P(TranslatedWindowsTest, TheTechnologyEditorHasRoomForWhatItRefusesAlsoInItsSmallestSize) {
+    auto technologies = service();
+    const auto technology = technologies.create(norvex::cycle::kPeckDrilling, "");
+    const auto lines = refusals({NorvexLibrary::folder(), GetParam()});
+    std::vector<std::string> complaints{"the editor was not seen"};
+    const Onlooker onlooker([&](HWND dialog) {
+        complaints.clear();
+        MINMAXINFO limits{};
+        SendMessageW(dialog, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+        SetWindowPos(dialog, nullptr, 0, 0, limits.ptMinTrackSize.x, limits.ptMinTrackSize.y,
+                     SWP_NOMOVE | SWP_NOZORDER);
+        for (const std::wstring& line : lines) {
+            SetDlgItemTextW(dialog, IDC_TECHNOLOGY_MESSAGE, line.c_str());
+            for (std::string& each : complaintsAbout(dialog, kDpi))
+                complaints.push_back(std::move(each));
+        }
+    });
+    technologies.edit(*technology, 0);
+    EXPECT_THAT(complaints, IsEmpty());
 }
 
 TEST_P(TranslatedWindowsTest, TheStepWizardShowsItsTextsWhole) {

@@ -147,20 +147,26 @@ TEST_F(KnowledgeBaseFileTest, AFileWithADestroyedPageIsRefused) {
 }
 
 TEST_F(KnowledgeBaseFileTest, AnotherProgramsDatabaseIsRefused) {
-    { Connection(path, true, std::chrono::milliseconds(50)).execute("CREATE TABLE recipe (name TEXT)"); }
+    {
+        Connection(path, Opening::Create, std::chrono::milliseconds(50))
+            .execute("CREATE TABLE recipe (name TEXT)");
+    }
     expectRefusedAndUntouched("another program");
 }
 
 TEST_F(KnowledgeBaseFileTest, ANewerSchemaIsRefused) {
     create();
-    { Connection(path, false, std::chrono::milliseconds(50)).execute("PRAGMA user_version = 99"); }
+    {
+        Connection(path, Opening::Existing, std::chrono::milliseconds(50))
+            .execute("PRAGMA user_version = 99");
+    }
     expectRefusedAndUntouched("newer program (version 99");
 }
 
 TEST_F(KnowledgeBaseFileTest, ARefusedFileIsNotChangedByTheLogThatAKilledProgramLeft) {
     create();
     {
-        Connection killed(path, false, std::chrono::milliseconds(50));
+        Connection killed(path, Opening::Existing, std::chrono::milliseconds(50));
         killed.keepLogOnClose(true);
         killed.execute("PRAGMA user_version = 99");
     }
@@ -175,7 +181,7 @@ TEST_F(KnowledgeBaseFileTest, AFolderInPlaceOfTheFileOrAMissingOneIsRefused) {
 
 TEST_F(KnowledgeBaseFileTest, AFileThatAnotherProgramHoldsLockedIsRefused) {
     create();
-    Connection holder(path, false, std::chrono::milliseconds(50));
+    Connection holder(path, Opening::Existing, std::chrono::milliseconds(50));
     holder.execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; UPDATE tally SET value = value;");
     EXPECT_THAT(refusal(path), HasSubstr("in use by another program"));
     holder.execute("COMMIT; PRAGMA locking_mode = NORMAL; SELECT count(*) FROM tally;");
@@ -184,7 +190,7 @@ TEST_F(KnowledgeBaseFileTest, AFileThatAnotherProgramHoldsLockedIsRefused) {
 
 TEST_F(KnowledgeBaseFileTest, AChangeThatWaitsTooLongForTheLockFailsAndWorksAfterwards) {
     SqliteKnowledgeBaseService service(path, impatient());
-    Connection other(path, false, std::chrono::milliseconds(50));
+    Connection other(path, Opening::Existing, std::chrono::milliseconds(50));
     other.execute("BEGIN IMMEDIATE");
     try {
         service.processStore().addProcess({"", "A", 71, "", ""});
@@ -231,7 +237,7 @@ TEST_F(MigrationTest, VersionsAscendFromOne) {
 TEST_F(MigrationTest, AFileOfTheFirstVersionGetsSourcesAndTheTableOfSpeedsAndFeeds) {
     const std::string step = "{C200E360-38C5-11CE-AE62-08002B2B79EF}";
     {
-        Connection connection(path, true, std::chrono::milliseconds(50));
+        Connection connection(path, Opening::Create, std::chrono::milliseconds(50));
         migrate(connection, migrations().first(1));
         connection.execute("INSERT INTO process (id, name) VALUES (randomblob(16), 'Kept')");
         Statement add(connection, "INSERT INTO process_step (id, process, name) VALUES (?, 1, 'Drill')");
@@ -250,7 +256,7 @@ TEST_F(MigrationTest, OnlyTheMissingStepsRunAndTheFileKeepsItsData) {
         SqliteKnowledgeBaseService service(path, impatient());
         service.processStore().addProcess({"", "Kept", 71, "", ""});
     }
-    Connection connection(path, false, std::chrono::milliseconds(50));
+    Connection connection(path, Opening::Existing, std::chrono::milliseconds(50));
     std::vector<Migration> list(migrations().begin(), migrations().end());
     const int next = currentSchemaVersion() + 1;
     list.push_back({next, "ALTER TABLE process ADD COLUMN note TEXT"});

@@ -140,7 +140,7 @@ TEST_F(ProcessFinderTest, TheListOnTheScreenLendsItsOrder) {
 TEST_F(ProcessFinderTest, AFileOfTheSecondVersionIsSearchedAndSortedAfterIt) {
     const std::string path = folder.file("old.nkb");
     {
-        Connection old(path, true, std::chrono::milliseconds(50));
+        Connection old(path, Opening::Create, std::chrono::milliseconds(50));
         Transaction change(old, Transaction::Kind::Write);
         migrate(old, migrations().subspan(0, 2));
         old.execute(

@@ -76,6 +76,25 @@ TEST_F(OperationEditorTest, WhatAPersonTypesIsTheUsers) {
     EXPECT_EQ(editor.operation().find(code::kCuttingSpeed)->state(), 2);
 }
 
+TEST_F(OperationEditorTest, WhatItTellsAPersonIsLookedUpWithItsParts) {
+    const std::map<std::string, std::string> german{
+        {"Tool diameter", "Werkzeugdurchmesser"},
+        {"Drilling", "Bohren"},
+        {"%1 must be more than %2 and at most %3.", "Mehr als %2 bis %3: %1."},
+        {"%1 must be a number; '%2' is none.", "'%2' ist keine Zahl: %1, 100%"},
+        {"The table of speeds and feeds has nothing for this material: %1.", "Nichts: %1"},
+        {"The spindle speed needs a cutting speed and a diameter.", "Erst die anderen."}};
+    editor = OperationEditor(editor.operation(), table(), [&](const std::string& english) {
+        const auto found = german.find(english);
+        return found == german.end() ? english : found->second;
+    });
+    EXPECT_EQ(type("Tool diameter", "0"), "Mehr als 0 bis 500 mm: Werkzeugdurchmesser.");
+    EXPECT_EQ(type("Tool diameter", "%1"), "'%1' ist keine Zahl: Werkzeugdurchmesser, 100%");
+    EXPECT_EQ(editor.takeFromTable('H'), "Nichts: Bohren");
+    EXPECT_EQ(type("Tool diameter", ""), "");
+    EXPECT_EQ(editor.computeSpindleSpeed(), "Erst die anderen.");
+}
+
 TEST_F(OperationEditorTest, AnEmptyCellTakesTheValueAway) {
     EXPECT_EQ(type("Point angle", ""), "");
     EXPECT_EQ(editor.operation().find(code::kToolPointAngle)->value, Variant());
@@ -111,7 +130,7 @@ TEST_F(OperationEditorTest, AStepThatWasRenamedIsShownUnderItsNewName) {
 }
 
 TEST_F(OperationEditorTest, ImpossibleValuesAreRefusedWithTheReason) {
-    EXPECT_EQ(type("Tool diameter", "ten"), "Tool diameter must be a number; \"ten\" is none.");
+    EXPECT_EQ(type("Tool diameter", "ten"), "Tool diameter must be a number; 'ten' is none.");
     EXPECT_EQ(type("Tool diameter", "0"), "Tool diameter must be more than 0 and at most 500 mm.");
     EXPECT_EQ(type("Tool diameter", "-1"), "Tool diameter must be more than 0 and at most 500 mm.");
     EXPECT_EQ(type("Tool diameter", "500.1"), "Tool diameter must be more than 0 and at most 500 mm.");
@@ -121,7 +140,7 @@ TEST_F(OperationEditorTest, ImpossibleValuesAreRefusedWithTheReason) {
     EXPECT_EQ(type("Point angle", "200"), "Point angle must be at least 30 and at most 180\xC2\xB0.");
     EXPECT_EQ(type("Number of teeth", "2.5"), "Number of teeth must be a whole number.");
     EXPECT_EQ(type("Number of teeth", "0"), "Number of teeth must be at least 1 and at most 60.");
-    EXPECT_EQ(type("Cutting speed", "1,000.5"), "Cutting speed must be a number; \"1,000.5\" is none.");
+    EXPECT_EQ(type("Cutting speed", "1,000.5"), "Cutting speed must be a number; '1,000.5' is none.");
     EXPECT_THAT(type("Coolant", "beer"), HasSubstr("Coolant is one of emulsion, high pressure"));
     EXPECT_THAT(type("Tool", std::string(501, 'x')), HasSubstr("500 characters at most"));
     EXPECT_EQ(value("Tool diameter"), "500");
@@ -150,7 +169,7 @@ TEST_F(OperationEditorTest, SpeedAndFeedComeFromTheTableByDiameterAndMaterial) {
     EXPECT_EQ(source("Feed per revolution"), "Table");
     EXPECT_EQ(editor.takeFromTable('N'), "");
     EXPECT_EQ(value("Cutting speed"), "220");
-    EXPECT_THAT(editor.takeFromTable('H'), HasSubstr("nothing for drilling in this material"));
+    EXPECT_THAT(editor.takeFromTable('H'), HasSubstr("nothing for this material: Drilling."));
     EXPECT_EQ(value("Cutting speed"), "220");
 }
 
@@ -257,7 +276,7 @@ TEST_F(OperationEditorTest, AStoredTextThatIsNoFigureIsKeptUntilItIsAccepted) {
     editor = {operation, table()};
     EXPECT_EQ(value("Tool diameter"), "six");
     ASSERT_TRUE(editor.problem().has_value());
-    EXPECT_THAT(editor.problem()->reason, HasSubstr("\"six\" is none"));
+    EXPECT_THAT(editor.problem()->reason, HasSubstr("'six' is none"));
 }
 
 TEST_F(OperationEditorTest, ACycleThatNobodyKnowsHasEveryParameterAndNoFigures) {

@@ -80,8 +80,8 @@ std::string_view withoutArgument(std::string_view code) {
 
 /// The menus that are shown. Others are kept with their form, and nobody reads them.
 constexpr std::array kMenus{"mnuProcess.add(", "mnuProcessStep.add(", "mnufetaureCaseContext.add("};
-constexpr std::array kDirect{
-    "GetString(", "filter(", ".heading=", "kManagerTitle=", "kEditorTitle=", "texts_.of(", "texts_.wide("};
+constexpr std::array kDirect{"GetString(", "filter(",      ".heading=",   "kManagerTitle=", "kEditorTitle=",
+                             "texts_.of(", "texts_.wide(", "texts().of(", "sentence("};
 constexpr std::array kSecond{
     "translate(", "TechnologySource::", "Definition{code::", "CuttingCycle{cycle::", "CuttingCycle{"};
 

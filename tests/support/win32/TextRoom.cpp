@@ -174,8 +174,10 @@ class Inspection {
     }
 
     void lookAtLabel(HWND label, const RECT& area) {
-        const SIZE text = sizeOf(textOf(label), fontOf(label), DT_WORDBREAK, static_cast<int>(area.right));
-        if (withReserve(text.cx) > area.right || text.cy > area.bottom) complain(label, "is cut off");
+        // a label of several lines breaks them elsewhere where the font is wider
+        const int width = ::MulDiv(static_cast<int>(area.right), 100, 100 + kReservePercent);
+        const SIZE text = sizeOf(textOf(label), fontOf(label), DT_WORDBREAK, width);
+        if (text.cx > width || text.cy > area.bottom) complain(label, "is cut off");
     }
 
     void lookAtCombo(HWND combo) {

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -142,25 +141,6 @@ TEST_F(KilledProcessTest, TwoProcessesWriteToOneFileAtOnce) {
     SqliteKnowledgeBaseService service(path, kEmpty);
     EXPECT_EQ(service.processStore().processes("")->count(), 200U);
     EXPECT_EQ(integrityOf(service), "ok");
-}
-
-TEST_F(KilledProcessTest, AReadOnlyFileIsRefusedAndUntouched) {
-    { SqliteKnowledgeBaseService create(path, kEmpty); }
-    const std::string before = pellmark::test::readFile(path);
-    ASSERT_EQ(chmod(path.c_str(), 0444), 0);
-    ASSERT_EQ(chmod(folder.path().c_str(), 0777), 0);
-    Child reader([&] {
-        // Root may write to any file, so the test must not be root.
-        if (getuid() == 0 && setuid(65534) != 0) return 3;
-        try {
-            SqliteKnowledgeBaseService service(path, kEmpty);
-        } catch (const pellmark::Error& error) {
-            return error.description().find("is read-only") != std::string::npos ? 0 : 2;
-        }
-        return 1;
-    });
-    EXPECT_EQ(reader.wait(), 0);
-    EXPECT_TRUE(pellmark::test::readFile(path) == before);
 }
 
 }  // namespace
