@@ -162,6 +162,7 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
 }
 
 void WorkbenchWindow::tellViews(UINT message, WPARAM wide, LPARAM data) {
+    status_.tell(message, wide, data);
     for (HWND view = GetWindow(area_, GW_CHILD); view != nullptr; view = GetWindow(view, GW_HWNDNEXT))
         SendMessageW(view, message, wide, data);
 }
