@@ -8,7 +8,7 @@ logs=$build/logs
 
 packages_native=(g++ cmake ninja-build ccache googletest)
 packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64 xvfb xauth
-    fonts-liberation fonts-wine fonts-droid-fallback
+    fonts-liberation fonts-wine fonts-droid-fallback fonts-open-sans
     fp-utils) # brings chmcmd, with 250 MB of sources that it insists on
 packages_checks=(clang-format clang-tidy git python3)
 packages_desktop=(x11vnc novnc websockify)
@@ -16,6 +16,9 @@ packages_e2e=(python3 sqlite3 xdotool imagemagick poppler-utils)
 packages_print=(cups printer-driver-cups-pdf)
 
 export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+# What a source includes is taken from the compiler's list of it, not from a run of the preprocessor before each
+# compilation; and a precompiled header counts by its contents.
+export CCACHE_DEPEND=1 CCACHE_SLOPPINESS=pch_defines,time_macros
 export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
 
 say() { printf '%s\n' "$*" >&2; }
@@ -116,6 +119,14 @@ start_display() {
     unset WAYLAND_DISPLAY XAUTHORITY
 }
 
+# Ends the virtual display that was started last.
+end_display() {
+    local last=$((${#started[@]} - 1))
+    kill "${started[last]}" 2>/dev/null
+    wait "${started[last]}" 2>/dev/null
+    unset "started[last]"
+}
+
 # Starts a print server of its own whose one printer, "Pellmark", makes a PDF of every document, and points the
 # programs that print to it. The documents go to the folder PDF in the home folder, the packaged driver's choice.
 start_printer() {
@@ -176,7 +187,7 @@ use_prefix() {
     export WINEPATH
     WINEPATH=$(windows_path "$build/win64/bin")
     [ -f "$WINEPREFIX/ready" ] || make_prefix "$1"
-    [ -f "$WINEPREFIX/fonts-ready" ] || link_fonts
+    [ -f "$WINEPREFIX/looks-ready" ] || give_looks
 }
 
 make_prefix() {
@@ -193,21 +204,38 @@ make_prefix() {
 
 # Gives the prefix the fonts of Windows' own windows, which Wine does not find where Debian keeps them, and links
 # them to one with the Japanese and Chinese letters that they lack. Without the first, Wine would draw everything
-# with the second, which has no Latin ones.
-link_fonts() {
+# with the second, which has no Latin ones. Then the prefix gets what else makes its windows look like those that
+# people have before them: the message font and its smoothing, colours, and the measures of frames.
+give_looks() {
     local font target=$WINEPREFIX/drive_c/windows/Fonts
     local key='HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink'
-    say "Giving the Wine prefix its fonts"
+    say "Giving the Wine prefix its fonts and colours"
     mkdir -p "$target"
     (
         cp /usr/share/wine/fonts/{marlett,tahoma,tahomabd}.ttf \
             /usr/share/fonts/truetype/droid/DroidSansFallbackFull.ttf "$target/" &&
-            for font in 'Tahoma' 'Tahoma Bold' 'Microsoft Sans Serif' 'MS Sans Serif' 'Segoe UI'; do
+            for font in 'Tahoma' 'Tahoma Bold' 'Microsoft Sans Serif' 'MS Sans Serif' 'Segoe UI' 'Open Sans'; do
                 timeout 60 wine reg add "$key" /v "$font" /t REG_MULTI_SZ \
                     /d 'DroidSansFallbackFull.ttf,Droid Sans Fallback' /f || exit 1
-            done && WINEDEBUG=-all timeout 30 "$(wineserver_path)" -k -w
-    ) > "$logs/fonts.log" 2>&1 || die "The prefix could not be given its fonts; see $logs/fonts.log"
-    touch "$WINEPREFIX/fonts-ready"
+            done && import_look shell && import_look light && WINEDEBUG=-all timeout 30 "$(wineserver_path)" -k -w
+    ) > "$logs/looks.log" 2>&1 || die "The prefix could not be given its looks; see $logs/looks.log"
+    touch "$WINEPREFIX/looks-ready"
+}
+
+# Puts what a registry file of cmake/looks says into the prefix. It shows once the prefix's programs have all ended.
+import_look() {
+    timeout 60 wine regedit /S "$(windows_path "$root/cmake/looks/$1.reg")"
+}
+
+# Gives the prefix the colours of a scheme (light, dark or contrast) and a screen of so many dots per inch, and ends
+# what runs there.
+set_look() {
+    local scheme=$1 dpi=$2
+    {
+        import_look "$scheme" &&
+            timeout 60 wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f &&
+            WINEDEBUG=-all timeout 30 "$(wineserver_path)" -k -w
+    } > "$logs/look.log" 2>&1 || die "The prefix could not be given its looks; see $logs/look.log"
 }
 
 # The path as a Windows program sees it.

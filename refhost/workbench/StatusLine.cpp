@@ -41,6 +41,11 @@ bool StatusLine::create(HWND parent) {
 
 void StatusLine::fit() {
     SendMessageW(window_, WM_SIZE, 0, 0);
+    InvalidateRect(window_, nullptr, TRUE);  // or its grip stays where its end was before
+}
+
+void StatusLine::tell(UINT message, WPARAM wide, LPARAM data) {
+    SendMessageW(window_, message, wide, data);
 }
 
 void StatusLine::takeFont() {

@@ -123,7 +123,12 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
         case WM_SETTINGCHANGE:
             status_.takeFont();
             layOut();
-            return DefWindowProcW(window_, message, wide, data);
+            tellViews(message, wide, data);
+            break;
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            tellViews(message, wide, data);
+            break;
         case WM_SETFOCUS:
             focusView();
             return 0;
@@ -151,8 +156,15 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
             PostQuitMessage(0);
             return 0;
         default:
-            return DefWindowProcW(window_, message, wide, data);
+            break;
     }
+    return DefWindowProcW(window_, message, wide, data);
+}
+
+void WorkbenchWindow::tellViews(UINT message, WPARAM wide, LPARAM data) {
+    status_.tell(message, wide, data);
+    for (HWND view = GetWindow(area_, GW_CHILD); view != nullptr; view = GetWindow(view, GW_HWNDNEXT))
+        SendMessageW(view, message, wide, data);
 }
 
 void WorkbenchWindow::layOut() {

@@ -33,6 +33,8 @@ class WorkbenchWindow {
     void createWindows();
     void layOut();
     void fitView();
+    /// Hands on what the system tells top-level windows alone.
+    void tellViews(UINT message, WPARAM wide, LPARAM data);
     /// Hands the keyboard on to the view: without a mouse there would be no way from the frame into it.
     void focusView();
     /// Takes the texts and the menu of the host's language.

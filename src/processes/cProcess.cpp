@@ -13,6 +13,7 @@
 #include "processes/FrmEditProcessMaterials.h"
 #include "processes/ProcessMarks.h"
 #include "processes/ProcessRemoval.h"
+#include "processes/ProcessRows.h"
 #include "settings/NumberOptions.h"
 
 namespace pellmark {
@@ -21,17 +22,6 @@ namespace {
 
 constexpr int kFirstDataColumn = 0;
 constexpr const char* kMessageTitle = "Norvex - Process Manager";
-
-// Widths go by position in both lists, so that those of a case fall one column to the right.
-constexpr ColumnSpec kAllColumns[] = {{"Id", field::kId, 4000, true},
-                                      {"Name", field::kName, 2000},
-                                      {"Unit", field::kUnit, 1000, false, false, kUnitComboList},
-                                      {"Rule", field::kRule, 2000},
-                                      {"Description", field::kDescription, 4000}};
-constexpr ColumnSpec kCaseColumns[] = {
-    {"Id", field::kId, 4000, true}, {"FeatureCaseId", field::kFeatureCaseId, 2000, true},
-    {"Name", field::kName, 1000},   {"Unit", field::kUnit, 2000, false, false, kUnitComboList},
-    {"Rule", field::kRule, 4000},   {"Description", field::kDescription}};
 
 }  // namespace
 
@@ -113,7 +103,7 @@ void cProcess::keyPressed(KeyPress& key) {
 }
 
 std::span<const ColumnSpec> cProcess::columns() const {
-    return featureCase_ == nullptr ? std::span<const ColumnSpec>(kAllColumns) : kCaseColumns;
+    return processColumns(featureCase_ != nullptr);
 }
 
 HeadingText cProcess::headings() const {
@@ -144,14 +134,16 @@ void cProcess::RefreshListfeatureCase(const std::string& selectId) {
 }
 
 void cProcess::Refresh() {
-    carryOut(person_, "cProcess::Refresh", [this] {
-        const OneChange change(*this);
-        KeptPlace place(*grid_);
-        forgetRead();
-        fill(place.currentId());
-        place.restoreSelection();
-        place.restoreScroll();
-    });
+    carryOut(person_, "cProcess::Refresh", [this] { readAnew(); });
+}
+
+void cProcess::readAnew() {
+    const OneChange change(*this);
+    KeptPlace place(*grid_);
+    forgetRead();
+    fill(place.currentId());
+    place.restoreSelection();
+    place.restoreScroll();
 }
 
 void cProcess::rearrange() {
@@ -241,19 +233,7 @@ void cProcess::SetOrphanColor() {
 
 void cProcess::UpdateFromDb(const ProcessRecord& record) {
     forgetRead();
-    const auto current = knowledgeBase_.processStore().processes(record.Id);
-    Grid::RedrawOff off(*grid_);
-    int row = grid_->findRow(record.Id);
-    if (current->count() == 0) {
-        if (row >= 0) grid_->removeRow(row);
-        return;
-    }
-    if (row < 0) {
-        row = grid_->addRow();
-        grid_->setRowData(row, record.Id);
-    }
-    for (const char* key : {field::kId, field::kName, field::kUnit, field::kRule, field::kDescription})
-        grid_->setText(row, key, current->text(0, current->requireField(key)));
+    showStoredProcess(*grid_, knowledgeBase_.processStore(), record.Id);
 }
 
 // --- the current process -----------------------------------------------------------------------------------
@@ -305,7 +285,8 @@ void cProcess::Delete() {
         Grid::RedrawOff off(*grid_);
         forgetRead();
         removal.carryOut("cProcess::Delete", [this](const ProcessRemoval::Target& each) {
-            return knowledgeBase_.processStore().deleteProcess(each.id);
+            ProcessStore& store = knowledgeBase_.processStore();
+            return store.deleteProcess(each.id) || !isStored(store, each.id);
         });
         selectLast();
     });
@@ -324,7 +305,8 @@ void cProcess::DeleteFromFeatureCase() {
         forgetRead();
         removal.carryOut("cProcess::DeleteFromFeatureCase", [this](const ProcessRemoval::Target& each) {
             if (each.featureCaseId.empty()) return false;
-            return knowledgeBase_.processStore().detach(each.featureCaseId, each.id);
+            ProcessStore& store = knowledgeBase_.processStore();
+            return store.detach(each.featureCaseId, each.id) || !isStored(store, each.id);
         });
         selectLast();
     });
@@ -332,6 +314,13 @@ void cProcess::DeleteFromFeatureCase() {
 
 void cProcess::CopySelection() {
     carryOut(person_, "cProcess::CopySelection", [this] { gridOps_.CopySelection(*grid_); });
+}
+
+bool cProcess::isThere(const std::string& id) {
+    if (isStored(knowledgeBase_.processStore(), id)) return true;
+    tellProcessIsGone(person_);
+    readAnew();
+    return false;
 }
 
 void cProcess::AddNewWizard() {
@@ -345,7 +334,7 @@ void cProcess::Editwizard() {
         if (!rights_.CheckPermission(PermissionEdit)) return;
         // Without an id the dialog would make a new process.
         const std::string id = SelectedProcessID();
-        if (!id.empty()) openDialog(id, ownerWindow(), nullptr);
+        if (!id.empty() && isThere(id)) openDialog(id, ownerWindow(), nullptr);
     });
 }
 
@@ -392,7 +381,8 @@ void cProcess::EditMaterialsWizard() {
     carryOut(person_, "cProcess::EditMaterialsWizard", [this] {
         if (!rights_.CheckPermission(PermissionEdit) || grid_->rows() < 2) return;
         const std::string id = grid_->rowData(grid_->row());
-        if (!id.empty()) FrmEditProcessMaterials(person_, knowledgeBase_, id).showModal(ownerWindow());
+        if (!id.empty() && isThere(id))
+            FrmEditProcessMaterials(person_, knowledgeBase_, id).showModal(ownerWindow());
     });
 }
 

@@ -93,7 +93,11 @@ class cProcess {
     void readFeatureCase();
     void forgetRead();
     void rearrange();
+    /// Fills the list anew; selection and place stay as they are.
+    void readAnew();
     void refreshWhereGone();
+    /// Whether a listed process is still stored. Where it is not, the person is told, and the list read anew.
+    bool isThere(const std::string& id);
     void selectProcess(const std::string& id);
     void selectLast();
     void offerSelection(DragData& drag);

@@ -211,6 +211,23 @@ class Desktop:
         """From here on, whoever uses the mouse fails."""
         self.move = self._no_mouse
 
+    def still_picture(self, path, window=None):
+        """A picture of what stands still: two in a row are alike."""
+        path = pathlib.Path(path)
+        before = path.with_suffix(".before.png")
+
+        def is_still():
+            self.picture(before, window)
+            time.sleep(0.2)
+            self.picture(path, window)
+            return subprocess.run(["compare", "-metric", "AE", str(before), str(path), "null:"],
+                                  stderr=subprocess.DEVNULL, timeout=30).returncode == 0
+
+        try:
+            wait_for("a picture that stands still", is_still)
+        finally:
+            before.unlink(missing_ok=True)
+
     # Pictures ---------------------------------------------------------------------------------------------
 
     def picture(self, path, window=None):

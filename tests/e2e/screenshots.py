@@ -1,8 +1,12 @@
 """Writes pictures of the workbench: one file shows the main views one above the other, a folder gets a picture per view.
 
-    screenshots.py TARGET [LANGUAGE]      the language by its number, as Workbench.exe takes it
+    screenshots.py TARGET [LANGUAGE]              the language by its number, as Workbench.exe takes it
+    screenshots.py TARGET LANGUAGE --fill         with the workbench as large as the screen; a scene that cannot be
+                                                  reached there is left out, and said at the end
 """
 
+import argparse
+import contextlib
 import pathlib
 import subprocess
 import sys
@@ -17,20 +21,30 @@ from workbench import Workbench
 class Album:
     """The pictures taken so far, in a folder, in their order, in one language."""
 
-    def __init__(self, desktop, folder, language):
+    def __init__(self, desktop, folder, language, fill=False):
         self._desktop = desktop
         self._options = ("--language", language)
+        self._fill = fill
         self.folder = pathlib.Path(folder)
         self.paths = []
 
+    @contextlib.contextmanager
     def workbench(self):
-        return Workbench(self._desktop, "processes", self._options)
+        with Workbench(self._desktop, "processes", self._options) as workbench:
+            if self._fill:
+                self._maximize(workbench)
+            yield workbench
+
+    def _maximize(self, workbench):
+        before = workbench.window.area
+        self._desktop.double_click((max(before[0], 0) + 200, max(before[1], 0) + 14))
+        wait_for("the window to fill the screen", lambda: workbench.refresh().area != before)
 
     def add(self, name, window):
         # The pointer must not stand on a control that would look pressed or lit.
         self._desktop.move((2, 2))
         path = self.folder / f"{len(self.paths) + 1:02d}-{name}.png"
-        self._desktop.picture(path, window)
+        self._desktop.still_picture(path, window)
         self.paths.append(path)
         print(path, file=sys.stderr)
 
@@ -47,7 +61,7 @@ def take_case_view(desktop, album):
 
 
 def take_finding(desktop, album):
-    with Workbench(desktop, "processes") as workbench:
+    with album.workbench() as workbench:
         desktop.click(desktop.row_middle(desktop.rows(workbench.process_list())["rows"][0]))
         desktop.key("ctrl+shift+1", "ctrl+shift+1", "ctrl+f")
         wait_for("the line", lambda: desktop.find("Edit", inside=workbench.window))
@@ -148,6 +162,18 @@ def take_picker(desktop, album):
         album.add("process-pick", workbench.dialog())
 
 
+def take_value_list(desktop, album):
+    """The list of a cell of the feature case, opened by the keyboard."""
+    with album.workbench() as workbench:
+        describe_case(desktop, workbench)
+        grid = wait_for("the lists of the case", lambda: workbench.lists()[0:1])[0]
+        rows = wait_for("its values", lambda: desktop.rows(grid)["rows"][2:3])
+        desktop.click(desktop.row_middle(rows[0]))
+        desktop.key("alt+Down")
+        desktop.one("ComboLBox")
+        album.add("feature-case-value", workbench.refresh())
+
+
 def show_bearing_seat(desktop, workbench):
     """The case view with the process whose steps have their technology from each of the six sources."""
     describe_case(desktop, workbench, ("Diameter: 12 - 25 mm", "Tolerance: H6, bored"), "Plain hole (metric)")
@@ -180,6 +206,15 @@ def take_technology(desktop, album):
         album.add("technology-editor", host_window(desktop))
 
 
+def take_expression(desktop, album):
+    with album.workbench() as workbench:
+        desktop.double_click(desktop.row_middle(desktop.rows(workbench.process_list())["rows"][5]))
+        dialog = workbench.dialog()
+        # The button beside the rule is the only one that is not a command of the whole dialog.
+        desktop.click(min(desktop.find("Button", inside=dialog), key=lambda each: each.area[1]).middle)
+        album.add("expression-builder", desktop.one("#32770"))
+
+
 def take_wizard(desktop, album):
     with album.workbench() as workbench:
         steps = show_bearing_seat(desktop, workbench)
@@ -195,20 +230,38 @@ def take_wizard(desktop, album):
 
 SCENES = [take_processes_view, take_case_view, take_finding, take_process_menu, take_process_dialog, take_delete_question,
           take_host_dialog, take_case_menu, take_members_dialog, take_picker, take_materials_dialog, take_step_menu,
-          take_field_chooser, take_steps, take_technology, take_wizard]
+          take_field_chooser, take_value_list, take_steps, take_technology, take_expression, take_wizard]
+
+
+def take_all(desktop, album, scenes, leave_out):
+    """Takes the scenes; one that fails ends everything, or is left out and returned in a list."""
+    missing = []
+    for scene in scenes:
+        try:
+            scene(desktop, album)
+        except AssertionError as error:
+            if not leave_out:
+                raise
+            missing.append(f"{scene.__name__}: {error}")
+    return missing
 
 
 def main():
-    target = sys.argv[1]
-    language = sys.argv[2] if len(sys.argv) > 2 else "1"
+    arguments = argparse.ArgumentParser()
+    arguments.add_argument("target")
+    arguments.add_argument("language", nargs="?", default="1")
+    arguments.add_argument("--fill", action="store_true")
+    options = arguments.parse_args()
+    target = options.target
     single = not (target.endswith("/") or pathlib.Path(target).is_dir())
     with Desktop() as desktop, tempfile.TemporaryDirectory() as scratch:
-        album = Album(desktop, scratch if single else target, language)
-        for scene in SCENES[:2] if single else SCENES:
-            scene(desktop, album)
+        album = Album(desktop, scratch if single else target, options.language, options.fill)
+        missing = take_all(desktop, album, SCENES[:2] if single else SCENES, options.fill)
         if single:
             pathlib.Path(target).parent.mkdir(parents=True, exist_ok=True)
             subprocess.run(["convert", *map(str, album.paths), "-append", target], check=True)
+    for each in missing:
+        print("left out", each, file=sys.stderr)
 
 
 if __name__ == "__main__":

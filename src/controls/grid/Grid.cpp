@@ -14,8 +14,7 @@ Grid::Grid(Container& parent, std::string name) : Control(Kind::Grid, &parent, s
 
 Grid::~Grid() = default;
 
-// --- shape
-// ---------------------------------------------------------------------------------------------------
+// --- shape -------------------------------------------------------------------------------------------------
 
 int Grid::rows() const {
     return fixedRows_ + static_cast<int>(rowOrder_.count());
@@ -32,7 +31,7 @@ void Grid::setRows(int rows) {
 void Grid::setCols(int cols) {
     columns_.resize(cols);
     fixedCols_ = std::min(fixedCols_, columns_.count());
-    bindColumns();
+    cells_.matchFields(columns_);
     notify({What::Columns});
 }
 
@@ -46,34 +45,27 @@ void Grid::setHeadings(const std::string& headings) {
     columns_.resize(static_cast<int>(texts.size()));
     for (int col = 0; col < cols(); ++col)
         columns_.at(col).heading = texts[static_cast<std::size_t>(col)];
-    bindColumns();
+    cells_.matchFields(columns_);
     notify({What::Columns});
 }
 
-// --- columns
-// -------------------------------------------------------------------------------------------------
+// --- columns -----------------------------------------------------------------------------------------------
 
 void Grid::setColKey(int col, const std::string& key) {
     columns_.at(col).key = key;
-    bindColumns();
+    cells_.matchFields(columns_);
 }
 
 void Grid::setColWidth(int col, Twips width) {
-    if (columns_.at(col).width == width) return;
-    columns_.at(col).width = std::max(width, 0);
-    notify({What::Columns});
+    change(columns_.at(col).width, std::max(width, 0), What::Columns);
 }
 
 void Grid::setWidthsChosen(bool chosen) {
-    if (widthsChosen_ == chosen) return;
-    widthsChosen_ = chosen;
-    notify({What::Columns});
+    change(widthsChosen_, chosen, What::Columns);
 }
 
 void Grid::setColHidden(int col, bool hidden) {
-    if (columns_.at(col).hidden == hidden) return;
-    columns_.at(col).hidden = hidden;
-    notify({What::Columns});
+    change(columns_.at(col).hidden, hidden, What::Columns);
 }
 
 void Grid::setColPosition(int col, int position) {
@@ -103,27 +95,17 @@ void Grid::setColEditable(int col, bool editable) {
 
 void Grid::setRowComboList(int row, int col, const std::string& list) {
     if (!isDataRow(row) || !columns_.contains(col)) return;
-    const std::uint64_t key = WrittenCells::keyOf(slotOf(row), col);
-    if (list.empty()) {
-        rowLists_.erase(key);
-    } else {
-        rowLists_[key] = DisplayList(list);
-    }
+    cells_.setList(slotOf(row), col, list);
     notify({What::Cells, row});
 }
 
 const DisplayList& Grid::comboList(int row, int col) const {
-    if (!rowLists_.empty() && isDataRow(row)) {
-        const auto own = rowLists_.find(WrittenCells::keyOf(slotOf(row), col));
-        if (own != rowLists_.end()) return own->second;
-    }
-    return columns_.at(col).list;
+    const DisplayList* own = isDataRow(row) ? cells_.list(slotOf(row), col) : nullptr;
+    return own != nullptr ? *own : columns_.at(col).list;
 }
 
 void Grid::setSortMark(const SortMark& mark) {
-    if (sortMark_ == mark) return;
-    sortMark_ = mark;
-    notify({What::Columns});
+    change(sortMark_, mark, What::Columns);
 }
 
 void Grid::userResizedColumn(int col, Twips width) {
@@ -145,53 +127,26 @@ void Grid::userMovedColumn(int col, int position) {
     colMoved.raise(col);
 }
 
-// --- data
-// ----------------------------------------------------------------------------------------------------
+// --- data --------------------------------------------------------------------------------------------------
 
 void Grid::bind(std::shared_ptr<RecordSet> records) {
     cancelEdit();
     const std::size_t count = records ? records->count() : 0;
-    records_ = std::move(records);
+    cells_.bind(std::move(records));
+    cells_.matchFields(columns_);
     rowOrder_.reset(count);
-    written_.clear();
-    keys_.clear();
     styles_.clear();
     selection_.clear();
-    rowLists_.clear();
-    bindColumns();
     col_ = 0;
     const bool hadCurrent = std::exchange(current_, std::nullopt).has_value();
     notify({What::All});
     if (hadCurrent) currentMoved();
 }
 
-void Grid::bindColumns() {
-    fieldOfCol_.assign(static_cast<std::size_t>(cols()), std::nullopt);
-    if (!records_) return;
-    for (int col = 0; col < cols(); ++col) {
-        fieldOfCol_[static_cast<std::size_t>(col)] = records_->fieldIndex(columns_.at(col).key);
-    }
-}
-
-std::string Grid::storedText(std::size_t slot, int col) const {
-    std::string stored;
-    appendStoredText(slot, col, stored);
-    return stored;
-}
-
-void Grid::appendStoredText(std::size_t slot, int col, std::string& out) const {
-    if (const std::string* written = written_.find(slot, col)) {
-        out += *written;
-        return;
-    }
-    const auto& field = fieldOfCol_[static_cast<std::size_t>(col)];
-    if (field && records_ && slot < records_->count()) records_->appendText(slot, *field, out);
-}
-
 std::string Grid::text(int row, int col) const {
     if (!columns_.contains(col) || row < 0 || row >= rows()) return {};
     if (row < fixedRows_) return row == 0 ? columns_.at(col).heading : std::string();
-    return storedText(slotOf(row), col);
+    return cells_.text(slotOf(row), col);
 }
 
 std::string Grid::displayText(int row, int col) const {
@@ -208,9 +163,9 @@ void Grid::appendDisplayText(int row, int col, std::string& out) const {
     const std::size_t slot = slotOf(row);
     const DisplayList& list = comboList(row, col);
     if (list.empty()) {
-        appendStoredText(slot, col, out);
+        cells_.appendText(slot, col, out);
     } else {
-        out += list.shownFor(storedText(slot, col));
+        out += list.shownFor(cells_.text(slot, col));
     }
 }
 
@@ -221,49 +176,37 @@ void Grid::setText(int row, int col, std::string value) {
         notify({What::Columns});
         return;
     }
-    written_.set(slotOf(row), col, std::move(value));
+    cells_.setText(slotOf(row), col, std::move(value));
     notify({What::Cells, row});
 }
 
 std::string Grid::rowData(int row) const {
-    return isDataRow(row) ? keys_.at(slotOf(row)) : std::string();
+    return isDataRow(row) ? cells_.key(slotOf(row)) : std::string();
 }
 
 void Grid::setRowData(int row, const std::string& data) {
-    if (isDataRow(row)) keys_.set(slotOf(row), data);
+    if (isDataRow(row)) cells_.setKey(slotOf(row), data);
 }
 
 void Grid::setRowDataFromColumn(int col) {
     if (!columns_.contains(col)) return;
-    const auto& field = fieldOfCol_[static_cast<std::size_t>(col)];
-    std::size_t covered = 0;
-    keys_.clear();
-    if (records_ && field && field == records_->fieldIndex("_Id")) {
-        if (auto block = records_->keys()) {
-            covered = block->size();
-            keys_.assign(std::move(*block));
-        }
-    }
-    for (std::size_t slot = covered; slot < rowOrder_.slots(); ++slot) {
-        if (rowOrder_.isLeft(slot)) keys_.set(slot, storedText(slot, col));
-    }
+    cells_.setKeysFromColumn(col, rowOrder_);
 }
 
 int Grid::findRow(std::string_view rowData) const {
-    if (rowData.empty()) return -1;
-    const auto slot = keys_.find(rowData, [this](std::size_t each) { return rowOrder_.isLeft(each); });
+    const auto slot = cells_.find(rowData, rowOrder_);
     return slot ? rowOf(*slot) : -1;
 }
 
 int Grid::findRow(const Guid& rowData) const {
-    const auto slot = keys_.find(rowData, [this](std::size_t each) { return rowOrder_.isLeft(each); });
+    const auto slot = cells_.find(rowData, rowOrder_);
     return slot ? rowOf(*slot) : -1;
 }
 
 int Grid::findText(std::string_view value, int col) const {
     if (!columns_.contains(col)) return -1;
     for (int row = fixedRows_; row < rows(); ++row) {
-        if (equalNoCase(storedText(slotOf(row), col), value)) return row;
+        if (equalNoCase(cells_.text(slotOf(row), col), value)) return row;
     }
     return -1;
 }
@@ -289,13 +232,10 @@ void Grid::removeRow(int row) {
     if (wasCurrent) currentMoved();
 }
 
-// --- appearance
-// ----------------------------------------------------------------------------------------------
+// --- appearance --------------------------------------------------------------------------------------------
 
 void Grid::setFont(const Font& font) {
-    if (font_ == font) return;
-    font_ = font;
-    notify({What::Font});
+    change(font_, font, What::Font);
 }
 
 CellStyle Grid::style(int row, int col) const {
@@ -350,13 +290,10 @@ void Grid::setColumnForeColor(int col, Color color) {
 }
 
 void Grid::setActiveLook(bool active) {
-    if (activeLook_ == active) return;
-    activeLook_ = active;
-    notify({What::Cells});
+    change(activeLook_, active, What::Cells);
 }
 
-// --- current cell and selection
-// ------------------------------------------------------------------------------
+// --- current cell and selection ----------------------------------------------------------------------------
 
 int Grid::row() const {
     return current_ ? rowOf(*current_) : -1;
@@ -463,8 +400,7 @@ void Grid::clearSelection() {
     notify({What::Selection});
 }
 
-// --- in-place editing
-// ----------------------------------------------------------------------------------------
+// --- in-place editing --------------------------------------------------------------------------------------
 
 bool Grid::beginEdit(int row, int col) {
     if (editing_ || !isDataRow(row) || !columns_.contains(col) || !columns_.at(col).editable) return false;
@@ -496,8 +432,14 @@ void Grid::cancelEdit() {
     editing_.reset();
 }
 
-// --- redrawing
-// -----------------------------------------------------------------------------------------------
+// --- redrawing ---------------------------------------------------------------------------------------------
+
+template <typename T>
+void Grid::change(T& property, const T& value, What what) {
+    if (property == value) return;
+    property = value;
+    notify({what});
+}
 
 void Grid::notify(GridChange change) {
     if (held_.isHolding()) {

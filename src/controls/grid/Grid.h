@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "base/Font.h"
@@ -13,10 +12,10 @@
 #include "controls/KeyPress.h"
 #include "controls/grid/CellStyles.h"
 #include "controls/grid/DisplayList.h"
+#include "controls/grid/GridCells.h"
 #include "controls/grid/GridChange.h"
 #include "controls/grid/GridColumns.h"
-#include "controls/grid/GridRows.h"
-#include "controls/grid/RowKeys.h"
+#include "controls/grid/RowOrder.h"
 #include "controls/grid/RowSelection.h"
 #include "knowledge/RecordSet.h"
 
@@ -115,7 +114,7 @@ class Grid : public Control {
     /// Shows a record set: one data row per record, columns bound to the fields of the same key. Forgets
     /// rows, written cells, row data, styles and selection; keeps columns. Null empties the grid.
     void bind(std::shared_ptr<RecordSet> records);
-    const std::shared_ptr<RecordSet>& dataSource() const { return records_; }
+    const std::shared_ptr<RecordSet>& dataSource() const { return cells_.records(); }
     /// The stored value as text ("71"); headings for fixed rows. Outside the table: "".
     std::string text(int row, int col) const;
     std::string text(int row, std::string_view key) const { return text(row, colIndex(key)); }
@@ -254,31 +253,27 @@ class Grid : public Control {
     bool isDataRow(int row) const { return row >= fixedRows_ && row < rows(); }
     std::size_t slotOf(int row) const { return rowOrder_.slotAt(static_cast<std::size_t>(row - fixedRows_)); }
     int rowOf(std::size_t slot) const { return static_cast<int>(rowOrder_.rankOf(slot)) + fixedRows_; }
-    std::string storedText(std::size_t slot, int col) const;
-    void appendStoredText(std::size_t slot, int col, std::string& out) const;
     void setStyle(int row, int col, const std::function<void(CellStyle&)>& change);
     void makeCurrent(std::optional<std::size_t> slot, int col);
+    /// Sets what a change of it makes the peer show anew.
+    template <typename T>
+    void change(T& property, const T& value, GridChange::What what);
     void notify(GridChange change);
     void redrawOff();
     void redrawOn();
     /// Another row is current.
     void currentMoved();
-    void bindColumns();
 
     GridColumns columns_;
     int fixedRows_ = 1;
     int fixedCols_ = 0;
-    std::shared_ptr<RecordSet> records_;
-    std::vector<std::optional<std::size_t>> fieldOfCol_;
     RowOrder rowOrder_;
-    WrittenCells written_;
-    RowKeys keys_;
+    GridCells cells_;
     CellStyles styles_;
     RowSelection selection_;
     std::optional<std::size_t> current_;
     int col_ = 0;
     std::optional<CellEdit> editing_;
-    std::unordered_map<std::uint64_t, DisplayList> rowLists_;
     bool activeLook_ = true;
     HeldChanges held_;
     SortMark sortMark_;

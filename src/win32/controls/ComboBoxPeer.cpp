@@ -1,15 +1,14 @@
 #include "win32/controls/ComboBoxPeer.h"
 
-#include <algorithm>
-
 #include "win32/WideText.h"
+#include "win32/controls/LineBox.h"
+#include "win32/forms/FormWindow.h"
 #include "win32/table/RedrawPause.h"
 
 namespace pellmark {
 
 namespace {
 constexpr int kLinesShown = 16;
-constexpr int kBordersOfTheClosedBox = 6;
 }  // namespace
 
 ComboBoxPeer::ComboBoxPeer(FormWindow& form, ComboBox& combo, HWND parent) : ControlPeer(form, combo) {
@@ -17,7 +16,8 @@ ComboBoxPeer::ComboBoxPeer(FormWindow& form, ComboBox& combo, HWND parent) : Con
     COMBOBOXINFO info{};
     info.cbSize = sizeof info;
     if (::GetComboBoxInfo(window(), &info) && info.hwndList != nullptr) watchInner(info.hwndList);
-    fitHeight();
+    fitClosed();
+    place();
     showItems();
     itemsChanged_ = combo.itemsChanged.subscribe([this] { showItems(); });
     indexChanged_ = combo.indexChanged.subscribe([this] { showIndex(); });
@@ -31,21 +31,24 @@ void ComboBoxPeer::detach() {
 
 void ComboBoxPeer::rescale() {
     ControlPeer::rescale();
-    fitHeight();
+    fitClosed();
+    linebox::fitOpened(window());
 }
 
 RECT ComboBoxPeer::placement() const {
     // The system takes the height of the opened list; that of the closed box follows from its font.
     RECT at = ControlPeer::placement();
+    at = linebox::placed(at, closedHeight(at));
     at.bottom += kLinesShown * scale().pixels(Twips{16 * kTwipsPerPixelAt96Dpi});
     return at;
 }
 
-void ComboBoxPeer::fitHeight() {
-    const Rect& bounds = combo()->bounds();
-    const int height = scale().pixels(bounds.height) - kBordersOfTheClosedBox;
-    const auto line = static_cast<int>(::SendMessageW(window(), CB_GETITEMHEIGHT, 0, 0));
-    ::SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(height, line));
+int ComboBoxPeer::closedHeight(const RECT& room) const {
+    return linebox::closedHeight(linebox::lineHeight(form().font()), room.bottom - room.top);
+}
+
+void ComboBoxPeer::fitClosed() {
+    linebox::setClosedHeight(window(), closedHeight(ControlPeer::placement()));
 }
 
 void ComboBoxPeer::showItems() {
@@ -55,6 +58,7 @@ void ComboBoxPeer::showItems() {
         for (const ComboBox::Item& each : combo()->items())
             ::SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(each.text).c_str()));
     }
+    linebox::fitOpened(window());
     showIndex();
 }
 

@@ -22,7 +22,8 @@ class ComboBoxPeer : public ControlPeer {
     ComboBox* combo() const { return static_cast<ComboBox*>(control()); }
     void showItems();
     void showIndex();
-    void fitHeight();
+    int closedHeight(const RECT& room) const;
+    void fitClosed();
 
     Subscription itemsChanged_;
     Subscription indexChanged_;

@@ -69,9 +69,18 @@ std::optional<LRESULT> ContainerPeer::message(UINT message, WPARAM wParam, LPARA
             const ControlPeer* sender = of(reinterpret_cast<HWND>(lParam));
             if (sender == nullptr || sender->control() == nullptr) break;
             if (sender->control()->kind() == Control::Kind::TextBox) break;
+            ::SetTextColor(reinterpret_cast<HDC>(wParam), ::GetSysColor(COLOR_BTNTEXT));
             ::SetBkColor(reinterpret_cast<HDC>(wParam), ::GetSysColor(COLOR_BTNFACE));
             return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_BTNFACE));
         }
+        case WM_SETTINGCHANGE:
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            // Only top-level windows are told by the system.
+            for (const auto& each : children_)
+                ::SendMessageW(each->window(), message, wParam, lParam);
+            ::InvalidateRect(window(), nullptr, TRUE);
+            break;
         case WM_ERASEBKGND: {
             RECT client{};
             ::GetClientRect(window(), &client);

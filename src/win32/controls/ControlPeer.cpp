@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "win32/WideText.h"
+#include "win32/controls/NameAnswer.h"
 #include "win32/forms/FormWindow.h"
 
 namespace pellmark {
@@ -110,7 +111,8 @@ void ControlPeer::controlChanged(ControlChange change) {
     }
 }
 
-std::optional<LRESULT> ControlPeer::message(UINT message, WPARAM, LPARAM) {
+std::optional<LRESULT> ControlPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (const auto name = answerWithName(*control_, message, wParam, lParam)) return name;
     if (message == WM_SETFOCUS && control_->kind() != Control::Kind::Form) {
         form_.keyboard().arrived(*this);
         control_->entered.raise();

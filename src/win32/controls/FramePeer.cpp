@@ -86,7 +86,7 @@ void FramePeer::drawBox(HDC canvas, const RECT& client) const {
 
     ::SelectObject(canvas, form().font());
     ::SetBkMode(canvas, TRANSPARENT);
-    ::SetTextColor(canvas, ::GetSysColor(state == GBS_NORMAL ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
+    ::SetTextColor(canvas, ::GetSysColor(state == GBS_NORMAL ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
     ::DrawTextW(canvas, caption.c_str(), -1, &text, DT_SINGLELINE);
     ::SelectObject(canvas, oldFont);
 }

@@ -1,8 +1,11 @@
 #include "win32/controls/TextBoxPeer.h"
 
+#include <utility>
 #include <vector>
 
 #include "win32/WideText.h"
+#include "win32/controls/LineBox.h"
+#include "win32/forms/FormWindow.h"
 
 namespace pellmark {
 
@@ -28,6 +31,34 @@ void TextBoxPeer::show() {
     showing_ = true;
     ::SetWindowTextW(window(), toWide(box()->text()).c_str());
     showing_ = false;
+    fitScrollBar();
+}
+
+RECT TextBoxPeer::placement() const {
+    const RECT room = ControlPeer::placement();
+    if (static_cast<const TextBox*>(control())->multiLine()) return room;
+    return linebox::placed(room,
+                           linebox::editHeight(linebox::lineHeight(form().font()), room.bottom - room.top));
+}
+
+bool TextBoxPeer::isOverfull() const {
+    RECT room{};
+    ::SendMessageW(window(), EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+    const auto lines = ::SendMessageW(window(), EM_GETLINECOUNT, 0, 0);
+    return lines * linebox::lineHeight(form().font()) > room.bottom - room.top;
+}
+
+void TextBoxPeer::showScrollBar(bool shown) {
+    if (std::exchange(hasScrollBar_, shown) != shown) ::ShowScrollBar(window(), SB_VERT, shown);
+}
+
+void TextBoxPeer::fitScrollBar() {
+    if (box() == nullptr || !box()->multiLine() || fitting_) return;
+    fitting_ = true;
+    // The bar takes room from the lines, so that whether it is needed shows only without it.
+    if (!isOverfull()) showScrollBar(false);
+    if (isOverfull()) showScrollBar(true);
+    fitting_ = false;
 }
 
 void TextBoxPeer::controlChanged(ControlChange change) {
@@ -36,6 +67,7 @@ void TextBoxPeer::controlChanged(ControlChange change) {
 
 void TextBoxPeer::command(WORD code) {
     if (code != EN_CHANGE || showing_) return;
+    fitScrollBar();
     std::vector<wchar_t> text(static_cast<std::size_t>(::GetWindowTextLengthW(window())) + 1);
     const int length = ::GetWindowTextW(window(), text.data(), static_cast<int>(text.size()));
     const auto quiet = textChanged_.mute();
@@ -43,6 +75,11 @@ void TextBoxPeer::command(WORD code) {
 }
 
 std::optional<LRESULT> TextBoxPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_SIZE || message == WM_SETFONT) {
+        const LRESULT result = defaultMessage(window(), message, wParam, lParam);
+        fitScrollBar();
+        return result;
+    }
     if (message == WM_GETDLGCODE && box()->multiLine()) {
         // Arriving by the Tab key must not select a whole page of text, and Tab leads on.
         const LRESULT code = defaultMessage(window(), message, wParam, lParam);

@@ -5,13 +5,15 @@
 
 namespace pellmark {
 
-/// An edit box of one or several lines. Lines are parted by CR LF on both sides.
+/// An edit box of one or several lines, the latter with a scroll bar while it has something to scroll. Lines
+/// are parted by CR LF on both sides.
 class TextBoxPeer : public ControlPeer {
   public:
     TextBoxPeer(FormWindow& form, TextBox& box, HWND parent);
 
     void detach() override;
     void command(WORD code) override;
+    RECT placement() const override;
 
   protected:
     std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -20,10 +22,16 @@ class TextBoxPeer : public ControlPeer {
   private:
     TextBox* box() const { return static_cast<TextBox*>(control()); }
     void show();
+    /// Shows the scroll bar of a box of several lines where there are more than it has room for.
+    void fitScrollBar();
+    bool isOverfull() const;
+    void showScrollBar(bool shown);
 
     Subscription textChanged_;
     Subscription selectionRequested_;
     bool showing_ = false;
+    bool hasScrollBar_ = true;
+    bool fitting_ = false;
 };
 
 }  // namespace pellmark

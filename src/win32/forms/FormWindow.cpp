@@ -223,6 +223,14 @@ void FormWindow::rescale() {
     takeResolution(surroundings_->dpiOf(window()));
 }
 
+void FormWindow::takeFont() {
+    const FontHandle old = std::move(font_);  // the windows use it until they have the other
+    font_ = surroundings_->messageFont(scale_.dpi());
+    for (const auto& each : children())
+        each->rescale();
+    arrange();
+}
+
 // --- showing
 // -------------------------------------------------------------------------------------------------
 
@@ -435,10 +443,7 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
             rescale();
             return 0;
         case WM_SETTINGCHANGE:
-        case WM_SYSCOLORCHANGE:
-        case WM_THEMECHANGED:
-            for (const auto& each : children())
-                ::SendMessageW(each->window(), message, wParam, lParam);
+            if (wParam == SPI_SETNONCLIENTMETRICS) takeFont();
             break;
         case WM_DESTROY:
             // The host has destroyed the window around this one, or a dialog's owner, without a word.

@@ -67,6 +67,8 @@ class FormWindow : public ContainerPeer {
     void layOut(int width, int height);
     void placeMoved();
     void takeResolution(int dpi);
+    /// The person has chosen another message font for the system.
+    void takeFont();
     void keepPlace();
     void limitSize(MINMAXINFO& limits) const;
     RECT outerRect(Size client) const;

@@ -1,6 +1,7 @@
 #include "win32/forms/Win32Desktop.h"
 
 #include "controls/Form.h"
+#include "win32/CentredBox.h"
 #include "win32/WideText.h"
 #include "win32/forms/FormWindow.h"
 
@@ -57,6 +58,7 @@ MessageAnswer Win32Desktop::showMessage(const MessageBox& message) {
     const std::wstring title = message.title.empty() ? kDefaultTitle : toWide(message.title);
     const HWND focus = ::GetFocus();
     const ActivationContext::Active themed(surroundings_->theme());
+    const CentredBox centred;
     // The active window of this thread is the dialog on top, or the host's window around an embedded form.
     const int answer = ::MessageBoxW(::GetActiveWindow(), toWide(wholeText(message)).c_str(), title.c_str(),
                                      buttons | iconOf(message.icon));

@@ -1,9 +1,9 @@
 #include "win32/table/GridEditor.h"
 
-#include <algorithm>
 #include <vector>
 
 #include "win32/WideText.h"
+#include "win32/controls/LineBox.h"
 
 namespace pellmark {
 
@@ -23,9 +23,9 @@ GridEditor::GridEditor(HWND list, const RECT& cell, const DisplayList& choices, 
         nullptr, nullptr);
     ::SendMessageW(box_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     if (isList) {
-        makeList(cell, stored);
+        makeList(cell, stored, font);
     } else {
-        makeLine(cell, stored);
+        makeLine(stored);
     }
     hook_.emplace(box_, *this, operations);
     ::ShowWindow(box_, SW_SHOWNA);
@@ -40,16 +40,15 @@ GridEditor::~GridEditor() {
     ::DestroyWindow(box_);
 }
 
-void GridEditor::makeList(const RECT& cell, const std::string& stored) {
+void GridEditor::makeList(const RECT& cell, const std::string& stored, HFONT font) {
     for (const DisplayList::Item& each : choices_.items())
         ::SendMessageW(box_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(each.shown).c_str()));
-    const auto line = static_cast<int>(::SendMessageW(box_, CB_GETITEMHEIGHT, 0, 0));
-    ::SendMessageW(box_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
-                   std::max(static_cast<int>(cell.bottom - cell.top) - 6, line));
+    linebox::setClosedHeight(box_, linebox::closedHeight(linebox::lineHeight(font), cell.bottom - cell.top));
+    linebox::fitOpened(box_);
     ::SendMessageW(box_, CB_SETCURSEL, static_cast<WPARAM>(choices_.indexOf(stored)), 0);
 }
 
-void GridEditor::makeLine(const RECT&, const std::string& stored) {
+void GridEditor::makeLine(const std::string& stored) {
     ::SetWindowTextW(box_, toWide(stored).c_str());
     ::SendMessageW(box_, EM_SETSEL, 0, -1);
 }

@@ -30,8 +30,8 @@ class GridEditor : public WindowHook::Owner {
 
   private:
     std::optional<LRESULT> seen(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept override;
-    void makeList(const RECT& cell, const std::string& stored);
-    void makeLine(const RECT& cell, const std::string& stored);
+    void makeList(const RECT& cell, const std::string& stored, HFONT font);
+    void makeLine(const std::string& stored);
     void end(End how);
 
     HWND list_;

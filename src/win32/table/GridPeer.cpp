@@ -160,7 +160,8 @@ bool GridPeer::keyDown(int keyCode) {
     press.shift = isDown(VK_SHIFT);
     press.control = isDown(VK_CONTROL);
     grid()->keyPressed.raise(press);
-    return press.handled || control() == nullptr;
+    if (press.handled || control() == nullptr) return true;
+    return keyCode == VK_RETURN && !press.shift && !press.control && editByKeyboard();
 }
 
 void GridPeer::dragOut() {
@@ -281,6 +282,12 @@ std::optional<LRESULT> GridPeer::message(UINT message, WPARAM wParam, LPARAM lPa
             break;
         case WM_SYSKEYDOWN:
         case WM_SYSKEYUP:
+            if (message == WM_SYSKEYDOWN && wParam == VK_DOWN) {
+                // Once the window has seen it, the release of Alt is no longer meant for the host's menu bar.
+                defaultMessage(window(), message, wParam, lParam);
+                editByKeyboard();
+                return 0;
+            }
             // Left to the window, its release would open the host's menu bar over the context menu.
             if (wParam != VK_F10 || !isDown(VK_SHIFT)) break;
             if (message == WM_SYSKEYDOWN) grid()->contextMenuRequested.raise();

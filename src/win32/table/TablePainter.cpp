@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Contrast.h"
 #include "win32/WideText.h"
 
 namespace pellmark {
@@ -9,12 +10,15 @@ namespace pellmark {
 namespace {
 
 constexpr Twips kMargin = 5 * kTwipsPerPixelAt96Dpi;
+/// Of the highlight in the paler selection and of the shadow in the lines, out of 255.
+constexpr int kPale = 50;
+constexpr int kLine = 90;
 
-/// A colour between two others, a part out of 255 of the second.
-COLORREF mixed(COLORREF one, COLORREF other, int part) {
-    const auto mix = [part](int a, int b) { return static_cast<BYTE>(a + (b - a) * part / 255); };
-    return RGB(mix(GetRValue(one), GetRValue(other)), mix(GetGValue(one), GetGValue(other)),
-               mix(GetBValue(one), GetBValue(other)));
+bool isHighContrast() {
+    HIGHCONTRASTW wanted{};
+    wanted.cbSize = sizeof wanted;
+    return ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof wanted, &wanted, 0) &&
+           (wanted.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
 std::wstring oneLine(const std::string& text) {
@@ -44,14 +48,13 @@ void TablePainter::prepare() {
     for (int column = 0; column < table_.columns(); ++column)
         columns_.push_back(header_.columnRect(column));
     ::GetClientRect(list_, &client_);
-    const COLORREF window = ::GetSysColor(COLOR_WINDOW);
-    const COLORREF highlight = ::GetSysColor(COLOR_HIGHLIGHT);
-    colors_ = {window,
-               ::GetSysColor(::IsWindowEnabled(list_) ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT),
-               highlight,
-               ::GetSysColor(COLOR_HIGHLIGHTTEXT),
-               mixed(window, highlight, 50),
-               mixed(window, ::GetSysColor(COLOR_BTNSHADOW), 90)};
+    const Color window = ::GetSysColor(COLOR_WINDOW);
+    const Color highlight = ::GetSysColor(COLOR_HIGHLIGHT);
+    scheme_ = {window, ::GetSysColor(::IsWindowEnabled(list_) ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT),
+               isHighContrast()};
+    highlighted_ = {highlight, ::GetSysColor(COLOR_HIGHLIGHTTEXT)};
+    pale_ = mixed(window, highlight, kPale);
+    lines_ = mixed(window, ::GetSysColor(COLOR_BTNSHADOW), kLine);
 }
 
 void TablePainter::drawRow(HDC canvas, int row, HFONT font, const Scale& scale) {
@@ -75,28 +78,36 @@ void TablePainter::drawRow(HDC canvas, int row, HFONT font, const Scale& scale) 
         whole.right = std::max(whole.right, cell.right);
         if (cell.right <= 0 || cell.left >= client_.right || cell.right <= cell.left) continue;
         const CellStyle style = table_.style(row, static_cast<int>(column));
-        COLORREF back = style.back.value_or(colors_.window);
-        COLORREF fore = style.fore.value_or(colors_.text);
-        if (highlighted) {
-            back = colors_.highlight;
-            fore = colors_.highlightText;
-        } else if (selected) {
-            back = colors_.pale;
-        }
-        fill({cell.left, cell.top, cell.right - 1, cell.bottom - 1}, back);
-        fill({cell.right - 1, cell.top, cell.right, cell.bottom}, colors_.lines);
-        fill({cell.left, cell.bottom - 1, cell.right, cell.bottom}, colors_.lines);
-        ::SetTextColor(canvas, fore);
+        const CellColors colors = highlighted ? highlighted_
+                                  : selected  ? shownColors(style, scheme_, pale_)
+                                              : shownColors(style, scheme_);
+        fill({cell.left, cell.top, cell.right - 1, cell.bottom - 1}, colors.back);
+        fill({cell.right - 1, cell.top, cell.right, cell.bottom}, lines_);
+        fill({cell.left, cell.bottom - 1, cell.right, cell.bottom}, lines_);
+        ::SetTextColor(canvas, colors.text);
         if (style.italic) ::SelectObject(canvas, italicOf(font));
         drawText(canvas, cell, table_.text(row, static_cast<int>(column)), scale);
         if (style.italic) ::SelectObject(canvas, font);
     }
-    if (row == table_.current() && ::GetFocus() == list_) {
-        ::SetTextColor(canvas, RGB(0, 0, 0));
-        ::SetBkColor(canvas, RGB(255, 255, 255));
-        ::DrawFocusRect(canvas, &whole);
-    }
+    if (row == table_.current() && ::GetFocus() == list_) drawFocusRect(canvas, whole);
     ::SelectObject(canvas, oldFont);
+}
+
+void TablePainter::drawFocusRect(HDC canvas, const RECT& rect) {
+    // The dots invert what is there, which these two make them do everywhere; they are no colours of ours.
+    ::SetTextColor(canvas, RGB(0, 0, 0));
+    ::SetBkColor(canvas, RGB(255, 255, 255));
+    ::DrawFocusRect(canvas, &rect);
+}
+
+void TablePainter::drawFocus(HDC canvas) const {
+    if (::GetFocus() != list_ || table_.current() >= 0) return;
+    RECT rows{};
+    RECT heading{};
+    ::GetClientRect(list_, &rows);
+    ::GetClientRect(header_.window(), &heading);
+    rows.top = heading.bottom;
+    drawFocusRect(canvas, rows);
 }
 
 void TablePainter::drawText(HDC canvas, RECT cell, const std::string& text, const Scale& scale) const {

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "controls/grid/CellColors.h"
 #include "win32/Scale.h"
 #include "win32/forms/Surroundings.h"
 #include "win32/table/ShownTable.h"
@@ -18,6 +19,8 @@ class TablePainter {
 
     /// Answers the window's custom-draw notification.
     LRESULT draw(const NMLVCUSTOMDRAW& request, HFONT font, const Scale& scale);
+    /// Shows where the keyboard is when there is no current row that would.
+    void drawFocus(HDC canvas) const;
     /// True when a cell's text does not fit its column.
     bool isCut(int row, int column, HFONT font, const Scale& scale) const;
     /// Forgets fonts made for another resolution.
@@ -29,6 +32,7 @@ class TablePainter {
     void drawRow(HDC canvas, int row, HFONT font, const Scale& scale);
     void drawText(HDC canvas, RECT cell, const std::string& text, const Scale& scale) const;
     HFONT italicOf(HFONT font);
+    static void drawFocusRect(HDC canvas, const RECT& rect);
 
     HWND list_;
     ShownTable& table_;
@@ -36,9 +40,10 @@ class TablePainter {
     FontHandle italic_;
     std::vector<RECT> columns_;
     RECT client_{};
-    struct Colors {
-        COLORREF window, text, highlight, highlightText, pale, lines;
-    } colors_{};
+    ListScheme scheme_;
+    CellColors highlighted_;
+    Color pale_ = 0;
+    Color lines_ = 0;
 };
 
 }  // namespace pellmark

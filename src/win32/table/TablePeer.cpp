@@ -141,6 +141,7 @@ void TablePeer::paint() {
     if (buffer == nullptr) canvas = screen;
     ::FillRect(canvas, &paint.rcPaint, ::GetSysColorBrush(COLOR_WINDOW));
     defaultMessage(window(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas), PRF_CLIENT);
+    painter_->drawFocus(canvas);
     if (buffer != nullptr) ::EndBufferedPaint(buffer, TRUE);
     ::EndPaint(window(), &paint);
 }
@@ -336,7 +337,7 @@ std::optional<LRESULT> TablePeer::message(UINT message, WPARAM wParam, LPARAM lP
             return moveSelection(message, wParam, lParam);
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
-            if (const int current = table_->current(); current >= 0) showRow(current);
+            showRow(table_->current());
             break;
         case WM_NOTIFY: {
             // The header's notifications arrive here first, in either character set.

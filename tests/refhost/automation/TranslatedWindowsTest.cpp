@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstring>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -25,11 +27,36 @@ using test::NorvexLibrary;
 using testing::IsEmpty;
 
 constexpr int kDpi = 96;
+constexpr int kResolutions[] = {96, 144, 192};
 /// The workbench's dialog that describes a feature case; its program is loaded for its resources alone.
 constexpr int kCaseDialog = 103;
 
 INT_PTR CALLBACK doNothing(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
+}
+
+/// A dialog's description as it is at another resolution. All its measures are in those of its font, so that
+/// a larger one is all it takes.
+std::vector<std::byte> templateAt(HMODULE module, int dialog, int dpi) {
+    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(dialog), reinterpret_cast<LPCWSTR>(RT_DIALOG));
+    if (found == nullptr) return {};
+    const auto* from = static_cast<const std::byte*>(LockResource(LoadResource(module, found)));
+    std::vector<std::byte> copy(from, from + SizeofResource(module, found));
+    // An extended template: 26 bytes of numbers, then menu, class and title (none, none, a text), then the
+    // size.
+    constexpr std::size_t kTitle = 26 + 2 * sizeof(WORD);
+    std::size_t at = kTitle;
+    const auto word = [&](std::size_t place) {
+        WORD value = 0;
+        std::memcpy(&value, copy.data() + place, sizeof value);
+        return value;
+    };
+    while (word(at) != 0)
+        at += sizeof(WORD);
+    at += sizeof(WORD);
+    const auto points = static_cast<WORD>(MulDiv(word(at), dpi, kDpi));
+    std::memcpy(copy.data() + at, &points, sizeof points);
+    return copy;
 }
 
 /// Looks at the technology window once it is there, and closes it. One at a time.
@@ -75,14 +102,16 @@ class TranslatedWindowsTest : public testing::TestWithParam<std::int16_t> {
     ~TranslatedWindowsTest() override { SetEnvironmentVariableW(L"NORVEX_LANGUAGE", nullptr); }
 
     /// What is wrong with a dialog of a program or library beside this one.
-    std::vector<std::string> complaintsAboutDialog(const wchar_t* file, int dialog) const {
+    std::vector<std::string> complaintsAboutDialog(const wchar_t* file, int dialog, int dpi) const {
         const norvex::HostTexts texts(NorvexLibrary::folder(), GetParam());
         const HMODULE module = LoadLibraryExW((NorvexLibrary::folder() + L"\\" + file).c_str(), nullptr,
                                               LOAD_LIBRARY_AS_IMAGE_RESOURCE | LOAD_LIBRARY_AS_DATAFILE);
-        const HWND window = CreateDialogParamW(module, MAKEINTRESOURCEW(dialog), nullptr, &doNothing, 0);
+        const std::vector<std::byte> scaled = templateAt(module, dialog, dpi);
+        const HWND window = CreateDialogIndirectParamW(
+            module, reinterpret_cast<const DLGTEMPLATE*>(scaled.data()), nullptr, &doNothing, 0);
         if (window == nullptr) return {"there is no such dialog"};
         texts.translate(window);
-        std::vector<std::string> complaints = complaintsAbout(window, kDpi);
+        std::vector<std::string> complaints = complaintsAbout(window, dpi);
         DestroyWindow(window);
         FreeLibrary(module);
         return complaints;
@@ -97,11 +126,13 @@ class TranslatedWindowsTest : public testing::TestWithParam<std::int16_t> {
 };
 
 TEST_P(TranslatedWindowsTest, TheDialogOfTheFeatureCaseShowsItsTextsWhole) {
-    EXPECT_THAT(complaintsAboutDialog(L"Workbench.exe", kCaseDialog), IsEmpty());
+    for (const int dpi : kResolutions)
+        EXPECT_THAT(complaintsAboutDialog(L"Workbench.exe", kCaseDialog, dpi), IsEmpty()) << dpi;
 }
 
 TEST_P(TranslatedWindowsTest, TheExpressionBuilderShowsItsTextsWhole) {
-    EXPECT_THAT(complaintsAboutDialog(L"Norvex.dll", IDD_EXPRESSION), IsEmpty());
+    for (const int dpi : kResolutions)
+        EXPECT_THAT(complaintsAboutDialog(L"Norvex.dll", IDD_EXPRESSION, dpi), IsEmpty()) << dpi;
 }
 
 TEST_P(TranslatedWindowsTest, TheTechnologyEditorShowsItsTextsWhole) {

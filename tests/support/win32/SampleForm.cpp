@@ -48,9 +48,9 @@ SampleForm::SampleForm(Desktop& desktop) : Form(desktop, "SampleForm") {
     grid.place({60, 60, 8480, 4580}, page, {true, true, true, true});
     filters.place({60, 60, 4000, 2600}, page, {});
     unitLabel.place({120, 340, 900, 240}, {4000, 2600}, {});
-    unit.place({1100, 300, 2700, 315}, {4000, 2600}, {true, true, true, false});
+    unit.place({1100, 300, 2700, 345}, {4000, 2600}, {true, true, true, false});
     nameLabel.place({120, 760, 900, 240}, {4000, 2600}, {});
-    name.place({1100, 720, 2700, 315}, {4000, 2600}, {true, true, true, false});
+    name.place({1100, 720, 2700, 345}, {4000, 2600}, {true, true, true, false});
     description.setMultiLine(true);
     description.place({1100, 1140, 2700, 1200}, {4000, 2600}, {true, true, true, true});
     values.place({4200, 60, 4340, 2600}, page, {true, true, true, false});

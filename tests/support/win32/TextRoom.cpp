@@ -12,6 +12,7 @@ namespace {
 constexpr int kButtonPadding = 4;
 constexpr int kTitleIndent = 9;
 constexpr int kHeadingPadding = 6;
+constexpr int kEntryPadding = 4;
 
 /// The message font of today's Windows runs wider than the one that tests find under Wine.
 constexpr int kReservePercent = 15;
@@ -53,6 +54,35 @@ HFONT fontOf(HWND window) {
     return nullptr;
 }
 
+int lineHeight(HFONT font) {
+    const HDC screen = ::GetDC(nullptr);
+    const HGDIOBJ before = ::SelectObject(screen, font);
+    TEXTMETRICW metrics{};
+    ::GetTextMetricsW(screen, &metrics);
+    ::SelectObject(screen, before);
+    ::ReleaseDC(nullptr, screen);
+    return static_cast<int>(metrics.tmHeight);
+}
+
+/// What of a window can be brought into sight: its client area, and what it scrolls.
+RECT reachable(HWND window) {
+    RECT area{};
+    ::GetClientRect(window, &area);
+    const auto style = ::GetWindowLongPtrW(window, GWL_STYLE);
+    SCROLLINFO scroll{};
+    scroll.cbSize = sizeof scroll;
+    scroll.fMask = SIF_ALL;
+    if ((style & WS_HSCROLL) != 0 && ::GetScrollInfo(window, SB_HORZ, &scroll)) {
+        area.left = -scroll.nPos;
+        area.right = scroll.nMax + 1 - scroll.nPos;
+    }
+    if ((style & WS_VSCROLL) != 0 && ::GetScrollInfo(window, SB_VERT, &scroll)) {
+        area.top = -scroll.nPos;
+        area.bottom = scroll.nMax + 1 - scroll.nPos;
+    }
+    return area;
+}
+
 SIZE sizeOf(const std::wstring& text, HFONT font, UINT format, int width = 0) {
     const HDC screen = ::GetDC(nullptr);
     const HGDIOBJ before = ::SelectObject(screen, font);
@@ -68,9 +98,7 @@ class Inspection {
     explicit Inspection(int dpi) : dpi_(dpi) {}
 
     void inspect(HWND parent) {
-        RECT area{};
-        ::GetClientRect(parent, &area);
-        RECT room = area;
+        RECT room = reachable(parent);
         ::InflateRect(&room, 1, 1);  // edges in twips are rounded one by one
         const bool isTabs = classOf(parent) == WC_TABCONTROLW;
         std::vector<std::pair<HWND, RECT>> placed;
@@ -80,9 +108,8 @@ class Inspection {
             ::GetWindowRect(child, &at);
             ::MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&at), 2);
             RECT common{};
-            const bool isSeen = ::IntersectRect(&common, &at, &area) != FALSE;
             ::IntersectRect(&common, &at, &room);
-            if (isSeen && !::EqualRect(&common, &at)) complain(child, "reaches out");
+            if (!::IsRectEmpty(&at) && !::EqualRect(&common, &at)) complain(child, "reaches out");
             for (const auto& [other, place] : placed) {
                 if (!isTabs && ::IntersectRect(&common, &at, &place))
                     complain(child, "covers " + nameOf(other));
@@ -130,7 +157,12 @@ class Inspection {
         } else if (kind == WC_TABCONTROLW) {
             lookAtTabs(window, area);
             inspect(window);
+        } else if (kind == WC_EDITW) {
+            if (lineHeight(fontOf(window)) > area.bottom) complain(window, "cuts off its line");
+        } else if (kind == WC_COMBOBOXW) {
+            lookAtCombo(window);
         } else if (kind == WC_LISTVIEWW) {
+            lookAtRows(window);
             lookAtHeadings(reinterpret_cast<HWND>(::SendMessageW(window, LVM_GETHEADER, 0, 0)));
         } else if (kind == L"Pellmark.Container") {
             const SIZE title = sizeOf(textOf(window), fontOf(window), DT_SINGLELINE);
@@ -145,6 +177,40 @@ class Inspection {
         const int width = ::MulDiv(static_cast<int>(area.right), 100, 100 + kReservePercent);
         const SIZE text = sizeOf(textOf(label), fontOf(label), DT_WORDBREAK, width);
         if (text.cx > width || text.cy > area.bottom) complain(label, "is cut off");
+    }
+
+    void lookAtCombo(HWND combo) {
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof info;
+        ::GetComboBoxInfo(combo, &info);
+        const HFONT font = fontOf(combo);
+        if (lineHeight(font) > info.rcItem.bottom - info.rcItem.top) complain(combo, "cuts off its line");
+        const auto opened = ::SendMessageW(combo, CB_GETDROPPEDWIDTH, 0, 0);
+        const auto count = ::SendMessageW(combo, CB_GETCOUNT, 0, 0);
+        for (LRESULT i = 0; i < count; ++i) {
+            const auto entry = static_cast<WPARAM>(i);
+            std::wstring text(static_cast<std::size_t>(::SendMessageW(combo, CB_GETLBTEXTLEN, entry, 0)) + 1,
+                              L' ');
+            ::SendMessageW(combo, CB_GETLBTEXT, entry, reinterpret_cast<LPARAM>(text.data()));
+            if (sizeOf(text.c_str(), font, DT_SINGLELINE | DT_NOPREFIX).cx + pixels(kEntryPadding) > opened)
+                complain(combo, "has no room for its entry " + fromWide(text.c_str()));
+        }
+    }
+
+    /// A list shows a row at least, and rows hold their texts.
+    void lookAtRows(HWND list) {
+        RECT area{};
+        RECT heading{};
+        RECT row{};
+        ::GetClientRect(list, &area);
+        const HWND header = reinterpret_cast<HWND>(::SendMessageW(list, LVM_GETHEADER, 0, 0));
+        if (header != nullptr && isShown(header)) ::GetClientRect(header, &heading);
+        const int line = lineHeight(fontOf(list));
+        if (area.bottom < heading.bottom + line) complain(list, "has no room for a row");
+        row.left = LVIR_BOUNDS;
+        if (::SendMessageW(list, LVM_GETITEMCOUNT, 0, 0) == 0) return;
+        ::SendMessageW(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row));
+        if (row.bottom - row.top < line) complain(list, "cuts off its rows");
     }
 
     void lookAtTabs(HWND tabs, const RECT& area) {

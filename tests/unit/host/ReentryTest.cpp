@@ -356,6 +356,12 @@ const std::vector<Command>& commands() {
              s.showAll();
              s.take(&FrmMain::VSFGAllProcesses, "mnuProcessEdit");
          }},
+        {"Edit... of a process that somebody else has deleted",
+         [](Sweep& s) {
+             s.showAll();
+             s.base.tables().processes.clear();
+             s.take(&FrmMain::VSFGAllProcesses, "mnuProcessEdit");
+         }},
         {"Delete in the list of all",
          [](Sweep& s) {
              s.showAll();

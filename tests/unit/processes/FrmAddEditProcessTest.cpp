@@ -358,7 +358,7 @@ TEST_F(FrmAddEditProcessTest, AProcessThatWasDeletedBeforeOpensNoDialog) {
     openProcesses();
     base.tables().processes.clear();
     desktop.expectMessage("The process " + drill + " does not exist.");
-    list().Editwizard();
+    list().editForHost(drill, 0);
     EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
     EXPECT_THAT(desktop.windows(), Not(Contains(HasSubstr("FrmAddEditProcess"))));
     EXPECT_TRUE(trace.trapped("FrmAddEditProcess::Form_Load"));

@@ -273,6 +273,27 @@ TEST_F(CProcessDeleteTest, AProcessThatFailsKeepsItsRowAndLeavesATrace) {
     EXPECT_TRUE(trace.trapped("cProcess::Delete"));
 }
 
+TEST_F(CProcessDeleteTest, AProcessThatSomebodyElseHasDeletedLeavesTheListAsWell) {
+    startWith(3);
+    selectRows({1, 2});
+    base.processStore().deleteProcess(ids[0]);
+    desktop.expectMessage(kDeleteQuestion);
+    list.Delete();
+    EXPECT_THAT(names(), ElementsAre("c"));
+}
+
+TEST_F(CProcessDeleteTest, ACommandOnAProcessThatSomebodyElseHasDeletedSaysSoAndReadsTheListAnew) {
+    startWith(3);
+    for (const auto command : {&cProcess::Editwizard, &cProcess::EditMaterialsWizard}) {
+        grid.select(2, 0);
+        base.processStore().deleteProcess(grid.rowData(2));
+        base.addProcess("new");
+        desktop.expectMessage("The process does not exist any more. Somebody else has deleted it.");
+        (list.*command)();
+    }
+    EXPECT_THAT(names(), ElementsAre("a", "new", "new"));
+}
+
 TEST_F(CProcessDeleteTest, RowsAreHandledFromTheLastSelectedToTheFirst) {
     startWith(7);
     selectRows({2, 5, 7});

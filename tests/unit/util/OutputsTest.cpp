@@ -8,8 +8,8 @@
 #include "controls/grid/DelimitedExport.h"
 #include "controls/grid/GridPages.h"
 #include "controls/grid/SelectionText.h"
-#include "knowledge/MemoryRecordSet.h"
 #include "refhost/texts/DelimitedTable.h"
+#include "support/AwkwardTable.h"
 #include "support/PortsHarness.h"
 
 namespace pellmark::test {
@@ -50,36 +50,7 @@ Table htmlCells(const std::string& html) {
 class OutputsTest : public testing::Test, protected ServicesHarness {
   protected:
     OutputsTest() {
-        const std::vector<std::string> awkward{
-            "M8",
-            "",
-            " leading and  inner  blanks ",
-            "a,b;c",
-            "a\tb",
-            "say \"x\"",
-            "\"",
-            "two\r\nlines",
-            "three\n\nlines",
-            "<b>&amp;</b>",
-            "=1+1",
-            "007",
-            "3/8",
-            "71",
-            "{not an id}",
-            "'",
-            "\xC3\x98 8 H7",
-            "\xF0\x9F\x94\xA9 \xE5\xB7\xA5\xE7\xA8\x8B",
-            std::string(300, 'x') + " " + std::string(300, 'y'),
-        };
-        grid.setHeadings("Na,me|Unit|No\"te");
-        const char* keys[] = {"_Name", "_Unit", "_Note"};
-        for (int col = 0; col < 3; ++col)
-            grid.setColKey(col, keys[col]);
-        grid.setColComboList(1, "#70;Inch|#71;Met,ric");
-        auto records = std::make_shared<MemoryRecordSet>(std::vector<std::string>{"_Name", "_Unit", "_Note"});
-        for (std::size_t i = 0; i < awkward.size(); ++i)
-            records->addRow({awkward[i], i % 2 == 0 ? "70" : "71", awkward[awkward.size() - 1 - i]});
-        grid.bind(records);
+        fillAwkwardly(grid);
         grid.selectAll();
     }
     /// What the screen shows, headings first.

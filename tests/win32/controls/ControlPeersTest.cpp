@@ -118,6 +118,43 @@ TEST_F(TextBoxPeerTest, TheTabKeyLeavesABoxOfSeveralLines) {
     EXPECT_EQ(form->description.text(), "");
 }
 
+TEST_F(TextBoxPeerTest, ABoxOfSeveralLinesHasAScrollBarWhileThereIsSomethingToScroll) {
+    const auto hasBar = [this] {
+        return (::GetWindowLongPtrW(of(form->description), GWL_STYLE) & WS_VSCROLL) != 0;
+    };
+    EXPECT_FALSE(hasBar());
+    form->description.setText("one line");
+    EXPECT_FALSE(hasBar());
+    std::string text;
+    for (int line = 0; line < 40; ++line)
+        text += "one of many lines\r\n";
+    form->description.setText(text);
+    EXPECT_TRUE(hasBar());
+    focus(form->description);
+    ::SendMessageW(of(form->description), EM_SETSEL, 0, -1);
+    Person::type("x");
+    EXPECT_EQ(form->description.text(), "x");
+    EXPECT_FALSE(hasBar());
+    for (int line = 0; line < 12; ++line)
+        Person::press({VK_RETURN});
+    EXPECT_TRUE(hasBar());
+}
+
+TEST_F(TextBoxPeerTest, TheScrollBarComesAndGoesWithTheBoxesHeight) {
+    const auto hasBar = [this] {
+        return (::GetWindowLongPtrW(of(form->description), GWL_STYLE) & WS_VSCROLL) != 0;
+    };
+    form->description.setText("1\r\n2\r\n3\r\n4");
+    ASSERT_FALSE(hasBar());
+    const Rect before = form->description.bounds();
+    Rect lower = before;
+    lower.height = 500;
+    form->description.setBounds(lower);
+    EXPECT_TRUE(hasBar());
+    form->description.setBounds(before);
+    EXPECT_FALSE(hasBar());
+}
+
 TEST_F(TextBoxPeerTest, ATextLongerThanTheSystemsOwnLimitIsKeptWhole) {
     std::string text;
     while (text.size() < 40000)

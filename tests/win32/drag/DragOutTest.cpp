@@ -96,6 +96,24 @@ TEST_F(DragOutTest, RowsDraggedToTheHostArriveAsTextAndMayOnlyBeCopied) {
     EXPECT_EQ(started_, 1);
 }
 
+TEST_F(DragOutTest, TheHostsWindowGoesUnderADrag) {
+    const auto drag = form->grid.dragStarted.subscribe([&](DragData& data) {
+        ++started_;
+        data.text = "text";
+    });
+    bool wasLoadedMeanwhile = false;
+    dragToHost([&] {
+        ::DestroyWindow(host());
+        wasLoadedMeanwhile = form->isLoaded();
+        Person::releaseMouse();
+        return true;
+    });
+    EXPECT_TRUE(Person::waitUntil([&] { return !form->isLoaded(); }));
+    EXPECT_TRUE(wasLoadedMeanwhile);
+    EXPECT_EQ(form->queryUnloads, 1);
+    EXPECT_EQ(target_.text, "");
+}
+
 TEST_F(DragOutTest, ADragWithoutDataEndsAtOnce) {
     RecordingTrace quiet;
     dragOut(DragData{}, quiet);

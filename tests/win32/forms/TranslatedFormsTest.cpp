@@ -115,6 +115,8 @@ class TranslatedFormsTest : public testing::TestWithParam<std::tuple<std::int16_
 
 constexpr Size kUsual{14400, 9000};
 constexpr Size kSmallest{9600, 7200};
+/// In pixels: the smallest screen that anybody uses, and a fine large one.
+constexpr Size kScreens[] = {{640, 480}, {3840, 2160}};
 
 TEST_P(TranslatedFormsTest, TheProcessesViewShowsItsTextsWhole) {
     expectRoomIn(FRView::FRProcesses, kUsual);
@@ -124,6 +126,16 @@ TEST_P(TranslatedFormsTest, TheProcessesViewShowsItsTextsWhole) {
 TEST_P(TranslatedFormsTest, TheProcessCaseViewShowsItsTextsWhole) {
     expectRoomIn(FRView::FRProcesscase, kUsual);
     expectRoomIn(FRView::FRProcesscase, kSmallest);
+}
+
+TEST_P(TranslatedFormsTest, BothViewsShowTheirTextsWholeOnTheSmallestAndTheLargestScreen) {
+    for (const Size& screen : kScreens) {
+        const Scale scale(dpi());
+        const Size client{scale.twips(screen.width), scale.twips(screen.height)};
+        SCOPED_TRACE(std::to_string(screen.width) + " pixels wide");
+        expectRoomIn(FRView::FRProcesses, client);
+        expectRoomIn(FRView::FRProcesscase, client);
+    }
 }
 
 TEST_P(TranslatedFormsTest, TheProcessDialogShowsItsTextsWhole) {
@@ -171,7 +183,7 @@ std::string nameOfCase(const testing::TestParamInfo<std::tuple<std::int16_t, int
 
 INSTANTIATE_TEST_SUITE_P(Languages, TranslatedFormsTest,
                          testing::Combine(testing::Values<std::int16_t>(1, 2, 3, 4, 5, 6, 7),
-                                          testing::Values(96, 192)),
+                                          testing::Values(96, 144, 192)),
                          nameOfCase);
 
 /// The measuring itself: a form whose texts are too long for it.

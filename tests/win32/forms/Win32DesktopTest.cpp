@@ -20,6 +20,7 @@ class Win32DesktopTest : public ::testing::Test, protected PeerHarness {
                                        ::GetWindowTextW(box(), caption, 100);
                                        title_ = fromWide(caption);
                                        owner_ = ::GetWindow(box(), GW_OWNER);
+                                       ::GetWindowRect(box(), &at_);
                                        return true;
                                    },
                                    [key] {
@@ -32,6 +33,7 @@ class Win32DesktopTest : public ::testing::Test, protected PeerHarness {
     std::string wantedTitle_ = "Norvex - Process Manager";
     std::string title_;
     HWND owner_ = nullptr;
+    RECT at_{};
 };
 
 TEST_F(Win32DesktopTest, EnterAnswersOk) {
@@ -55,6 +57,24 @@ TEST_F(Win32DesktopTest, TheBoxIsOwnedByTheHostAndTheFocusReturnsToTheGrid) {
     answerWith(VK_RETURN, MessageButtons::Ok);
     EXPECT_EQ(owner_, host());
     EXPECT_TRUE(hasFocus(form->grid));
+}
+
+TEST_F(Win32DesktopTest, TheBoxStandsOverTheMiddleOfItsOwner) {
+    embed();
+    for (const POINT corner : {POINT{20, 30}, POINT{500, 300}}) {
+        ::SetWindowPos(host(), nullptr, corner.x, corner.y, 700, 500, SWP_NOZORDER);
+        answerWith(VK_RETURN, MessageButtons::Ok);
+        EXPECT_NEAR((at_.left + at_.right) / 2, corner.x + 350, 1);
+        EXPECT_NEAR((at_.top + at_.bottom) / 2, corner.y + 250, 1);
+    }
+}
+
+TEST_F(Win32DesktopTest, TheBoxStaysOnTheScreenWhereItsOwnerDoesNot) {
+    embed();
+    ::SetWindowPos(host(), nullptr, -900, -300, 1000, 400, SWP_NOZORDER);
+    answerWith(VK_RETURN, MessageButtons::Ok);
+    EXPECT_EQ(at_.left, 0);
+    EXPECT_EQ(at_.top, 0);
 }
 
 TEST_F(Win32DesktopTest, AFormCanBeLoadedAgainAfterItWasUnloaded) {

@@ -708,6 +708,29 @@ TEST_F(GridPeerEditTest, ACellWithChoicesOpensItsListAtOnce) {
     EXPECT_EQ(choices(), nullptr);
 }
 
+TEST_F(GridPeerEditTest, AltAndDownOpenTheListOfACell) {
+    values().select(1, 0);
+    Person::press({VK_MENU, VK_DOWN});
+    ASSERT_NE(choices(), nullptr);
+    EXPECT_TRUE(::SendMessageW(choices(), CB_GETDROPPEDSTATE, 0, 0));
+    Person::press({VK_DOWN});
+    Person::press({VK_RETURN});
+    EXPECT_EQ(values().text(1, 1), "M10");
+    EXPECT_TRUE(hasFocus(values()));
+}
+
+TEST_F(GridPeerEditTest, EnterOpensTheCellWhereNothingElseIsMeantByIt) {
+    form->setDefaultButton(nullptr);
+    values().select(1, 0);
+    Person::press({VK_RETURN});
+    ASSERT_NE(choices(), nullptr);
+    Person::press({VK_ESCAPE});
+    EXPECT_EQ(values().text(1, 1), "M8");
+    const auto taken = values().keyPressed.subscribe([](KeyPress& key) { key.handled = true; });
+    Person::press({VK_RETURN});
+    EXPECT_EQ(choices(), nullptr);
+}
+
 TEST_F(GridPeerEditTest, AChoiceMadeWithTheMouseIsCommitted) {
     Person::click(of(values()), inValue(0));
     COMBOBOXINFO info{};

@@ -1,4 +1,4 @@
-#include "controls/grid/GridRows.h"
+#include "controls/grid/RowOrder.h"
 
 #include <gtest/gtest.h>
 

@@ -2,13 +2,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <unordered_map>
 #include <vector>
-
-#include "base/Guid.h"
 
 namespace pellmark {
 
@@ -44,21 +38,6 @@ class RowOrder {
     std::size_t left_ = 0;
     std::vector<std::uint64_t> alive_;  ///< a bit per slot; empty while nothing was removed
     std::vector<std::uint32_t> tree_;   ///< Fenwick tree over the words' counts, from 1
-};
-
-/// Texts written over single cells, by slot and column.
-class WrittenCells {
-  public:
-    const std::string* find(std::size_t slot, int col) const;
-    void set(std::size_t slot, int col, std::string text);
-    void clear() { cells_.clear(); }
-
-    static std::uint64_t keyOf(std::size_t slot, int col) {
-        return (std::uint64_t{slot} << 16U) | static_cast<std::uint16_t>(col);
-    }
-
-  private:
-    std::unordered_map<std::uint64_t, std::string> cells_;
 };
 
 }  // namespace pellmark

@@ -1,4 +1,4 @@
-#include "controls/grid/GridRows.h"
+#include "controls/grid/RowOrder.h"
 
 #include <algorithm>
 #include <bit>
@@ -112,16 +112,6 @@ void RowOrder::addToTree(std::size_t word, std::int32_t change) {
     for (std::size_t node = word + 1; node < tree_.size(); node += node & (~node + 1)) {
         tree_[node] += static_cast<std::uint32_t>(change);
     }
-}
-
-const std::string* WrittenCells::find(std::size_t slot, int col) const {
-    if (cells_.empty()) return nullptr;
-    const auto found = cells_.find(keyOf(slot, col));
-    return found == cells_.end() ? nullptr : &found->second;
-}
-
-void WrittenCells::set(std::size_t slot, int col, std::string text) {
-    cells_[keyOf(slot, col)] = std::move(text);
 }
 
 }  // namespace pellmark
