@@ -44,6 +44,25 @@ bool isShown(HWND window) {
     return (::GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
+/// The client area and what scroll bars lead to, in client coordinates.
+RECT contentsOf(HWND window) {
+    RECT area{};
+    ::GetClientRect(window, &area);
+    const auto style = ::GetWindowLongPtrW(window, GWL_STYLE);
+    SCROLLINFO bar{};
+    bar.cbSize = sizeof bar;
+    bar.fMask = SIF_RANGE | SIF_POS;
+    if ((style & WS_VSCROLL) != 0 && ::GetScrollInfo(window, SB_VERT, &bar)) {
+        area.top = -bar.nPos;
+        area.bottom = area.top + bar.nMax + 1;
+    }
+    if ((style & WS_HSCROLL) != 0 && ::GetScrollInfo(window, SB_HORZ, &bar)) {
+        area.left = -bar.nPos;
+        area.right = area.left + bar.nMax + 1;
+    }
+    return area;
+}
+
 /// A container of our own has no font by itself and draws its title with that of its form.
 HFONT fontOf(HWND window) {
     if (const auto font = ::SendMessageW(window, WM_GETFONT, 0, 0)) return reinterpret_cast<HFONT>(font);
@@ -68,8 +87,7 @@ class Inspection {
     explicit Inspection(int dpi) : dpi_(dpi) {}
 
     void inspect(HWND parent) {
-        RECT area{};
-        ::GetClientRect(parent, &area);
+        const RECT area = contentsOf(parent);
         RECT room = area;
         ::InflateRect(&room, 1, 1);  // edges in twips are rounded one by one
         const bool isTabs = classOf(parent) == WC_TABCONTROLW;
