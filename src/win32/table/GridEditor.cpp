@@ -15,17 +15,15 @@ GridEditor::GridEditor(HWND list, const RECT& cell, const DisplayList& choices, 
                        HFONT font, const Operations& operations, Ended ended)
     : list_(list), choices_(choices), stored_(stored), ended_(std::move(ended)) {
     const bool isList = !choices_.empty();
-    const int height = static_cast<int>(cell.bottom - cell.top);
     box_ = ::CreateWindowExW(
         0, isList ? WC_COMBOBOXW : WC_EDITW, nullptr,
-        WS_CHILD | WS_CLIPSIBLINGS | (isList ? CBS_DROPDOWNLIST | WS_VSCROLL : WS_BORDER | ES_AUTOHSCROLL),
-        cell.left, cell.top, cell.right - cell.left, isList ? height * kChoicesShown : height, list, nullptr,
-        nullptr, nullptr);
-    ::SendMessageW(box_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+        WS_CHILD | WS_CLIPSIBLINGS | (isList ? CBS_DROPDOWNLIST | WS_VSCROLL : WS_BORDER | ES_AUTOHSCROLL), 0,
+        0, 0, 0, list, nullptr, nullptr, nullptr);
+    fit(cell, font);
     if (isList) {
-        makeList(cell, stored);
+        makeList(stored);
     } else {
-        makeLine(cell, stored);
+        makeLine(stored);
     }
     hook_.emplace(box_, *this, operations);
     ::ShowWindow(box_, SW_SHOWNA);
@@ -40,16 +38,24 @@ GridEditor::~GridEditor() {
     ::DestroyWindow(box_);
 }
 
-void GridEditor::makeList(const RECT& cell, const std::string& stored) {
+void GridEditor::fit(const RECT& cell, HFONT font) {
+    ::SendMessageW(box_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    const bool isList = !choices_.empty();
+    const int height = static_cast<int>(cell.bottom - cell.top);
+    ::SetWindowPos(box_, nullptr, cell.left, cell.top, cell.right - cell.left,
+                   isList ? height * kChoicesShown : height, SWP_NOZORDER | SWP_NOACTIVATE);
+    if (!isList) return;
+    const auto line = static_cast<int>(::SendMessageW(box_, CB_GETITEMHEIGHT, 0, 0));
+    ::SendMessageW(box_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(height - 6, line));
+}
+
+void GridEditor::makeList(const std::string& stored) {
     for (const DisplayList::Item& each : choices_.items())
         ::SendMessageW(box_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(each.shown).c_str()));
-    const auto line = static_cast<int>(::SendMessageW(box_, CB_GETITEMHEIGHT, 0, 0));
-    ::SendMessageW(box_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
-                   std::max(static_cast<int>(cell.bottom - cell.top) - 6, line));
     ::SendMessageW(box_, CB_SETCURSEL, static_cast<WPARAM>(choices_.indexOf(stored)), 0);
 }
 
-void GridEditor::makeLine(const RECT&, const std::string& stored) {
+void GridEditor::makeLine(const std::string& stored) {
     ::SetWindowTextW(box_, toWide(stored).c_str());
     ::SendMessageW(box_, EM_SETSEL, 0, -1);
 }
