@@ -34,7 +34,20 @@ class Mouse:
         rows = self._desktop.rows(grid)["rows"]
         self._desktop.click(self._desktop.row_middle(rows[0]))
         if len(rows) > 1:
-            self._desktop.hold("shift", lambda: self._desktop.click(self._desktop.row_middle(rows[-1])))
+            last = self._scroll_to_last(grid)
+            self._desktop.hold("shift", lambda: self._desktop.click(self._desktop.row_middle(last)))
+
+    def _scroll_to_last(self, grid):
+        """The last row, brought into view with the wheel where the list has no room for it."""
+        def last():
+            row = self._desktop.rows(grid)["rows"][-1]
+            return row if row["area"][1] + row["area"][3] <= grid.area[1] + grid.area[3] else None
+
+        def wheel():
+            wheel_down = 5
+            self._desktop.click(grid.middle, button=wheel_down)
+            return last()
+        return last() or wait_for("the last row to be in view", wheel)
 
     def command(self, grid, menu, caption):
         """Runs a command of the grid's context menu."""
