@@ -21,8 +21,9 @@ struct Anchors {
     bool bottom = false;
 };
 
-/// What about a control changed, so that its peer repaints no more than needed.
-enum class ControlChange { Caption, Bounds, Visible, Enabled, ToolTip };
+/// What about a control changed, so that its peer repaints no more than needed. A smallest size have forms
+/// only.
+enum class ControlChange { Caption, Bounds, Visible, Enabled, ToolTip, MinimumSize };
 
 /// The part that all control models share: a name, a place in twips, and the states a person sees.
 /// Models know no window; a peer in the windows layer draws them and turns input into calls on them.
@@ -41,6 +42,7 @@ class Control {
         TabPage,
         Grid,
         ListView,
+        Splitter,
         Form
     };
 

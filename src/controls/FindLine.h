@@ -12,6 +12,8 @@ class FindLine : public Frame {
   public:
     /// What an open line takes from the room of its list.
     static constexpr Twips kHeight = 435;
+    /// The least at which everything in it can be used.
+    static constexpr Twips kLeastWidth = 4400;
 
     FindLine(Container& parent, std::string name);
 

@@ -128,6 +128,12 @@ void Form::forget(const Control& control) {
     focusAsked_ = false;
 }
 
+void Form::setMinimumSize(Size size) {
+    if (size == minimumSize_) return;
+    minimumSize_ = size;
+    changed.raise(ControlChange::MinimumSize);
+}
+
 void Form::resized(Size client) {
     clientSize_ = client;
     arrange(client);

@@ -66,9 +66,12 @@ class Form : public Container {
 
     BorderStyle borderStyle() const { return borderStyle_; }
     bool isSizable() const { return borderStyle_ != BorderStyle::FixedDialog; }
+    /// What the form is laid out for. It may be more than its window shows: that scrolls then.
     Size clientSize() const { return clientSize_; }
-    /// Not smaller than this when a person resizes the window.
-    Size minimumSize() const { return minimumSize_; }
+    /// The least that the form is laid out for, of one that cannot be resized what it was designed for. A
+    /// person does not get the window smaller than that; where the screen or the host leaves less room, the
+    /// window scrolls.
+    Size minimumSize() const { return isSizable() ? minimumSize_ : designedSize_; }
 
     /// Pressed by Enter and Escape; null for none.
     Button* defaultButton() const { return defaultButton_; }
@@ -89,7 +92,7 @@ class Form : public Container {
     /// A control of the form goes.
     void forget(const Control& control);
 
-    /// The peer tells the size of the client area; the form lays itself out.
+    /// The peer tells the size that the form has, no smaller than the minimum; the form lays itself out.
     void resized(Size client);
 
   protected:
@@ -103,8 +106,8 @@ class Form : public Container {
     void abandonLoad() { abandoned_ = true; }
 
     void setBorderStyle(BorderStyle style) { borderStyle_ = style; }
-    void setClientSize(Size size) { clientSize_ = size; }
-    void setMinimumSize(Size size) { minimumSize_ = size; }
+    void setClientSize(Size size) { clientSize_ = designedSize_ = size; }
+    void setMinimumSize(Size size);
     void setDefaultButton(Button* button) { defaultButton_ = button; }
     void setCancelButton(Button* button) { cancelButton_ = button; }
     void setHelpButton(Button* button) { helpButton_ = button; }
@@ -125,7 +128,8 @@ class Form : public Container {
     WindowHandle embeddedIn_ = 0;
     WindowState windowState_ = WindowState::Normal;
     BorderStyle borderStyle_ = BorderStyle::FixedDialog;
-    Size clientSize_{6000, 4000};
+    Size designedSize_{6000, 4000};
+    Size clientSize_ = designedSize_;
     Size minimumSize_{};
     Button* defaultButton_ = nullptr;
     Button* cancelButton_ = nullptr;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 
 namespace pellmark {
 
@@ -29,6 +30,15 @@ Twips movedInto(Twips at, Twips length, Twips from, Twips to) {
     return std::max(from, std::min(at, to - length));
 }
 
+/// The screen that shows most of the window, or that is nearest; nothing where there are no screens.
+std::optional<Rect> nearestTo(const Rect& window, const std::vector<Rect>& screens) {
+    const auto nearest =
+        std::max_element(screens.begin(), screens.end(), [&](const Rect& left, const Rect& right) {
+            return nearness(window, left) < nearness(window, right);
+        });
+    return nearest == screens.end() ? std::nullopt : std::optional(*nearest);
+}
+
 }  // namespace
 
 bool isWithinReach(const Rect& window, const std::vector<Rect>& screens) {
@@ -40,14 +50,17 @@ bool isWithinReach(const Rect& window, const std::vector<Rect>& screens) {
 }
 
 Rect movedOntoScreen(const Rect& window, const std::vector<Rect>& screens) {
-    const auto nearest =
-        std::max_element(screens.begin(), screens.end(), [&](const Rect& left, const Rect& right) {
-            return nearness(window, left) < nearness(window, right);
-        });
-    if (nearest == screens.end()) return window;
-    return {movedInto(window.left, window.width, nearest->left, nearest->right()),
-            movedInto(window.top, window.height, nearest->top, nearest->bottom()), window.width,
-            window.height};
+    const auto screen = nearestTo(window, screens);
+    if (!screen) return window;
+    return {movedInto(window.left, window.width, screen->left, screen->right()),
+            movedInto(window.top, window.height, screen->top, screen->bottom()), window.width, window.height};
+}
+
+Rect shrunkToScreen(const Rect& window, const std::vector<Rect>& screens) {
+    const auto screen = nearestTo(window, screens);
+    if (!screen) return window;
+    return {window.left, window.top, std::min(window.width, screen->width),
+            std::min(window.height, screen->height)};
 }
 
 }  // namespace pellmark

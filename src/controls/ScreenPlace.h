@@ -15,4 +15,7 @@ bool isWithinReach(const Rect& window, const std::vector<Rect>& screens);
 /// Without screens it stays where it is.
 Rect movedOntoScreen(const Rect& window, const std::vector<Rect>& screens);
 
+/// The window in its place, but no larger than that same screen.
+Rect shrunkToScreen(const Rect& window, const std::vector<Rect>& screens);
+
 }  // namespace pellmark

@@ -2,15 +2,15 @@
 
 #include <algorithm>
 
-#include "host/MainLayout.h"
 #include "util/FormLayout.h"
 
 namespace pellmark {
 
 namespace {
 
+using layout::kTabMargin;
+
 constexpr Size kButton{1215, 375};
-constexpr Twips kTabMargin = 60;
 
 }  // namespace
 
@@ -20,7 +20,6 @@ FrmMain::FrmMain(const ViewServices& services)
       menus_(services.person, services.gridOps) {
     setBorderStyle(BorderStyle::Sizable);
     setClientSize({14400, 10200});
-    setMinimumSize({9600, 7200});
     setDefaultButton(&CmdOK);
     setCancelButton(&CmdCancel);
     setHelpButton(&CmdHelp);
@@ -33,9 +32,22 @@ FrmMain::FrmMain(const ViewServices& services)
     on(TabCtrl.clicked.subscribe([this](int index) { tabClicked(index); }));
     on(VSFGProcessCaseResults.entered.subscribe(
         [this] { gridEntered(VSFGProcessCaseResults, VSFGProcessStep); }));
-    on(FindAllProcesses.toggled.subscribe([this] { arrangeInside(TabProcesses); }));
+    on(FindAllProcesses.toggled.subscribe([this] {
+        fitMinimum();
+        arrangeInside(TabProcesses);
+    }));
     for (FindLine* line : {&FindProcessCaseResults, &FindProcessStep})
-        on(line->toggled.subscribe([this] { arrangeInside(SizerProcessCase); }));
+        on(line->toggled.subscribe([this] { rearrangeCase(); }));
+    for (Splitter* bar : {&SplitFilters, &SplitSteps, &SplitStepsBeside})
+        on(bar->moved.subscribe([this] { arrangeInside(SizerProcessCase); }));
+    for (Grid* grid : {&VSFGAllProcesses, &VSFGProcessCase, &VSFGProcessCaseResults, &VSFGProcessStep})
+        on(grid->gridChanged.subscribe([this](const GridChange& change) {
+            const bool mayBeAFont =
+                change.what == GridChange::What::Font || change.what == GridChange::What::All;
+            if (mayBeAFont) rearrangeCase();
+        }));
+    on(TabCtrl.indexChanged.subscribe([this] { fitMinimum(); }));
+    fitMinimum();
     on(VSFGProcessStep.entered.subscribe([this] { gridEntered(VSFGProcessStep, VSFGProcessCaseResults); }));
 }
 
@@ -224,8 +236,27 @@ void FrmMain::arrangeProcesses(Size page) {
                std::max(page.height - 2 * kTabMargin, 0)});
 }
 
+layout::CaseNeeds FrmMain::caseNeeds() const {
+    return {layout::needsOf(VSFGProcessCase.font(), false),
+            layout::needsOf(VSFGProcessCaseResults.font(), FindProcessCaseResults.isOpen()),
+            layout::needsOf(VSFGProcessStep.font(), FindProcessStep.isOpen())};
+}
+
+void FrmMain::fitMinimum() {
+    const bool showsCase = TabCtrl.index() == static_cast<int>(FRView::FRProcesscase);
+    setMinimumSize(layout::formAround(showsCase ? layout::smallestCasePage(caseNeeds())
+                                                : layout::smallestListPage(layout::needsOf(
+                                                      VSFGAllProcesses.font(), FindAllProcesses.isOpen()))));
+}
+
+void FrmMain::rearrangeCase() {
+    fitMinimum();
+    arrangeInside(SizerProcessCase);
+}
+
 void FrmMain::arrangeProcessCase(Size page) {
-    const auto at = layout::arrangeProcessCase(page);
+    const auto at = layout::arrangeProcessCase(
+        page, caseNeeds(), {SplitFilters.share(), SplitSteps.share(), SplitStepsBeside.share()});
     FrameFilters.setBounds(at.filters);
     FrameFeatureTypeFilters.setBounds(at.featureTypeFilters);
     FrameProcessFilters.setBounds(at.processFilters);
@@ -235,6 +266,14 @@ void FrmMain::arrangeProcessCase(Size page) {
     VSFGProcessCase.setBounds(layout::gridInFrame(at.processCase));
     placeList(FindProcessCaseResults, VSFGProcessCaseResults, layout::gridInFrame(at.results));
     placeList(FindProcessStep, VSFGProcessStep, layout::gridInFrame(at.steps));
+
+    SplitFilters.setDivision(at.filtersDivision);
+    SplitFilters.setBounds(at.filtersBar);
+    SplitSteps.setVisible(at.isStacked);
+    SplitStepsBeside.setVisible(!at.isStacked);
+    Splitter& bar = at.isStacked ? SplitSteps : SplitStepsBeside;
+    bar.setDivision(at.listsDivision);
+    bar.setBounds(at.listsBar);
 }
 
 }  // namespace pellmark

@@ -9,8 +9,10 @@
 #include "controls/Controls.h"
 #include "controls/FindLine.h"
 #include "controls/Form.h"
+#include "controls/Splitter.h"
 #include "controls/grid/Grid.h"
 #include "host/FrmMenu.h"
+#include "host/MainLayout.h"
 #include "host/ViewServices.h"
 #include "host/Views.h"
 
@@ -106,9 +108,12 @@ class FrmMain : public Form {
     ComboBox CmbPartMaterial{FrameProcessFilters, "CmbPartMaterial"};
     Frame FrameProcessCase{FrameFilters, "FrameProcessCase", "Feature Case"};
     Grid VSFGProcessCase{FrameProcessCase, "VSFGProcessCase"};
+    Splitter SplitFilters{SizerProcessCase, "SplitFilters", Splitter::Bar::Lying};
     Frame FrameProcessCaseResults{SizerProcessCase, "FrameProcessCaseResults", "Processes"};
     FindLine FindProcessCaseResults{FrameProcessCaseResults, "FindProcessCaseResults"};
     Grid VSFGProcessCaseResults{FrameProcessCaseResults, "VSFGProcessCaseResults"};
+    Splitter SplitSteps{SizerProcessCase, "SplitSteps", Splitter::Bar::Lying};
+    Splitter SplitStepsBeside{SizerProcessCase, "SplitStepsBeside", Splitter::Bar::Standing};
     Frame FrameProcessStep{SizerProcessCase, "FrameProcessStep", "Process Steps"};
     FindLine FindProcessStep{FrameProcessStep, "FindProcessStep"};
     Grid VSFGProcessStep{FrameProcessStep, "VSFGProcessStep"};
@@ -133,6 +138,11 @@ class FrmMain : public Form {
     void arrangeButtons(Size strip);
     void arrangeProcesses(Size page);
     void arrangeProcessCase(Size page);
+    layout::CaseNeeds caseNeeds() const;
+    /// The smallest form depends on the page that is shown, the fonts of its lists and what is looked for.
+    void fitMinimum();
+    /// A person has moved a bar, or a list needs more room.
+    void rearrangeCase();
     /// A grid with the line above it, which takes its height from the grid while it is open.
     static void placeList(FindLine& line, Grid& grid, Rect at);
     void placeFilters();

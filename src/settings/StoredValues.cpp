@@ -47,6 +47,12 @@ void StoredValues::writeBytes(const std::string& name, ByteArray bytes) {
     write(name, cRegistry::kBinary, bytes);
 }
 
+void StoredValues::remove(const std::string& name) {
+    if (std::holds_alternative<std::monostate>(read(name))) return;
+    values_.setValueKey(name);
+    values_.DeleteValue();
+}
+
 Variant StoredValues::read(const std::string& name) {
     values_.setValueKey(name);
     values_.setDefault({});

@@ -26,6 +26,9 @@ class StoredValues {
     void writeText(const std::string& name, const Variant& value);
     void writeBytes(const std::string& name, ByteArray bytes);
 
+    /// Does nothing when there is no such value.
+    void remove(const std::string& name);
+
     /// As it is stored; empty when there is no such value.
     Variant read(const std::string& name);
     std::optional<std::int32_t> number(const std::string& name);

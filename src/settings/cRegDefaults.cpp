@@ -123,6 +123,24 @@ void cRegDefaults::RestoreListView(ListView& list) {
     });
 }
 
+void cRegDefaults::SaveSplitter(const Splitter& splitter) {
+    trap(trace_, "cRegDefaults::SaveSplitter", [&] {
+        StoredValues values = at(dialogKey(splitter));
+        if (splitter.share()) {
+            values.writeNumber(splitter.name(), *splitter.share());
+        } else {
+            values.remove(splitter.name());
+        }
+    });
+}
+
+void cRegDefaults::RestoreSplitter(Splitter& splitter) {
+    trap(trace_, "cRegDefaults::RestoreSplitter", [&] {
+        if (const auto share = at(dialogKey(splitter)).number(splitter.name(), 0, kWholeShare))
+            splitter.setShare(*share);
+    });
+}
+
 // --- windows ---------------------------------------------------------------------------------------------
 
 void cRegDefaults::SaveDialog(const Form& form) {

@@ -7,6 +7,7 @@
 #include "base/Variant.h"
 #include "controls/Controls.h"
 #include "controls/Form.h"
+#include "controls/Splitter.h"
 #include "controls/Toolbar.h"
 #include "controls/grid/Grid.h"
 #include "controls/list/ListView.h"
@@ -47,6 +48,11 @@ class cRegDefaults {
     /// The number of columns and their widths.
     void SaveListView(const ListView& list);
     void RestoreListView(ListView& list);
+
+    /// Where a person has put the bar, as the first neighbour's part of the room. One that stands at its
+    /// usual place leaves nothing behind.
+    void SaveSplitter(const Splitter& splitter);
+    void RestoreSplitter(Splitter& splitter);
 
     /// Place, size and state of a window, in twips. Written only while the form stands on the screen in its
     /// normal state: a maximized form keeps the place that it had before, and neither an embedded form, whose

@@ -9,16 +9,14 @@ namespace pellmark {
 
 namespace {
 
-void eachList(Container& container, const std::function<void(ListView&)>& visit) {
+void eachWithin(Container& container, const std::function<void(Control&)>& visit) {
     for (Control* child : container.children()) {
+        visit(*child);
         switch (child->kind()) {
-            case Control::Kind::ListView:
-                visit(static_cast<ListView&>(*child));
-                break;
             case Control::Kind::Frame:
             case Control::Kind::TabStrip:
             case Control::Kind::TabPage:
-                eachList(static_cast<Container&>(*child), visit);
+                eachWithin(static_cast<Container&>(*child), visit);
                 break;
             default:
                 break;
@@ -36,14 +34,25 @@ bool hasChosenWidth(const ListView& list) {
 
 void restoreFormLayout(Form& form, cRegDefaults& layouts) {
     layouts.RestoreDialog(form);
-    eachList(form, [&](ListView& list) { layouts.RestoreListView(list); });
+    eachWithin(form, [&](Control& control) {
+        if (control.kind() == Control::Kind::ListView) {
+            layouts.RestoreListView(static_cast<ListView&>(control));
+        } else if (control.kind() == Control::Kind::Splitter) {
+            layouts.RestoreSplitter(static_cast<Splitter&>(control));
+        }
+    });
 }
 
 void saveFormLayout(Form& form, cRegDefaults& layouts) {
     layouts.SaveDialog(form);
-    // A width that nobody chose goes on following the size of the form.
-    eachList(form, [&](ListView& list) {
-        if (hasChosenWidth(list)) layouts.SaveListView(list);
+    eachWithin(form, [&](Control& control) {
+        if (control.kind() == Control::Kind::ListView) {
+            // A width that nobody chose goes on following the size of the form.
+            const auto& list = static_cast<ListView&>(control);
+            if (hasChosenWidth(list)) layouts.SaveListView(list);
+        } else if (control.kind() == Control::Kind::Splitter) {
+            layouts.SaveSplitter(static_cast<Splitter&>(control));
+        }
     });
 }
 

@@ -156,6 +156,73 @@ class Columns(LayoutTest):
                           of_main_form=["CmbProcessCaseUnit"])
 
 
+class Bars(LayoutTest):
+    def show_case(self):
+        """The three grids of a described case; the bars below the filters and between the two lower lists."""
+        describe_case(self.desktop, self.workbench)
+        wait_for("the three grids", lambda: len(self.workbench.lists()) == 3)
+        self.bars = sorted(self.desktop.find("Pellmark.Splitter", inside=self.workbench.window),
+                           key=lambda window: window.area[1])
+        self.assertEqual(len(self.bars), 2)
+
+    def heights(self):
+        return [window.area[3] for window in self.workbench.lists()]
+
+    def drag_bar(self, number, down):
+        before = self.heights()
+        x, y = self.area_of(self.bars[number])[:2]
+        self.desktop.drag((x + 200, y + 3), (x + 200, y + 3 + down))
+        wait_for("the lists to have other heights", lambda: self.heights() != before)
+
+    def test_the_bars_of_a_case_stand_where_they_were_left(self):
+        self.show_case()
+        usual = self.heights()
+        self.drag_bar(0, 40)
+        self.assertEqual(self.heights()[0], usual[0] + 40)
+        self.drag_bar(1, -25)
+        left = [window.area for window in self.workbench.lists()]
+        self.workbench.restart()
+        self.show_case()
+        self.assertEqual([window.area for window in self.workbench.lists()], left)
+        self.has_exported("GlobalSettings", MAIN_FORM, of_main_form=["SplitFilters", "SplitSteps"])
+        for number in (0, 1):
+            x, y = self.area_of(self.bars[number])[:2]
+            self.desktop.double_click((x + 200, y + 3))
+        wait_for("the usual heights", lambda: self.heights() == usual)
+        self.workbench.restart()
+        self.show_case()
+        self.assertEqual(self.heights(), usual)
+
+    def test_the_bars_are_moved_without_a_mouse(self):
+        self.show_case()
+        self.desktop.tab_to(self.workbench.lists()[1])
+        usual = self.heights()
+        self.desktop.key("F6")
+        wait_for("the keyboard in the bar", lambda: self.desktop.focus().handle == self.bars[1].handle)
+        self.desktop.key("Up", "Up", "Return")
+        wait_for("the lists to have other heights", lambda: self.heights() == [usual[0], usual[1] - 20, usual[2] + 20])
+        wait_for("the keyboard in the list",
+                 lambda: self.desktop.focus().handle == self.workbench.lists()[1].handle)
+
+    def test_a_small_window_scrolls_and_its_lists_keep_three_rows(self):
+        self.show_case()
+        left, top, width, height = self.workbench.window.area
+        self.desktop.drag((left + width - 2, top + height - 2), (left + 638, top + 478))
+        wait_for("the window to be small", lambda: self.workbench.refresh().area[2] < 660)
+        view = self.workbench.view()
+        for grid in self.workbench.lists():
+            self.assertLess(grid.area[0] + grid.area[2], view.area[0] + view.area[2], "nothing is beyond the right edge")
+            table = self.desktop.rows(grid)
+            row = table["rows"][0]["area"]
+            self.assertGreaterEqual(grid.area[1] + grid.area[3] - row[1], 3 * row[3], grid)
+        steps = self.workbench.lists()[-1]
+        self.desktop.tab_to(steps)
+        wait_for("the steps in view", lambda: view.contains(self.area_window(steps)))
+
+    def area_window(self, window):
+        return next(each for each in self.desktop.windows() if each.handle == window.handle)
+
+
 class Windows(LayoutTest):
     def edit_first_process(self):
         self.desktop.double_click(self.desktop.row_middle(self.desktop.rows(self.workbench.process_list())["rows"][0]))

@@ -70,7 +70,13 @@ void ControlPeer::detach() {
 }
 
 RECT ControlPeer::placement() const {
-    return scale().pixels(control_->bounds());
+    RECT at = scale().pixels(control_->bounds());
+    // What stands in the form itself moves when the form is scrolled; all else moves with it.
+    if (control_->parent() == form_.control()) {
+        const Point scrolled = form_.scroll().at();
+        ::OffsetRect(&at, -scrolled.left, -scrolled.top);
+    }
+    return at;
 }
 
 void ControlPeer::place() {
@@ -108,6 +114,8 @@ void ControlPeer::controlChanged(ControlChange change) {
         case ControlChange::ToolTip:
             form_.setToolTip(window_, control_->toolTip());
             break;
+        case ControlChange::MinimumSize:
+            break;  // the form's own
     }
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "win32/controls/SplitterPeer.h"
 #include "win32/forms/FormWindow.h"
 
 namespace pellmark {
@@ -116,8 +117,11 @@ bool DialogKeys::isNavigationKey(const MSG& message) const {
             return !isOpenList && (code & DLGC_WANTALLKEYS) == 0 && !isLeftToList(control);
         // An edit box of several lines claims every key, Escape with the rest, and does nothing with it.
         case VK_ESCAPE:
+            if (SplitterPeer::isDragged()) return true;
             return !isOpenList && (isPeer || (code & DLGC_WANTALLKEYS) == 0) && !form_.isEmbedded() &&
                    !(control != nullptr && control->takesEscape());
+        case VK_F6:
+            return !isDown(VK_CONTROL) && form_.keyboard().hasSplitters();
         case VK_F1:
             return static_cast<Form*>(form_.control())->helpButton() != nullptr && !isDown(VK_SHIFT) &&
                    !isDown(VK_CONTROL);
@@ -152,7 +156,10 @@ void DialogKeys::performKey(const MSG& message) {
             form_.keyboard().pressEnter(message.hwnd);
             break;
         case VK_ESCAPE:
-            form_.keyboard().pressEscape();
+            if (!SplitterPeer::dropDragged()) form_.keyboard().pressEscape();
+            break;
+        case VK_F6:
+            form_.keyboard().stepSplitter(isDown(VK_SHIFT) ? -1 : 1);
             break;
         case VK_F1:
             form_.keyboard().pressHelp();

@@ -1,5 +1,7 @@
 #include "win32/forms/FormKeyboard.h"
 
+#include <utility>
+
 #include "win32/controls/ButtonPeer.h"
 #include "win32/controls/TabStripPeer.h"
 #include "win32/forms/FormWindow.h"
@@ -16,7 +18,12 @@ void FormKeyboard::focus(const ControlPeer& peer) {
 }
 
 void FormKeyboard::arrived(const ControlPeer& peer) {
-    if (model() != nullptr) model()->focusArrived(*peer.control());
+    if (model() == nullptr) return;
+    model()->focusArrived(*peer.control());
+    // Under a pressed mouse nothing moves: what it does next counts where it is.
+    const bool byMouse =
+        ::GetKeyState(VK_LBUTTON) < 0 || ::GetKeyState(VK_RBUTTON) < 0 || ::GetKeyState(VK_MBUTTON) < 0;
+    if (!byMouse) form_.scroll().reveal(peer.window());
 }
 
 HWND FormKeyboard::remembered() const {
@@ -78,6 +85,28 @@ void FormKeyboard::pressHelp() {
 ControlPeer* FormKeyboard::focused() const {
     const HWND focus = ::GetFocus();
     return focus != nullptr && ::IsChild(form_.window(), focus) ? ControlPeer::around(focus) : nullptr;
+}
+
+bool FormKeyboard::hasSplitters() const {
+    return model() != nullptr && TabOrder(form_).nextSplitter(nullptr, 1) != nullptr;
+}
+
+void FormKeyboard::stepSplitter(int by) {
+    const ControlPeer* from = model() != nullptr ? focused() : nullptr;
+    if (from == nullptr) return;
+    const ControlPeer* next = TabOrder(form_).nextSplitter(from, by);
+    if (next == nullptr) return;
+    if (from->control()->kind() != Control::Kind::Splitter) beforeSplitter_ = ::GetFocus();
+    ::SetFocus(next->window());
+}
+
+void FormKeyboard::leaveSplitter() {
+    const HWND before = std::exchange(beforeSplitter_, nullptr);
+    if (::IsChild(form_.window(), before) && ::IsWindowVisible(before) && ::IsWindowEnabled(before)) {
+        ::SetFocus(before);
+    } else {
+        stepFocus(1);
+    }
 }
 
 void FormKeyboard::showCues() const {

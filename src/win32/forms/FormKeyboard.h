@@ -34,6 +34,11 @@ class FormKeyboard {
     void stepAmongSiblings(int by);
     /// Shows the next page of the tab strip around the focus, or of the form's first.
     void stepPage(int by);
+    /// Takes the keyboard to the next bar that can be moved, or the one before; nowhere where there is none.
+    void stepSplitter(int by);
+    bool hasSplitters() const;
+    /// Brings the keyboard back to where it was before it went to a bar.
+    void leaveSplitter();
     /// False when no control of the form has that access key.
     bool pressAccessKey(wchar_t key);
     /// Shows what has the keyboard and which letters are access keys, once the person uses the keyboard.
@@ -47,6 +52,7 @@ class FormKeyboard {
     TabStripPeer* stripAround(HWND focused) const;
 
     FormWindow& form_;
+    HWND beforeSplitter_ = nullptr;
     HWND defaultShown_ = nullptr;  ///< the button drawn as the one that Enter presses
 };
 

@@ -4,9 +4,9 @@
 #include <exception>
 
 #include "base/Error.h"
-#include "controls/ScreenPlace.h"
 #include "win32/WideText.h"
 #include "win32/forms/PopupMenu.h"
+#include "win32/forms/Screens.h"
 
 namespace pellmark {
 
@@ -14,47 +14,17 @@ namespace {
 
 constexpr UINT kDpiChangedAfterParent = 0x02E3;
 constexpr UINT kDpiChanged = 0x02E0;
-
-RECT workAreaAt(const RECT& rect) {
-    MONITORINFO info{};
-    info.cbSize = sizeof info;
-    ::GetMonitorInfoW(::MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &info);
-    return info.rcWork;
-}
-
-/// In pixels, like all rectangles of the screen here.
-Rect asRect(const RECT& rect) {
-    return {static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right - rect.left),
-            static_cast<int>(rect.bottom - rect.top)};
-}
-
-BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC, RECT*, LPARAM areas) {
-    MONITORINFO info{};
-    info.cbSize = sizeof info;
-    if (::GetMonitorInfoW(monitor, &info))
-        reinterpret_cast<std::vector<Rect>*>(areas)->push_back(asRect(info.rcWork));
-    return TRUE;
-}
-
-/// What of each screen the task bar leaves.
-std::vector<Rect> workAreas() {
-    std::vector<Rect> areas;
-    ::EnumDisplayMonitors(nullptr, nullptr, &addWorkArea, reinterpret_cast<LPARAM>(&areas));
-    return areas;
-}
-
-/// A window that a person has placed stays there as long as there is a screen under its caption.
-RECT broughtIntoView(const RECT& rect, bool placedByAPerson) {
-    const Rect window = asRect(rect);
-    const std::vector<Rect> areas = workAreas();
-    const Rect at = placedByAPerson && isWithinReach(window, areas) ? window : movedOntoScreen(window, areas);
-    return {at.left, at.top, at.right(), at.bottom()};
-}
+constexpr LONG_PTR kScrollBars = WS_VSCROLL | WS_HSCROLL;
 
 }  // namespace
 
 FormWindow::FormWindow(std::shared_ptr<Surroundings> surroundings, Form& form)
-    : ContainerPeer(*this, form), surroundings_(std::move(surroundings)), keyboard_(*this), keys_(*this) {
+    : ContainerPeer(*this, form),
+      surroundings_(std::move(surroundings)),
+      opened_(form.clientSize()),
+      scroll_(*this),
+      keyboard_(*this),
+      keys_(*this) {
     const ActivationContext::Active themed(surroundings_->theme());
     scale_ = Scale(surroundings_->dpiOf(::GetDesktopWindow()));
     createWindow(nullptr, surroundings_->formClass(), captionedStyle(), captionedExStyle());
@@ -104,7 +74,7 @@ RECT FormWindow::outerRect(Size client) const {
     const auto style =
         static_cast<DWORD>(window() ? ::GetWindowLongPtrW(window(), GWL_STYLE) : captionedStyle());
     const auto exStyle = static_cast<DWORD>(window() ? ::GetWindowLongPtrW(window(), GWL_EXSTYLE) : 0);
-    ::AdjustWindowRectEx(&outer, style, FALSE, exStyle);
+    surroundings_->addFrame(outer, style, exStyle, window());
     return {0, 0, outer.right - outer.left, outer.bottom - outer.top};
 }
 
@@ -121,6 +91,9 @@ RECT FormWindow::placement() const {
         outer.right = scale_.pixels(saved.width);
         outer.bottom = scale_.pixels(saved.height);
     }
+    const RECT least = outerRect(model()->minimumSize());
+    outer.right = std::max(outer.right, least.right);
+    outer.bottom = std::max(outer.bottom, least.bottom);
     const Scale screen = screenScale();
     ::OffsetRect(&outer, screen.pixels(saved.left), screen.pixels(saved.top));
     return outer;
@@ -133,22 +106,27 @@ void FormWindow::place() {
                    SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void FormWindow::layOut(int width, int height) {
+void FormWindow::arrange() {
     Form* form = model();
-    const Size designed = form->clientSize();
-    // A size that is the model's own up to rounding must not creep by a twip at every opening.
-    const Size client{width == scale_.pixels(designed.width) ? designed.width : scale_.twips(width),
-                      height == scale_.pixels(designed.height) ? designed.height : scale_.twips(height)};
+    const Size least = form->minimumSize();
+    const Point before = scroll_.at();
+    const Size room = scroll_.fit({scale_.pixels(least.width), scale_.pixels(least.height)});
+    // The same room gives the same size, whatever was shown in between, and a size that is the one of the
+    // beginning up to rounding must not creep by a twip at every opening.
+    const auto taken = [this](int pixels, Twips opened, Twips smallest) {
+        if (pixels == scale_.pixels(opened)) return opened;
+        return pixels == scale_.pixels(smallest) ? smallest : scale_.twips(pixels);
+    };
+    const Size client{taken(room.width, opened_.width, least.width),
+                      taken(room.height, opened_.height, least.height)};
     collecting_ = true;
-    trap(surroundings_->trace(), "FormWindow::layOut", [&] { form->resized(client); });
+    if (scroll_.at() != before) {
+        for (const auto& each : children())
+            moved_.push_back(each.get());
+    }
+    trap(surroundings_->trace(), "FormWindow::arrange", [&] { form->resized(client); });
     collecting_ = false;
     placeMoved();
-}
-
-void FormWindow::arrange() {
-    RECT client{};
-    ::GetClientRect(window(), &client);
-    layOut(static_cast<int>(client.right), static_cast<int>(client.bottom));
 }
 
 void FormWindow::moved(ControlPeer& peer) {
@@ -187,7 +165,11 @@ void FormWindow::limitSize(MINMAXINFO& limits) const {
     const Size minimum = model()->minimumSize();
     if (embedded_ || minimum == Size{}) return;
     const RECT outer = outerRect(minimum);
-    limits.ptMinTrackSize = {outer.right, outer.bottom};
+    RECT at{};
+    ::GetWindowRect(window(), &at);
+    const RECT screen = workAreaAt(at);
+    limits.ptMinTrackSize = {std::min(outer.right, screen.right - screen.left),
+                             std::min(outer.bottom, screen.bottom - screen.top)};
 }
 
 void FormWindow::keepPlace() {
@@ -208,19 +190,39 @@ void FormWindow::keepPlace() {
     settled_ = wasSettled;
 }
 
-void FormWindow::takeResolution(int dpi) {
-    if (dpi == scale_.dpi()) return;
+bool FormWindow::takeResolution(const RECT* wanted) {
+    const int dpi = surroundings_->dpiOf(window());
+    if (dpi == scale_.dpi() && wanted == nullptr) return false;
+    // First of all, since the size that the system wants is held against the smallest at that resolution.
     scale_ = Scale(dpi);
-    FontHandle old = std::move(font_);
+    const FontHandle old = std::move(font_);  // the windows use it until they have the other
     font_ = surroundings_->messageFont(dpi);
+    if (wanted != nullptr) {
+        settled_ = false;
+        ::SetWindowPos(window(), nullptr, wanted->left, wanted->top, wanted->right - wanted->left,
+                       wanted->bottom - wanted->top, SWP_NOZORDER | SWP_NOACTIVATE);
+        settled_ = true;
+    }
     for (const auto& each : children())
         each->rescale();
     arrange();
+    keepPlace();
+    if (toolTips_ != nullptr) limitToolTips();
     ::InvalidateRect(window(), nullptr, TRUE);
+    return true;
 }
 
 void FormWindow::rescale() {
-    takeResolution(surroundings_->dpiOf(window()));
+    takeResolution(nullptr);
+}
+
+void FormWindow::goToScreenOf(HWND owner) {
+    const Rect& saved = model()->bounds();
+    POINT at = screenScale().pixels(Point{saved.left, saved.top});
+    RECT above{};
+    if (saved == Rect{} && owner != nullptr && ::GetWindowRect(owner, &above)) at = {above.left, above.top};
+    ::SetWindowPos(window(), nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    rescale();
 }
 
 void FormWindow::takeFont() {
@@ -242,11 +244,11 @@ void FormWindow::embed(const EmbeddedPlace& place) {
     }
     embedded_ = true;
     modalEnded_ = false;
-    const LONG_PTR own = ::GetWindowLongPtrW(window(), GWL_STYLE) & (WS_DISABLED | WS_VISIBLE);
+    const LONG_PTR own = ::GetWindowLongPtrW(window(), GWL_STYLE) & (WS_DISABLED | WS_VISIBLE | kScrollBars);
     ::SetWindowLongPtrW(window(), GWL_STYLE, own | WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS);
     ::SetWindowLongPtrW(window(), GWL_EXSTYLE, WS_EX_CONTROLPARENT);
     ::SetParent(window(), parent);
-    takeResolution(surroundings_->dpiOf(window()));
+    rescale();
     RECT client{};
     ::GetClientRect(parent, &client);
     const Rect area = place.area.value_or(Rect{0, 0, client.right, client.bottom});
@@ -274,7 +276,8 @@ void FormWindow::makeTopLevel(HWND owner) {
         embedded_ = false;
         ::ShowWindow(window(), SW_HIDE);
         ::SetParent(window(), nullptr);
-        ::SetWindowLongPtrW(window(), GWL_STYLE, static_cast<LONG_PTR>(captionedStyle()));
+        const LONG_PTR own = ::GetWindowLongPtrW(window(), GWL_STYLE) & kScrollBars;
+        ::SetWindowLongPtrW(window(), GWL_STYLE, own | static_cast<LONG_PTR>(captionedStyle()));
         ::SetWindowLongPtrW(window(), GWL_EXSTYLE, static_cast<LONG_PTR>(captionedExStyle()));
     }
     ::SetWindowLongPtrW(window(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
@@ -311,6 +314,7 @@ void FormWindow::showAbove(HWND owner, const std::function<void(ModalLoop&)>& ru
     modal_ = modal;
     const bool wasEmbedded = embedded_;  // from a handler of its own, perhaps
     makeTopLevel(modal->owner());
+    goToScreenOf(modal->owner());
     RECT at = placement();
     const Rect& saved = model()->bounds();
     if (saved == Rect{}) {
@@ -369,13 +373,17 @@ void FormWindow::popUp(Menu& menu, Control& over, Point at) {
 // --- messages
 // ------------------------------------------------------------------------------------------------
 
+/// A description has up to 1,000 characters: on one line it would leave the screen.
+void FormWindow::limitToolTips() const {
+    ::SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(Twips{9000}));
+}
+
 void FormWindow::setToolTip(HWND of, const std::string& text) {
     if (toolTips_ == nullptr) {
         toolTips_ = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
                                       WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, window(), nullptr,
                                       surroundings_->instance(), nullptr);
-        // A description has up to 1,000 characters: on one line it would leave the screen.
-        ::SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(Twips{9000}));
+        limitToolTips();
     }
     std::wstring wide = toWide(text);
     TOOLINFOW tool{};
@@ -398,6 +406,9 @@ void FormWindow::controlChanged(ControlChange change) {
         case ControlChange::Bounds:
             if (settled_ && !embedded_) place();
             break;
+        case ControlChange::MinimumSize:
+            if (settled_) arrange();
+            break;
         case ControlChange::Visible:
             break;  // a form is shown by embed and showModal
         default:
@@ -410,10 +421,12 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
         keys_.perform();
         return 0;
     }
+    if (const auto answer = scroll_.message(message, wParam, lParam)) return answer;
     switch (message) {
         case WM_SIZE:
-            if (settled_ && wParam != SIZE_MINIMIZED) {
-                layOut(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)));
+            if (settled_ && wParam != SIZE_MINIMIZED && !scroll_.isFitting()) {
+                // Some hosts take their children to another screen without a word, but with another size.
+                if (!embedded_ || !takeResolution(nullptr)) arrange();
                 keepPlace();
             }
             return 0;
@@ -432,13 +445,9 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
         case WM_SETFOCUS:
             keyboard_.enter();
             return 0;
-        case kDpiChanged: {
-            const auto& wanted = *reinterpret_cast<const RECT*>(lParam);
-            ::SetWindowPos(window(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
-                           wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
-            takeResolution(surroundings_->dpiOf(window()));
+        case kDpiChanged:
+            takeResolution(reinterpret_cast<const RECT*>(lParam));
             return 0;
-        }
         case kDpiChangedAfterParent:
             rescale();
             return 0;

@@ -10,6 +10,7 @@
 #include "win32/controls/ContainerPeer.h"
 #include "win32/forms/DialogKeys.h"
 #include "win32/forms/FormKeyboard.h"
+#include "win32/forms/FormScroll.h"
 #include "win32/forms/ModalLoop.h"
 #include "win32/forms/Surroundings.h"
 
@@ -43,6 +44,7 @@ class FormWindow : public ContainerPeer {
     /// The model has moved: the window follows, at once or with all others of one layout.
     void moved(ControlPeer& peer);
     void setToolTip(HWND window, const std::string& text);
+    FormScroll& scroll() { return scroll_; }
     FormKeyboard& keyboard() { return keyboard_; }
     DialogKeys& keys() { return keys_; }
 
@@ -64,19 +66,26 @@ class FormWindow : public ContainerPeer {
     void showAbove(HWND owner, const std::function<void(ModalLoop&)>& run);
     /// A window of the host's bears the host's icon.
     void takeIcon(HWND owner) const;
-    void layOut(int width, int height);
     void placeMoved();
-    void takeResolution(int dpi);
     /// The person has chosen another message font for the system.
     void takeFont();
+    /// Shows everything at the resolution that the window has now, at a place that the system wants for it.
+    /// False when it is the one that is shown already.
+    bool takeResolution(const RECT* wanted);
+    /// A window has the resolution of the screen it is on: before it is measured it goes to where it will
+    /// open.
+    void goToScreenOf(HWND owner);
+    void limitToolTips() const;
     void keepPlace();
     void limitSize(MINMAXINFO& limits) const;
     RECT outerRect(Size client) const;
     Scale screenScale() const;
 
     std::shared_ptr<Surroundings> surroundings_;
+    Size opened_;  ///< what the form was laid out for when its window was made
     Scale scale_;
     FontHandle font_;
+    FormScroll scroll_;
     FormKeyboard keyboard_;
     DialogKeys keys_;
     HWND toolTips_ = nullptr;

@@ -7,6 +7,7 @@
 #include "win32/controls/ComboBoxPeer.h"
 #include "win32/controls/FramePeer.h"
 #include "win32/controls/LabelPeer.h"
+#include "win32/controls/SplitterPeer.h"
 #include "win32/controls/TabStripPeer.h"
 #include "win32/controls/TextBoxPeer.h"
 #include "win32/table/GridPeer.h"
@@ -36,6 +37,8 @@ std::unique_ptr<ControlPeer> makePeer(FormWindow& form, Control& control, HWND p
             return std::make_unique<GridPeer>(form, static_cast<Grid&>(control), parent);
         case Control::Kind::ListView:
             return std::make_unique<ListViewPeer>(form, static_cast<ListView&>(control), parent);
+        case Control::Kind::Splitter:
+            return std::make_unique<SplitterPeer>(form, static_cast<Splitter&>(control), parent);
         case Control::Kind::Form:
             break;
     }

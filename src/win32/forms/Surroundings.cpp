@@ -13,11 +13,18 @@ namespace {
 
 constexpr const wchar_t* kContainerClass = L"Pellmark.Container";
 constexpr const wchar_t* kFormClass = L"Pellmark.Form";
+constexpr const wchar_t* kSplitterClass = L"Pellmark.Splitter";
 
 /// A function of user32 that older systems lack.
 template <class Function>
 Function userFunction(const char* name) {
     return reinterpret_cast<Function>(::GetProcAddress(::GetModuleHandleW(L"user32.dll"), name));
+}
+
+/// 0 where the system does not say. What it draws itself follows this, also where a test says another one.
+UINT systemsDpiOf(HWND window) {
+    static const auto dpiForWindow = userFunction<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
+    return dpiForWindow != nullptr ? dpiForWindow(window) : 0;
 }
 
 int systemDpi() {
@@ -41,13 +48,27 @@ Surroundings::~Surroundings() {
     // Fails, as it should, while another component of the process still shows windows of these classes.
     ::UnregisterClassW(kFormClass, instance_);
     ::UnregisterClassW(kContainerClass, instance_);
+    ::UnregisterClassW(kSplitterClass, instance_);
 }
 
 int Surroundings::dpiOf(HWND window) const {
     if (dpiOverride_) return *dpiOverride_;
-    static const auto dpiForWindow = userFunction<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
-    const int dpi = dpiForWindow != nullptr ? static_cast<int>(dpiForWindow(window)) : 0;
+    const auto dpi = static_cast<int>(systemsDpiOf(window));
     return dpi > 0 ? dpi : systemDpi();
+}
+
+int Surroundings::metric(int index, HWND window) const {
+    static const auto forDpi = userFunction<int(WINAPI*)(int, UINT)>("GetSystemMetricsForDpi");
+    const UINT dpi = systemsDpiOf(window);
+    return forDpi != nullptr && dpi > 0 ? forDpi(index, dpi) : ::GetSystemMetrics(index);
+}
+
+void Surroundings::addFrame(RECT& client, DWORD style, DWORD exStyle, HWND window) const {
+    using ForDpi = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
+    static const auto forDpi = userFunction<ForDpi>("AdjustWindowRectExForDpi");
+    const UINT dpi = window != nullptr ? systemsDpiOf(window) : 0;
+    if (forDpi == nullptr || dpi == 0 || !forDpi(&client, style, FALSE, exStyle, dpi))
+        ::AdjustWindowRectEx(&client, style, FALSE, exStyle);
 }
 
 FontHandle Surroundings::messageFont(int dpi) const {
@@ -87,6 +108,10 @@ const wchar_t* Surroundings::containerClass() const {
 
 const wchar_t* Surroundings::formClass() const {
     return registered(kFormClass);
+}
+
+const wchar_t* Surroundings::splitterClass() const {
+    return registered(kSplitterClass);
 }
 
 const wchar_t* Surroundings::registered(const wchar_t* name) const {

@@ -28,6 +28,10 @@ class Surroundings {
 
     /// Dots per inch as the window sees them; the process's awareness stays the host's.
     int dpiOf(HWND window) const;
+    /// A system metric as it is for that window.
+    int metric(int index, HWND window) const;
+    /// Adds what a window of these styles has around its client area. Null is a window that is not made yet.
+    void addFrame(RECT& client, DWORD style, DWORD exStyle, HWND window) const;
     /// For tests: every window takes this instead of what the system says.
     void overrideDpi(std::optional<int> dpi) { dpiOverride_ = dpi; }
 
@@ -40,6 +44,7 @@ class Surroundings {
     /// process has taken them away.
     const wchar_t* containerClass() const;
     const wchar_t* formClass() const;
+    const wchar_t* splitterClass() const;
 
   private:
     const wchar_t* registered(const wchar_t* name) const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "controls/Splitter.h"
 #include "win32/WideText.h"
 
 namespace pellmark {
@@ -54,6 +55,13 @@ ControlPeer* TabOrder::nextSibling(const ControlPeer& from, int step) const {
     const Container* parent = from.control()->parent();
     return walk(&from, step, [parent](const ControlPeer& each) {
         return each.control()->parent() == parent && takesKeyboard(each);
+    });
+}
+
+ControlPeer* TabOrder::nextSplitter(const ControlPeer* from, int step) const {
+    return walk(from, step, [](const ControlPeer& each) {
+        return each.control()->kind() == Control::Kind::Splitter &&
+               static_cast<const Splitter*>(each.control())->isMovable();
     });
 }
 

@@ -22,6 +22,8 @@ class TabOrder {
     ControlPeer* next(const ControlPeer* from, int step) const;
     /// The same among the controls of one container, for the arrow keys.
     ControlPeer* nextSibling(const ControlPeer& from, int step) const;
+    /// The next bar that a person can move, round the ends; null when there is none.
+    ControlPeer* nextSplitter(const ControlPeer* from, int step) const;
     /// The control whose caption has that access key, looked for from behind the focus and round.
     ControlPeer* withAccessKey(wchar_t key, const ControlPeer* from) const;
 

@@ -15,16 +15,15 @@ GridEditor::GridEditor(HWND list, const RECT& cell, const DisplayList& choices, 
                        HFONT font, const Operations& operations, Ended ended)
     : list_(list), choices_(choices), stored_(stored), ended_(std::move(ended)) {
     const bool isList = !choices_.empty();
-    const int height = static_cast<int>(cell.bottom - cell.top);
     box_ = ::CreateWindowExW(
         0, isList ? WC_COMBOBOXW : WC_EDITW, nullptr,
-        WS_CHILD | WS_CLIPSIBLINGS | (isList ? CBS_DROPDOWNLIST | WS_VSCROLL : WS_BORDER | ES_AUTOHSCROLL),
-        cell.left, cell.top, cell.right - cell.left, isList ? height * kChoicesShown : height, list, nullptr,
-        nullptr, nullptr);
-    ::SendMessageW(box_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+        WS_CHILD | WS_CLIPSIBLINGS | (isList ? CBS_DROPDOWNLIST | WS_VSCROLL : WS_BORDER | ES_AUTOHSCROLL), 0,
+        0, 0, 0, list, nullptr, nullptr, nullptr);
     if (isList) {
-        makeList(cell, stored, font);
+        makeList(stored);
+        fit(cell, font);
     } else {
+        fit(cell, font);
         makeLine(stored);
     }
     hook_.emplace(box_, *this, operations);
@@ -40,11 +39,20 @@ GridEditor::~GridEditor() {
     ::DestroyWindow(box_);
 }
 
-void GridEditor::makeList(const RECT& cell, const std::string& stored, HFONT font) {
+void GridEditor::fit(const RECT& cell, HFONT font) {
+    ::SendMessageW(box_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    const bool isList = !choices_.empty();
+    const int height = static_cast<int>(cell.bottom - cell.top);
+    ::SetWindowPos(box_, nullptr, cell.left, cell.top, cell.right - cell.left,
+                   isList ? height * kChoicesShown : height, SWP_NOZORDER | SWP_NOACTIVATE);
+    if (!isList) return;
+    linebox::setClosedHeight(box_, linebox::closedHeight(linebox::lineHeight(font), height));
+    linebox::fitOpened(box_);
+}
+
+void GridEditor::makeList(const std::string& stored) {
     for (const DisplayList::Item& each : choices_.items())
         ::SendMessageW(box_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(each.shown).c_str()));
-    linebox::setClosedHeight(box_, linebox::closedHeight(linebox::lineHeight(font), cell.bottom - cell.top));
-    linebox::fitOpened(box_);
     ::SendMessageW(box_, CB_SETCURSEL, static_cast<WPARAM>(choices_.indexOf(stored)), 0);
 }
 

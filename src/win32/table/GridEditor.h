@@ -25,12 +25,14 @@ class GridEditor : public WindowHook::Owner {
     GridEditor& operator=(const GridEditor&) = delete;
 
     HWND window() const { return box_; }
+    /// The cell has moved, or has another font.
+    void fit(const RECT& cell, HFONT font);
     /// The stored value of what the box shows.
     std::string value() const;
 
   private:
     std::optional<LRESULT> seen(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept override;
-    void makeList(const RECT& cell, const std::string& stored, HFONT font);
+    void makeList(const std::string& stored);
     void makeLine(const std::string& stored);
     void end(End how);
 

@@ -42,8 +42,15 @@ void GridPeer::detach() {
 }
 
 void GridPeer::rescale() {
-    editor_.reset();
     TablePeer::rescale();
+    fitEditor();
+}
+
+void GridPeer::fitEditor() {
+    if (!editor_ || !grid()->isEditing()) return;
+    const Cell cell{grid()->editing()->row - grid()->fixedRows(),
+                    gridTable().columnOf(grid()->editing()->col)};
+    editor_->fit(cellRect(cell), font());
 }
 
 void GridPeer::modelChanged(const GridChange& change) {
@@ -302,6 +309,11 @@ std::optional<LRESULT> GridPeer::message(UINT message, WPARAM wParam, LPARAM lPa
         case kCommitChoice:
             if (editor_) ::SetFocus(window());
             return 0;
+        case WM_SIZE: {
+            const auto answer = TablePeer::message(message, wParam, lParam);
+            fitEditor();
+            return answer;
+        }
         case WM_VSCROLL:
         case WM_HSCROLL:
         case WM_MOUSEWHEEL:

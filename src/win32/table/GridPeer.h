@@ -38,6 +38,8 @@ class GridPeer : public TablePeer {
     void takeCell(Cell cell, bool onlySelected);
     bool isEditable(Cell cell) const;
     void edit(Cell cell);
+    /// The cell that is being edited may have moved.
+    void fitEditor();
     /// False when the current row has nothing to edit.
     bool editByKeyboard();
     void dragOut();

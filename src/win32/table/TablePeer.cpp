@@ -124,10 +124,12 @@ void TablePeer::scrollToTop(int row) {
 }
 
 void TablePeer::rescale() {
+    const int top = topRow();
     ControlPeer::rescale();
     shownFont_.reset();
     showFont();
     header_->rebuild(scale());
+    scrollToTop(top);
 }
 
 void TablePeer::paint() {

@@ -247,6 +247,18 @@ TEST_F(ReadOnlyBaseTest, WhatIsOnlyInTheLogOfAKilledProgramIsSeen) {
                 HasSubstr("is read-only"));
 }
 
+TEST_F(ReadOnlyBaseTest, WhatAProgramThatHadItOpenBeforeGoesOnToWriteIsSeen) {
+    SqliteKnowledgeBaseService writer(path, kImpatient);
+    protect();
+    SqliteKnowledgeBaseService reader(path, kImpatient);
+    ASSERT_TRUE(reader.base()->isReadOnly());
+    const std::size_t before = reader.processStore().processes("")->count();
+    const std::string id = writer.processStore().addProcess({"", "Added meanwhile", 71, "", ""});
+    EXPECT_EQ(reader.processStore().processes("")->count(), before + 1);
+    EXPECT_EQ(reader.processStore().process(id).Name, "Added meanwhile");
+    EXPECT_THAT(refusalOf([&] { reader.processStore().deleteProcess(id); }), HasSubstr("is read-only"));
+}
+
 TEST_F(ReadOnlyBaseTest, ADamagedOneIsRefusedAsBefore) {
     writeFile(path, std::string(5000, 'x'));
     protect();

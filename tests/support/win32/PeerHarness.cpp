@@ -43,9 +43,9 @@ void PeerHarness::embed() {
     Person::waitUntil([&] { return ::GetForegroundWindow() == host_; });
 }
 
-HWND PeerHarness::of(Control& control) const {
+HWND PeerHarness::of(const Form& form, const Control& control) {
     Search search{&control, nullptr};
-    const auto root = reinterpret_cast<HWND>(form->handle());
+    const auto root = reinterpret_cast<HWND>(form.handle());
     ::EnumChildWindows(root, &findPeer, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }

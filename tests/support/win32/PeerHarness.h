@@ -23,7 +23,9 @@ class PeerHarness {
     HWND hostBox() const { return hostBox_; }
     void embed();
     /// The window of a control of the form.
-    HWND of(Control& control) const;
+    HWND of(Control& control) const { return of(*form, control); }
+    /// The same of another form.
+    static HWND of(const Form& form, const Control& control);
     /// Gives it the keyboard.
     void focus(Control& control);
     bool hasFocus(Control& control) const { return ::GetFocus() == of(control); }

@@ -42,8 +42,24 @@ void Person::moveTo(HWND window, POINT at) {
     ::SetCursorPos(static_cast<int>(at.x), static_cast<int>(at.y));
 }
 
+void Person::pressMouse() {
+    sendMouse(MOUSEEVENTF_LEFTDOWN);
+    settle();
+}
+
 void Person::releaseMouse() {
     sendMouse(MOUSEEVENTF_LEFTUP);
+}
+
+void Person::turnWheel(HWND over, POINT at, int notches) {
+    moveTo(over, at);
+    settle();
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_WHEEL;
+    input.mi.mouseData = static_cast<DWORD>(notches * WHEEL_DELTA);
+    ::SendInput(1, &input, sizeof input);
+    settle();
 }
 
 void Person::pump() {

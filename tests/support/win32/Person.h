@@ -32,7 +32,10 @@ class Person {
     static void sendClick(HWND window, POINT at, bool right);
     static POINT middleOf(HWND window);
     static void moveTo(HWND window, POINT at);
+    static void pressMouse();
     static void releaseMouse();
+    /// By so many notches, towards the person where negative.
+    static void turnWheel(HWND over, POINT at, int notches);
 };
 
 /// Does things while somebody else's loop runs (a modal form, a message box, a menu): each step waits until

@@ -57,6 +57,13 @@ TEST(ScreenPlace, AWindowThatIsTooLargeShowsItsCaption) {
     EXPECT_EQ(movedOntoScreen({500, 500, 5000, 4000}, kTwo), (Rect{0, 0, 5000, 4000}));
 }
 
+TEST(ScreenPlace, AWindowIsMadeNoLargerThanTheScreenThatShowsMostOfIt) {
+    EXPECT_EQ(shrunkToScreen({500, 500, 5000, 400}, kTwo), (Rect{500, 500, 1920, 400}));
+    EXPECT_EQ(shrunkToScreen({-1200, 300, 400, 4000}, kTwo), (Rect{-1200, 300, 400, 984}));
+    EXPECT_EQ(shrunkToScreen({100, 100, 400, 300}, kTwo), (Rect{100, 100, 400, 300}));
+    EXPECT_EQ(shrunkToScreen({100, 100, 5000, 4000}, {}), (Rect{100, 100, 5000, 4000}));
+}
+
 TEST(ScreenPlace, WithoutScreensNothingMoves) {
     const Rect window{5000, 100, 400, 300};
     EXPECT_EQ(movedOntoScreen(window, {}), window);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "controls/Splitter.h"
 #include "controls/list/ListView.h"
 #include "processes/FrmEditProcessMaterials.h"
 #include "support/PortsHarness.h"
@@ -48,6 +49,22 @@ TEST_F(FormLayoutTest, AWidthThatNobodyChoseIsNotStoredAndGoesOnFollowingTheForm
     restoreFormLayout(form, layouts);
     list.suggestColumnWidth(0, 3333);
     EXPECT_EQ(list.columnHeaders()[0].width, 3333);
+}
+
+TEST_F(FormLayoutTest, ABarComesBackWhereverItStandsOnceAPersonHasMovedIt) {
+    Splitter bar{page, "Split", Splitter::Bar::Standing};
+    saveFormLayout(form, layouts);
+    EXPECT_FALSE(registry.hasKey(Registry::kCurrentUser, kKey));
+    bar.setDivision({6000, 1000, 1000, 3000});
+    bar.moveTo(1500);
+    saveFormLayout(form, layouts);
+    EXPECT_EQ(registry.number(Registry::kCurrentUser, kKey, "Split"), 2500);
+    bar.setShare(std::nullopt);
+    restoreFormLayout(form, layouts);
+    EXPECT_EQ(bar.first(), 1500);
+    bar.choose(std::nullopt);
+    saveFormLayout(form, layouts);
+    EXPECT_FALSE(registry.number(Registry::kCurrentUser, kKey, "Split"));
 }
 
 TEST_F(FormLayoutTest, WhatIsBeingEditedIsNotRemembered) {

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <optional>
+
+#include "controls/Viewport.h"
+#include "win32/WindowsApi.h"
+
+namespace pellmark {
+
+class FormWindow;
+
+/// The scroll bars of a form's window: they come where the window has less room than the form is laid out
+/// for, and go when it has enough again. All lengths in pixels.
+class FormScroll {
+  public:
+    explicit FormScroll(FormWindow& form) : form_(form) {}
+
+    /// The window's room or what the form needs at least has changed. The size to lay the form out for.
+    Size fit(Size least);
+    /// True while the bars come and go, which changes the window's room in between.
+    bool isFitting() const { return fitting_; }
+
+    /// The point of the form that is at the window's upper left corner.
+    Point at() const { return view_.at(); }
+    /// Shows the window of a control, if need be by scrolling.
+    void reveal(HWND control);
+
+    /// What a person does to the bars or with the wheel over a place where nothing else takes it.
+    std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
+
+  private:
+    /// The window's room if it had no bars.
+    Size roomWithoutBars() const;
+    Size barSizes() const;
+    void showBar(int bar, Twips content, Twips page, Twips at) const;
+    void showBars() const;
+    void scrollTo(Point at);
+    void moved(Point from) const;
+    std::optional<Twips> barMoved(int bar, int code, Twips at, Twips page) const;
+    bool turnWheel(bool across, int delta);
+    int line() const;
+
+    FormWindow& form_;
+    Viewport view_;
+    bool fitting_ = false;
+    int wheel_ = 0;  ///< what has been turned but is less than a step
+};
+
+}  // namespace pellmark
