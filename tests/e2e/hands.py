@@ -49,11 +49,15 @@ class Mouse:
             return last()
         return last() or wait_for("the last row to be in view", wheel)
 
-    def command(self, grid, menu, caption):
-        """Runs a command of the grid's context menu."""
+    def open_menu(self, grid):
+        """The grid's context menu, at a selected row where there is one."""
         rows = self._desktop.rows(grid)["rows"]
         selected = next((row for row in rows if row["selected"]), None)
         self._desktop.click(self._desktop.row_middle(selected) if selected else grid.middle, button=3)
+
+    def command(self, grid, menu, caption):
+        """Runs a command of the grid's context menu."""
+        self.open_menu(grid)
         left, top, width, height = self._desktop.one("#32768").area
         border, line = 3, 9
         entry = (height - 2 * border - line * menu.count("-")) / (len(menu) - menu.count("-"))
@@ -72,11 +76,12 @@ class Mouse:
 
 
 class Keyboard:
-    """Never touches the mouse: the desktop fails when somebody does."""
+    """Never touches the mouse; where it is alone, the desktop fails when somebody does."""
 
-    def __init__(self, desktop):
+    def __init__(self, desktop, alone=True):
         self._desktop = desktop
-        desktop.put_the_mouse_away()
+        if alone:
+            desktop.put_the_mouse_away()
 
     def select(self, grid, row):
         self._desktop.tab_to(grid)
@@ -86,9 +91,12 @@ class Keyboard:
         self._desktop.tab_to(grid)
         self._desktop.key("ctrl+a")
 
-    def command(self, grid, menu, caption):
+    def open_menu(self, grid):
         self._desktop.tab_to(grid)
         self._desktop.key("shift+F10")
+
+    def command(self, grid, menu, caption):
+        self.open_menu(grid)
         self._desktop.one("#32768")
         entries = [each for each in menu if each != "-"]
         self._desktop.key(*["Down"] * (entries.index(caption) + 1), "Return")
