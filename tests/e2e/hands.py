@@ -50,9 +50,9 @@ class Mouse:
         return last() or wait_for("the last row to be in view", wheel)
 
     def open_menu(self, grid):
-        """The grid's context menu, at a selected row where there is one."""
+        """The grid's context menu, at a selected row where there is one: the last, since that is what is in view."""
         rows = self._desktop.rows(grid)["rows"]
-        selected = next((row for row in rows if row["selected"]), None)
+        selected = next((row for row in reversed(rows) if row["selected"]), None)
         self._desktop.click(self._desktop.row_middle(selected) if selected else grid.middle, button=3)
 
     def command(self, grid, menu, caption):
