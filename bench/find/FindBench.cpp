@@ -8,6 +8,7 @@
 #include "controls/grid/ColumnTable.h"
 #include "knowledge/Records.h"
 #include "processes/AllProcesses.h"
+#include "processes/ProcessRows.h"
 #include "refhost/store/SqliteKnowledgeBaseService.h"
 #include "settings/cRegDefaults.h"
 #include "support/Measure.h"
@@ -40,15 +41,11 @@ class NoHelp : public HelpLauncher {
     void openHelp(WindowHandle) override {}
 };
 
-constexpr ColumnSpec kColumns[] = {{"Name", field::kName, 4000},
-                                   {"Unit", field::kUnit, 1000, false, false, kUnitComboList},
-                                   {"Rule", field::kRule, 3000},
-                                   {"Description", field::kDescription, 4000}};
-
 class ListForm : public Form {
   public:
     explicit ListForm(Desktop& desktop) : Form(desktop, "ListForm") {
-        layOutColumns(grid, kColumns, [](const std::string& english) { return english; });
+        layOutColumns(grid, processColumns(false), [](const std::string& english) { return english; });
+        hideInternalColumns(grid, processColumns(false), true);
     }
     void arrange(Size client) override {
         line.setBounds({0, 0, client.width, FindLine::kHeight});
@@ -80,7 +77,7 @@ HWND boxOf(HWND parent, const Control& control) {
 class Bench {
   public:
     Bench(const std::string& folder, std::size_t count)
-        : service_(bench::syntheticBase(folder, count), {std::chrono::milliseconds(5000), false}) {
+        : service_(bench::syntheticBase(folder, count), {std::chrono::milliseconds(5000), false, true}) {
         form_.embed(reinterpret_cast<WindowHandle>(host_.window));
         show();
         arrangement_.find();

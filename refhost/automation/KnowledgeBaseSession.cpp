@@ -3,13 +3,16 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "refhost/automation/HostConfiguration.h"
+#include "refhost/windows/LocalDisk.h"
 
 namespace norvex {
 
 SqliteKnowledgeBaseService& KnowledgeBaseSession::service() {
     if (!service_) {
         if (path_ == configuration::defaultKnowledgeBaseFile()) configuration::makeFolderOf(path_);
-        service_ = std::make_unique<SqliteKnowledgeBaseService>(path_);
+        OpenOptions options;
+        options.mapped = isOnLocalDisk(path_);
+        service_ = std::make_unique<SqliteKnowledgeBaseService>(path_, options);
     }
     return *service_;
 }

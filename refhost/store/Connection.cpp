@@ -151,6 +151,10 @@ void Connection::keepLogOnClose(bool keep) {
     sqlite3_db_config(database_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, keep ? 1 : 0, nullptr);
 }
 
+void Connection::readAsMemory() {
+    execute("PRAGMA mmap_size = 2147418112");  // the most that SQLite takes
+}
+
 void Connection::fail(int resultCode) const {
     throw FileError(path_, resultCode, sqlite3_errmsg(database_));
 }

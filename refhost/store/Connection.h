@@ -55,6 +55,8 @@ class Connection {
     bool inTransaction() const;
     /// While set, closing the connection leaves the file alone: the log beside it stays for the next one.
     void keepLogOnClose(bool keep);
+    /// From now on as much of the file as SQLite can map is read as memory.
+    void readAsMemory();
 
     /// Throws the Error that belongs to a SQLite result code of this connection.
     [[noreturn]] void fail(int resultCode) const;

@@ -94,6 +94,7 @@ std::shared_ptr<Connection> KnowledgeBase::borrowReader() {
     if (idleReaders_.empty()) {
         const Opening opening = isReadOnly() ? opening_ : Opening::Existing;
         reader = std::make_unique<Connection>(path(), opening, options_.busyTimeout);
+        if (options_.mapped) reader->readAsMemory();
     } else {
         reader = std::move(idleReaders_.back());
         idleReaders_.pop_back();

@@ -14,6 +14,9 @@ struct OpenOptions {
     std::chrono::milliseconds busyTimeout{5000};
     /// A new file gets the sample data.
     bool seed = true;
+    /// Lists and searches read the file as memory, several times as fast where a call of the system is dear.
+    /// Only for a disk of this machine: what cannot be read there ends the program instead of a call.
+    bool mapped = false;
 };
 
 /// A knowledge base file that is open. Several processes may have the same file open; each change is on disk

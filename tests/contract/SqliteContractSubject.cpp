@@ -9,6 +9,7 @@ namespace {
 norvex::OpenOptions withoutSampleData() {
     norvex::OpenOptions options;
     options.seed = false;
+    options.mapped = true;
     return options;
 }
 
