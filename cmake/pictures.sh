@@ -47,6 +47,7 @@ make_sheets() {
                 paths+=(-label "$(basename "$(dirname "${path:-/none/none}")") $name" "${path:-null:}")
             done
         done
+        [ "$columns" -ge 3 ] || columns=4 # a single column would be too high to be looked at
         montage "${paths[@]}" -tile "${columns}x" -geometry '560x420>+6+6' "$folder/$scheme.png" ||
             die "The sheet of the scheme $scheme could not be made."
         say "$folder/$scheme.png"

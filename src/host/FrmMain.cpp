@@ -187,7 +187,7 @@ void FrmMain::CmdHelp_Click() {
 
 void FrmMain::placeFilters() {
     constexpr Twips kRow = 405;
-    constexpr Size kFrame{4900, 1590};
+    constexpr Size kFrame{4850, 1590};
     const auto row = [&](Label& label, ComboBox& combo, int number) {
         const Twips top = 270 + number * kRow;
         label.place({150, top + 60, 2150, 255}, kFrame, {});

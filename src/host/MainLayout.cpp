@@ -11,7 +11,9 @@ namespace {
 
 constexpr Twips kGap = 100;
 constexpr Twips kCaption = 300;
-constexpr Twips kFilterWidth = 4900;
+/// A grid has as much room below as between it and the title above.
+constexpr Twips kGridTop = 375;
+constexpr Twips kFilterWidth = 4850;
 constexpr Twips kFiltersTaken = 5150;
 constexpr Twips kFeatureTypeFiltersHeight = 1590;
 constexpr Twips kProcessFiltersHeight = 1200;
@@ -104,7 +106,7 @@ ProcessCase arrangeProcessCase(Size page, const CaseNeeds& needs, const CaseShar
 }
 
 Rect gridInFrame(const Rect& frame) {
-    return {100, kCaption, std::max(frame.width - kFrameTakes.width, 0),
+    return {100, kGridTop, std::max(frame.width - kFrameTakes.width, 0),
             std::max(frame.height - kFrameTakes.height, 0)};
 }
 

@@ -48,14 +48,14 @@ def describe_case(desktop, workbench, values=VALUES, kind=TYPE):
     fill_case(desktop, case_dialog(desktop), values, kind)
 
 
-def fill_case_by_keyboard(desktop, values=VALUES):
+def fill_case_by_keyboard(desktop, values=VALUES, kind=TYPE):
     """The same without a mouse, in the dialog that has the keyboard."""
     dialog = case_dialog(desktop)
     combos = sorted(desktop.find("ComboBox", inside=dialog), key=lambda w: (w.area[1], w.area[0]))
     desktop.key("alt+f")
-    desktop.key("Home", *["Down"] * desktop.entries(combos[3]).index(TYPE))
-    wait_for(f"{TYPE!r} to be chosen",
-             lambda: any(w.handle == combos[3].handle and w.text == TYPE for w in desktop.windows()))
+    desktop.key("Home", *["Down"] * desktop.entries(combos[3]).index(kind))
+    wait_for(f"{kind!r} to be chosen",
+             lambda: any(w.handle == combos[3].handle and w.text == kind for w in desktop.windows()))
     box = desktop.find("ListBox", inside=dialog)[0]
     entries = wait_for("the values of the type", lambda: [each["text"] for each in desktop.choices(box)])
     desktop.key("alt+v")

@@ -158,6 +158,11 @@ class Desktop:
     def double_click(self, point):
         self.click(point, times=2)
 
+    def size(self):
+        """Width and height of the whole display."""
+        shown = subprocess.run(["xdotool", "getdisplaygeometry"], check=True, timeout=30, capture_output=True, text=True)
+        return tuple(int(word) for word in shown.stdout.split())
+
     def drag(self, start, end, steps=12):
         """Presses at one point, moves in steps as a hand does, and releases at the other."""
         self.move(start)

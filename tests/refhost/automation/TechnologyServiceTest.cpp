@@ -357,12 +357,18 @@ TEST_F(TechnologyServiceTest, TheServiceAnswersWhileItsEditorIsOpen) {
 }
 
 TEST_F(TechnologyServiceTest, TheEditorStandsOverItsOwnerAndKeepsItDisabled) {
-    const HWND owner = CreateWindowExW(0, L"STATIC", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200,
-                                       100, nullptr, nullptr, nullptr, nullptr);
+    const HWND owner = CreateWindowExW(0, L"STATIC", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 20, 1000,
+                                       800, nullptr, nullptr, nullptr, nullptr);
     const auto technology = service_->create(602, "");
     const Person person([owner](HWND dialog) {
         EXPECT_EQ(GetWindow(dialog, GW_OWNER), owner);
         EXPECT_FALSE(IsWindowEnabled(owner));
+        RECT over{};
+        RECT under{};
+        GetWindowRect(dialog, &over);
+        GetWindowRect(owner, &under);
+        EXPECT_NEAR(over.left + over.right, under.left + under.right, 2);
+        EXPECT_NEAR(over.top + over.bottom, under.top + under.bottom, 2);
         press(dialog, IDCANCEL);
         return true;
     });

@@ -100,11 +100,9 @@ class Inspection {
     void inspect(HWND parent) {
         RECT room = reachable(parent);
         ::InflateRect(&room, 1, 1);  // edges in twips are rounded one by one
-        const bool isTabs = classOf(parent) == WC_TABCONTROLW;
         std::vector<std::pair<HWND, RECT>> placed;
         for (HWND child : childrenOf(parent)) {
-            // Pages are looked at though another one is in front; the arrows beside tabs are the strip's own.
-            if (!isShown(child) && (!isTabs || classOf(child) == UPDOWN_CLASSW)) continue;
+            if (!isShown(child)) continue;  // a page behind another one has its room when it is in front
             RECT at{};
             ::GetWindowRect(child, &at);
             ::MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&at), 2);
@@ -112,8 +110,7 @@ class Inspection {
             ::IntersectRect(&common, &at, &room);
             if (!::IsRectEmpty(&at) && !::EqualRect(&common, &at)) complain(child, "reaches out");
             for (const auto& [other, place] : placed) {
-                if (!isTabs && ::IntersectRect(&common, &at, &place))
-                    complain(child, "covers " + nameOf(other));
+                if (::IntersectRect(&common, &at, &place)) complain(child, "covers " + nameOf(other));
             }
             placed.emplace_back(child, at);
             look(child);

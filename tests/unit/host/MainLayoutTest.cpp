@@ -41,6 +41,7 @@ TEST(MainLayoutTest, TheFeatureCaseTakesWhatTheFiltersLeave) {
 TEST(MainLayoutTest, AGridFillsItsFrame) {
     EXPECT_EQ(layout::gridInFrame({0, 0, 3000, 2000}).width, 2800);
     EXPECT_EQ(layout::gridInFrame({0, 0, 3000, 2000}).height, 1500);
+    EXPECT_EQ(layout::gridInFrame({0, 0, 3000, 2000}).bottom(), 2000 - 125);
     EXPECT_EQ(layout::gridInFrame({0, 0, 100, 100}).width, 0);
     EXPECT_EQ(layout::gridInFrame({0, 0, 100, 100}).height, 0);
 }
@@ -65,6 +66,15 @@ TEST(MainLayoutTest, TheLineForFindingNeedsMoreStill) {
 }
 
 // --- the page of the feature case -------------------------------------------------------------------------
+
+TEST(MainLayoutTest, TheBoxesAmongTheFiltersHaveTheSameMarginOnEverySide) {
+    const auto at = layout::arrangeProcessCase(kHighPage);
+    EXPECT_EQ(at.featureTypeFilters.left, 100);
+    EXPECT_EQ(at.processCase.left - at.featureTypeFilters.right(), 100);
+    EXPECT_EQ(at.filters.width - at.processCase.right(), 100);
+    EXPECT_EQ(at.filters.height - at.processCase.bottom(), 100);
+    EXPECT_EQ(at.filters.height - at.processFilters.bottom(), 100);
+}
 
 TEST(MainLayoutTest, TheListsStandOneAboveTheOtherWhereThePageIsHighEnough) {
     const auto at = layout::arrangeProcessCase(kHighPage);
