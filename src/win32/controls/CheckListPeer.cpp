@@ -36,7 +36,18 @@ void CheckListPeer::detach() {
 
 void CheckListPeer::rescale() {
     ControlPeer::rescale();
+    remakeBoxes();
     fitColumn();
+}
+
+/// The list draws its boxes once, in the size of the screen that it is on then.
+void CheckListPeer::remakeBoxes() {
+    filling_ = true;
+    ::SendMessageW(window(), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, 0);
+    ::SendMessageW(window(), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, LVS_EX_CHECKBOXES);
+    for (int i = 0; i < list()->count(); ++i)
+        showSelection(i);
+    filling_ = false;
 }
 
 void CheckListPeer::fitColumn() {

@@ -24,6 +24,7 @@ class CheckListPeer : public ControlPeer {
     void showItems();
     void showSelection(int item);
     void fitColumn();
+    void remakeBoxes();
 
     bool filling_ = false;  ///< the window's notifications are about what it was told
     Subscription itemsChanged_;

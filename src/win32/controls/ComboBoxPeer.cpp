@@ -32,6 +32,7 @@ void ComboBoxPeer::detach() {
 void ComboBoxPeer::rescale() {
     ControlPeer::rescale();
     fitClosed();
+    place();
     linebox::fitOpened(window());
 }
 

@@ -13,6 +13,7 @@ using ::testing::IsEmpty;
 class ChoosingForm : public Form {
   public:
     explicit ChoosingForm(Desktop& desktop) : Form(desktop, "choosing") {
+        setBorderStyle(BorderStyle::Sizable);
         setClientSize({6000, 4000});
         list.place({0, 0, 6000, 3000}, {6000, 4000}, {true, true, true, true});
         for (const char* each : {"Name", "Unit", "Rule", "Description"})
@@ -125,6 +126,16 @@ TEST_F(CheckListPeerTest, TabLeavesTheListAndSpaceStaysOutOfTheButtons) {
     Person::press({VK_SPACE});
     EXPECT_EQ(clicks, 1);
     EXPECT_THAT(selected(), ElementsAre(true, true, false, false));
+}
+
+TEST_F(CheckListPeerTest, WhatIsTickedStaysSoOnAScreenOfAnotherResolution) {
+    const auto before = selected();
+    desktop.overrideDpi(192);
+    ::SendMessageW(reinterpret_cast<HWND>(choosing.handle()), 0x02E3, 0, 0);
+    EXPECT_EQ(selected(), before);
+    EXPECT_EQ(ticked(), before);
+    Person::click(window(), in(0, LVIR_BOUNDS));
+    EXPECT_TRUE(choosing.list.isSelected(0));
 }
 
 }  // namespace
