@@ -217,7 +217,8 @@ class Desktop:
         self.move = self._no_mouse
 
     def still_picture(self, path, window=None):
-        """A picture of what stands still: two in a row are alike."""
+        """A picture of what stands still: two in a row are alike but for a caret, which blinks."""
+        caret_pixels = 200
         path = pathlib.Path(path)
         before = path.with_suffix(".before.png")
 
@@ -225,8 +226,9 @@ class Desktop:
             self.picture(before, window)
             time.sleep(0.2)
             self.picture(path, window)
-            return subprocess.run(["compare", "-metric", "AE", str(before), str(path), "null:"],
-                                  stderr=subprocess.DEVNULL, timeout=30).returncode == 0
+            compared = subprocess.run(["compare", "-metric", "AE", str(before), str(path), "null:"],
+                                      stderr=subprocess.PIPE, timeout=30, text=True)
+            return compared.returncode < 2 and float(compared.stderr.split()[0]) <= caret_pixels
 
         try:
             wait_for("a picture that stands still", is_still)
