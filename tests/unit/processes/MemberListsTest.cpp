@@ -53,6 +53,12 @@ TEST_F(MemberListsTest, AClickOnAHeadingSortsItsList) {
     EXPECT_FALSE(lists.LV2.sorted());
 }
 
+TEST_F(MemberListsTest, WhatIsShownTakesThePlaceOfWhatWasShownBefore) {
+    lists.show({{"4", "d", {}}}, {{"5", "e", {}}});
+    EXPECT_THAT(shown(lists.LV1), ElementsAre("d"));
+    EXPECT_THAT(shown(lists.LV2), ElementsAre("e"));
+}
+
 TEST_F(MemberListsTest, ItemsWithTheSameKeyLeaveNoHalfAList) {
     EXPECT_THROW(lists.show({{"1", "a", {}}, {"1", "b", {}}}, {{"2", "c", {}}}), Error);
     EXPECT_THAT(shown(lists.LV1), IsEmpty());

@@ -471,6 +471,19 @@ TEST_F(GridTest, WithRedrawingOffThePeerHearsOnce) {
     EXPECT_THAT(heard, ElementsAre(GridChange::What::All, GridChange::What::Scroll));
 }
 
+TEST_F(GridTest, ARowThatHasGoneMeanwhileIsNotScrolledTo) {
+    grid.setRows(11);
+    std::vector<GridChange::What> heard;
+    const auto changed =
+        grid.gridChanged.subscribe([&](const GridChange& change) { heard.push_back(change.what); });
+    {
+        const Grid::RedrawOff off(grid);
+        grid.showCell(10, 0);
+        grid.removeRow(10);
+    }
+    EXPECT_THAT(heard, ElementsAre(GridChange::What::All));
+}
+
 class GridEditTest : public GridTest {
   protected:
     GridEditTest() {

@@ -283,6 +283,17 @@ TEST_F(ListViewTest, ScrollingIsToldAfterTheItemsOfABatch) {
     EXPECT_THAT(told, ElementsAre(ListChange::What::All, ListChange::What::Scroll));
 }
 
+TEST_F(ListViewTest, TheWindowIsToldOnceWhichItemIsCurrent) {
+    fill({"a", "b"});
+    std::vector<int> told;
+    const auto onChange = list.listChanged.subscribe([&](const ListChange& change) {
+        if (change.what == ListChange::What::Current) told.push_back(change.index);
+    });
+    list.setCurrent(1);
+    list.setCurrent(1);
+    EXPECT_THAT(told, ElementsAre(1));
+}
+
 /// A list that moved its items at every removal, or searched for a key, would need minutes here.
 TEST_F(ListViewTest, TenThousandItemsGoToAndFroAgainAndAgain) {
     constexpr int kItems = 10000;
