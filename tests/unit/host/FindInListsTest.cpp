@@ -417,6 +417,19 @@ TEST_F(FindInListsTest, ARefreshThatFailsIsTold) {
     EXPECT_TRUE(trace.trapped("cProcess::Refresh"));
 }
 
+TEST_F(FindInListsTest, AProcessThatWasStoredIsFoundByItsNewNameWithoutTheOptionalMember) {
+    base.tables().findsProcesses = false;
+    openTaps();
+    press(grid, 'F', true);
+    line.TxtFind.setText("tap");
+    ProcessRecord renamed = base.processStore().process(ids["Ream"]);
+    renamed.Name = "Polish";
+    base.processStore().updateProcess(renamed);
+    list().UpdateFromDb(renamed);
+    line.TxtFind.setText("polish");
+    EXPECT_THAT(names(grid), ElementsAre("Polish"));
+}
+
 TEST_F(FindInListsTest, AListThatMeetsARowThatIsGoneIsReadAnew) {
     openTaps();
     base.processStore().deleteProcess(ids["Tap M3"]);
