@@ -1,0 +1,152 @@
+#include "win32/table/GridPeer.h"
+
+#include "support/win32/GridPeerFixture.h"
+
+namespace pellmark::test {
+namespace {
+
+class GridPeerEditTest : public GridPeerFixture {
+  protected:
+    GridPeerEditTest() {
+        form->tabs.setIndex(1);
+        focus(values());
+    }
+    Grid& values() { return form->values; }
+    HWND editor(const wchar_t* className) {
+        return ::FindWindowExW(of(values()), nullptr, className, nullptr);
+    }
+    HWND line() { return editor(L"Edit"); }
+    HWND choices() { return editor(L"ComboBox"); }
+    POINT inValue(int row) {
+        RECT rect{};
+        rect.left = LVIR_BOUNDS;
+        ::SendMessageW(of(values()), LVM_GETITEMRECT, static_cast<WPARAM>(row),
+                       reinterpret_cast<LPARAM>(&rect));
+        return {140, (rect.top + rect.bottom) / 2};
+    }
+};
+
+TEST_F(GridPeerEditTest, F2EditsTheLineAndEnterCommits) {
+    values().select(3, 0);
+    Person::press({VK_F2});
+    ASSERT_NE(line(), nullptr);
+    Person::type("deep");
+    Person::press({VK_RETURN});
+    EXPECT_EQ(values().text(3, 1), "deep");
+    EXPECT_EQ(line(), nullptr);
+    EXPECT_TRUE(hasFocus(values()));
+}
+
+TEST_F(GridPeerEditTest, EscapeLeavesTheCellAsItWas) {
+    values().select(2, 0);
+    Person::press({VK_F2});
+    Person::type("x");
+    Person::press({VK_ESCAPE});
+    EXPECT_EQ(values().text(2, 1), "H7");
+    EXPECT_FALSE(values().isEditing());
+    EXPECT_EQ(line(), nullptr);
+}
+
+TEST_F(GridPeerEditTest, LosingTheFocusCommits) {
+    values().select(2, 0);
+    Person::press({VK_F2});
+    Person::type("H8");
+    Person::click(of(form->name));
+    EXPECT_EQ(values().text(2, 1), "H8");
+    EXPECT_EQ(line(), nullptr);
+}
+
+TEST_F(GridPeerEditTest, ARefusedValueKeepsThePersonInTheCell) {
+    const auto veto =
+        values().validateEdit.subscribe([](CellEdit& edit) { edit.cancel = edit.text == "bad"; });
+    values().select(2, 0);
+    Person::press({VK_F2});
+    Person::type("bad");
+    Person::press({VK_RETURN});
+    EXPECT_NE(line(), nullptr);
+    EXPECT_TRUE(values().isEditing());
+    Person::press({VK_ESCAPE});
+    EXPECT_EQ(values().text(2, 1), "H7");
+}
+
+TEST_F(GridPeerEditTest, ARefusalThatIsToldInABoxKeepsThePersonInTheCell) {
+    int offered = 0;
+    const auto veto = values().validateEdit.subscribe([&](CellEdit& edit) {
+        ++offered;
+        edit.cancel = true;
+        const HWND focus = ::GetFocus();
+        ::SetFocus(host());  // as a message box does
+        ::SetFocus(focus);
+    });
+    values().select(2, 0);
+    Person::press({VK_F2});
+    Person::type("bad");
+    Person::press({VK_RETURN});
+    EXPECT_EQ(offered, 1);
+    EXPECT_NE(line(), nullptr);
+    EXPECT_TRUE(values().isEditing());
+    Person::press({VK_ESCAPE});
+    EXPECT_FALSE(values().isEditing());
+}
+
+TEST_F(GridPeerEditTest, ACellWithChoicesOpensItsListAtOnce) {
+    Person::click(of(values()), inValue(0));
+    ASSERT_NE(choices(), nullptr);
+    EXPECT_TRUE(::SendMessageW(choices(), CB_GETDROPPEDSTATE, 0, 0));
+    EXPECT_EQ(::SendMessageW(choices(), CB_GETCURSEL, 0, 0), 1);
+    Person::press({VK_DOWN});
+    Person::press({VK_RETURN});
+    EXPECT_EQ(values().text(1, 1), "M10");
+    EXPECT_EQ(choices(), nullptr);
+}
+
+TEST_F(GridPeerEditTest, AltAndDownOpenTheListOfACell) {
+    values().select(1, 0);
+    Person::press({VK_MENU, VK_DOWN});
+    ASSERT_NE(choices(), nullptr);
+    EXPECT_TRUE(::SendMessageW(choices(), CB_GETDROPPEDSTATE, 0, 0));
+    Person::press({VK_DOWN});
+    Person::press({VK_RETURN});
+    EXPECT_EQ(values().text(1, 1), "M10");
+    EXPECT_TRUE(hasFocus(values()));
+}
+
+TEST_F(GridPeerEditTest, EnterOpensTheCellWhereNothingElseIsMeantByIt) {
+    form->setDefaultButton(nullptr);
+    values().select(1, 0);
+    Person::press({VK_RETURN});
+    ASSERT_NE(choices(), nullptr);
+    Person::press({VK_ESCAPE});
+    EXPECT_EQ(values().text(1, 1), "M8");
+    const auto taken = values().keyPressed.subscribe([](KeyPress& key) { key.handled = true; });
+    Person::press({VK_RETURN});
+    EXPECT_EQ(choices(), nullptr);
+}
+
+TEST_F(GridPeerEditTest, AChoiceMadeWithTheMouseIsCommitted) {
+    Person::click(of(values()), inValue(0));
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    ASSERT_TRUE(::GetComboBoxInfo(choices(), &info));
+    Person::click(info.hwndList, {20, 5});
+    EXPECT_TRUE(Person::waitUntil([&] { return choices() == nullptr; }));
+    EXPECT_EQ(values().text(1, 1), "M6");
+}
+
+TEST_F(GridPeerEditTest, ADoubleClickOnAnEditableLineEditsIt) {
+    int doubleClicks = 0;
+    const auto clicked = values().doubleClicked.subscribe([&](int) { ++doubleClicks; });
+    Person::doubleClick(of(values()), inValue(2));
+    EXPECT_NE(line(), nullptr);
+    EXPECT_EQ(doubleClicks, 0);
+}
+
+TEST_F(GridPeerEditTest, AColumnThatIsNotEditableStaysShut) {
+    values().setColEditable(1, false);
+    values().select(2, 0);
+    Person::press({VK_F2});
+    EXPECT_EQ(line(), nullptr);
+}
+
+}  // namespace
+}  // namespace pellmark::test
