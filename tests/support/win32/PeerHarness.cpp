@@ -1,5 +1,7 @@
 #include "support/win32/PeerHarness.h"
 
+#include <gtest/gtest.h>
+
 namespace pellmark::test {
 
 namespace {
@@ -41,6 +43,19 @@ PeerHarness::~PeerHarness() {
 void PeerHarness::embed() {
     form->embed(reinterpret_cast<WindowHandle>(area_));
     Person::waitUntil([&] { return ::GetForegroundWindow() == host_; });
+}
+
+void PeerHarness::showModal(const std::function<void()>& look) {
+    const auto window = [this] { return reinterpret_cast<HWND>(form->handle()); };
+    const Meanwhile meanwhile(
+        {[&] { return form->isLoaded() && ::IsWindowVisible(window()) && ::GetActiveWindow() == window(); },
+         [&] {
+             look();
+             form->unload();
+             return true;
+         }});
+    form->showModal(reinterpret_cast<WindowHandle>(host_));
+    EXPECT_TRUE(meanwhile.isDone());
 }
 
 HWND PeerHarness::of(const Form& form, const Control& control) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -22,6 +23,8 @@ class PeerHarness {
     HWND host() const { return host_; }
     HWND hostBox() const { return hostBox_; }
     void embed();
+    /// Shows the form modally over the host, looks at it once it is active, and unloads it.
+    void showModal(const std::function<void()>& look);
     /// The window of a control of the form.
     HWND of(Control& control) const { return of(*form, control); }
     /// The same of another form.

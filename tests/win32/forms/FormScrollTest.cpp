@@ -175,19 +175,6 @@ TEST_F(FormScrollTest, AFormWhoseNeedsGrowGetsItsBarsAtOnce) {
 
 class ModalScrollTest : public FormScrollTest {
   protected:
-    void showModal(const std::function<void()>& look) {
-        const Meanwhile meanwhile({[&] {
-                                       return form->isLoaded() && ::IsWindowVisible(window()) &&
-                                              ::GetActiveWindow() == window();
-                                   },
-                                   [&] {
-                                       look();
-                                       form->unload();
-                                       return true;
-                                   }});
-        form->showModal(reinterpret_cast<WindowHandle>(host()));
-        EXPECT_TRUE(meanwhile.isDone());
-    }
     static RECT workArea() {
         RECT area{};
         ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);

@@ -197,19 +197,6 @@ TEST_F(ResolutionTest, ACellThatIsBeingEditedGoesOnWithWhatHasBeenTyped) {
 
 class ModalResolutionTest : public ResolutionTest {
   protected:
-    void showModal(const std::function<void()>& look) {
-        const Meanwhile meanwhile({[&] {
-                                       return form->isLoaded() && ::IsWindowVisible(window()) &&
-                                              ::GetActiveWindow() == window();
-                                   },
-                                   [&] {
-                                       look();
-                                       form->unload();
-                                       return true;
-                                   }});
-        form->showModal(reinterpret_cast<WindowHandle>(host()));
-        EXPECT_TRUE(meanwhile.isDone());
-    }
     void tell(int dpi, RECT wanted) {
         desktop.overrideDpi(dpi);
         ::SendMessageW(window(), kDpiChanged, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&wanted));
