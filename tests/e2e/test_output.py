@@ -155,14 +155,14 @@ class PrintingTheProcessList(TheProcessList):
     def printed(self):
         """Prints the list as the dialog proposes it; the document that comes out."""
         folder = pathlib.Path.home() / "PDF"
-        before = set(folder.glob("*.pdf"))
+        before = set(folder.glob("*Processes*.pdf"))
         self.command("Print...")
         dialog = self.workbench.dialog()
         self.desktop.key("Return")
         self.desktop.gone(dialog)
 
         def document():
-            fresh = [pdf for pdf in set(folder.glob("*.pdf")) - before
+            fresh = [pdf for pdf in set(folder.glob("*Processes*.pdf")) - before
                      if subprocess.run(["pdfinfo", str(pdf)], capture_output=True, check=False).returncode == 0]
             return fresh
         pdf = wait_for("the printed document", document, 180)[0]
