@@ -277,6 +277,8 @@ LRESULT TablePeer::moveSelection(UINT message, WPARAM wParam, LPARAM lParam) {
     if (!movesSelection(message, wParam) || isDown(VK_CONTROL) || isDown(VK_MENU)) return perform();
     if (!isDown(VK_SHIFT)) return selection_->moveToOneRow(perform);
     if (message == WM_CHAR) return perform();
+    if (wParam == VK_DOWN && selection_->extendBy(1)) return 0;
+    if (wParam == VK_UP && selection_->extendBy(-1)) return 0;
     return selection_->moveToRange(wParam == VK_HOME || wParam == VK_END, perform);
 }
 
