@@ -245,6 +245,7 @@ TEST_F(ApplicationPicksTest, ACaseThatCannotBeCreatedIsToldAndAnswersNoEarlierPi
                          }));
     EXPECT_EQ(app.OpenFeatureCase(host, 9, description), "");
     EXPECT_EQ(desktop.windows().back(), "destroy FrmMain");
+    EXPECT_TRUE(trace.trapped("FrmMain::CmdOk_Click"));
 }
 
 TEST_F(ApplicationPicksTest, ACaseWhoseValuesFailedHalfWayIsCompletedByTheNextOk) {
