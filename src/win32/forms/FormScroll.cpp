@@ -70,11 +70,20 @@ void FormScroll::scrollTo(Point at) {
     if (view_.scrollTo(at)) moved(from);
 }
 
+bool FormScroll::isMousePressed() {
+    return ::GetKeyState(VK_LBUTTON) < 0 || ::GetKeyState(VK_RBUTTON) < 0 || ::GetKeyState(VK_MBUTTON) < 0;
+}
+
 void FormScroll::reveal(HWND control) {
-    if (!view_.hasVerticalBar() && !view_.hasHorizontalBar()) return;
-    RECT part{};
-    ::GetWindowRect(control, &part);
-    ::MapWindowPoints(nullptr, form_.window(), reinterpret_cast<POINT*>(&part), 2);
+    RECT whole{};
+    ::GetWindowRect(control, &whole);
+    ::MapWindowPoints(nullptr, control, reinterpret_cast<POINT*>(&whole), 2);
+    reveal(control, whole);
+}
+
+void FormScroll::reveal(HWND window, RECT part) {
+    if (isMousePressed() || (!view_.hasVerticalBar() && !view_.hasHorizontalBar())) return;
+    ::MapWindowPoints(window, form_.window(), reinterpret_cast<POINT*>(&part), 2);
     const Point from = view_.at();
     ::OffsetRect(&part, from.left, from.top);
     const Rect wanted{static_cast<int>(part.left), static_cast<int>(part.top),
