@@ -95,8 +95,7 @@ WindowHandle cProcessSteps::ownerWindow() const {
     return form == nullptr ? 0 : form->handle();
 }
 
-// --- filling
-// -------------------------------------------------------------------------------------------------
+// --- filling ----------------------------------------------------------------------------------------------
 
 void cProcessSteps::RefreshList(const std::string& selectId) {
     trap(services_.person.operations(), "cProcessSteps::RefreshList", [&] {
@@ -189,8 +188,7 @@ void cProcessSteps::UpdateFromDb(const std::string& id) {
     });
 }
 
-// --- commands
-// ------------------------------------------------------------------------------------------------
+// --- commands ---------------------------------------------------------------------------------------------
 
 void cProcessSteps::Delete() {
     carryOut(services_.person, "cProcessSteps::Delete", [this] {

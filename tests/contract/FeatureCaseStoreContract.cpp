@@ -8,8 +8,7 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using testing::UnorderedElementsAre;
 
-// --- attachments
-// ---------------------------------------------------------------------------------------------
+// --- attachments ------------------------------------------------------------------------------------------
 
 class AttachmentContract : public KnowledgeBaseContract {
   protected:
@@ -162,8 +161,7 @@ TEST_P(AttachmentContract, ADeletedProcessIsNoLongerFound) {
     EXPECT_THAT(namesOf(ask({m6})), ElementsAre("B!"));
 }
 
-// --- feature cases
-// -------------------------------------------------------------------------------------------
+// --- feature cases ----------------------------------------------------------------------------------------
 
 TEST_P(AttachmentContract, ANewFeatureCaseHasNoValues) {
     const std::string featureCase = addCase({});
@@ -216,8 +214,7 @@ TEST_P(AttachmentContract, AddingAValueTwiceIsHarmlessAndTheUnknownFails) {
 
 class FeatureCaseModelContract : public KnowledgeBaseContract {};
 
-// --- the model behind the filters
-// ----------------------------------------------------------------------------
+// --- the model behind the filters -------------------------------------------------------------------------
 
 TEST_P(FeatureCaseModelContract, TheModelOfAnEmptyBaseIsEmpty) {
     EXPECT_EQ(cases.nvxFeatureTypes()->count(), 0U);

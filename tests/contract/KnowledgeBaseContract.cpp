@@ -5,8 +5,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// --- connection and rights
-// -----------------------------------------------------------------------------------
+// --- connection and rights --------------------------------------------------------------------------------
 
 TEST_P(KnowledgeBaseContract, AnOpenKnowledgeBaseIsConnected) {
     EXPECT_TRUE(service.isConnected());
@@ -29,8 +28,7 @@ TEST_P(KnowledgeBaseContract, AnOperationWithoutAMeaningIsNeverAllowed) {
     }
 }
 
-// --- two at once
-// ---------------------------------------------------------------------------------------------
+// --- two at once ------------------------------------------------------------------------------------------
 
 TEST_P(KnowledgeBaseContract, WhatOneConnectionStoresTheOtherReads) {
     ProcessStore& others = subject->secondService().processStore();

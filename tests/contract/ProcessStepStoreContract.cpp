@@ -9,8 +9,7 @@ using testing::SizeIs;
 
 class ProcessStepStoreContract : public KnowledgeBaseContract {};
 
-// --- steps
-// ---------------------------------------------------------------------------------------------------
+// --- steps ------------------------------------------------------------------------------------------------
 
 TEST_P(ProcessStepStoreContract, AnAddedStepIsReadBackWhole) {
     const std::string process = addProcess("A");

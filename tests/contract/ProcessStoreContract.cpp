@@ -11,8 +11,7 @@ using testing::UnorderedElementsAre;
 
 class ProcessStoreContract : public KnowledgeBaseContract {};
 
-// --- processes
-// -----------------------------------------------------------------------------------------------
+// --- processes --------------------------------------------------------------------------------------------
 
 TEST_P(ProcessStoreContract, AnEmptyBaseListsNoProcess) {
     auto all = processes.processes("");
@@ -269,8 +268,7 @@ TEST_P(ProcessStoreContract, AProtectedProcessIsNotDeletedButCanBeChanged) {
     EXPECT_FALSE(processes.deleteProcess(id));
 }
 
-// --- materials
-// -----------------------------------------------------------------------------------------------
+// --- materials --------------------------------------------------------------------------------------------
 
 TEST_P(ProcessStoreContract, MaterialsComeByNameWithTheirClass) {
     const std::string steel = subject->addMaterialClass("P");

@@ -146,10 +146,11 @@ class Desktop:
 
     @staticmethod
     def _xdotool(*words):
-        subprocess.run(["xdotool", *map(str, words)], check=True, timeout=30)
+        subprocess.run(["xdotool", *map(str, words)], check=True, timeout=30, stdout=subprocess.DEVNULL)
 
     def move(self, point):
-        self._xdotool("mousemove", "--sync", *point)
+        # The question makes sure that the server has moved it. "--sync" would wait 15 s for a pointer that stands there.
+        self._xdotool("mousemove", *point, "getmouselocation")
 
     def click(self, point, button=1, times=1):
         self.move(point)
@@ -165,12 +166,11 @@ class Desktop:
 
     def drag(self, start, end, steps=12):
         """Presses at one point, moves in steps as a hand does, and releases at the other."""
+        path = [(start[0] + (end[0] - start[0]) * step // steps, start[1] + (end[1] - start[1]) * step // steps)
+                for step in range(1, steps + 1)]
         self.move(start)
-        self._xdotool("mousedown", 1)
-        for step in range(1, steps + 1):
-            self._xdotool("mousemove", "--sync", start[0] + (end[0] - start[0]) * step // steps,
-                          start[1] + (end[1] - start[1]) * step // steps)
-        self._xdotool("mouseup", 1)
+        self._xdotool("mousedown", 1, *(word for point in path for word in ("mousemove", *point, "sleep", 0.02)),
+                      "mouseup", 1)
 
     def hold(self, key, act):
         """Does something while a key is held down."""

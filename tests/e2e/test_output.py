@@ -149,25 +149,40 @@ def pages_of(pdf):
             for page in text.split("<page ")[1:]]
 
 
-class PrintingTheProcessList(TheProcessList):
-    more_processes = 1000
+class PrintingTest(TheProcessList):
+    # As the print server names a document after its title.
+    documents = "*Processes*.pdf"
 
     def printed(self):
         """Prints the list as the dialog proposes it; the document that comes out."""
         folder = pathlib.Path.home() / "PDF"
-        before = set(folder.glob("*.pdf"))
+        before = set(folder.glob(self.documents))
         self.command("Print...")
         dialog = self.workbench.dialog()
         self.desktop.key("Return")
         self.desktop.gone(dialog)
 
         def document():
-            fresh = [pdf for pdf in set(folder.glob("*.pdf")) - before
+            fresh = [pdf for pdf in set(folder.glob(self.documents)) - before
                      if subprocess.run(["pdfinfo", str(pdf)], capture_output=True, check=False).returncode == 0]
             return fresh
         pdf = wait_for("the printed document", document, 180)[0]
         self.addCleanup(pdf.unlink)
         return pdf
+
+
+class PrintingInJapanese(PrintingTest):
+    options = ("--language", "6")
+    documents = "PDF-job_*.pdf"
+
+    def test_headings_are_written_with_a_font_that_has_their_letters(self):
+        fonts = subprocess.run(["pdffonts", str(self.printed())], check=True, capture_output=True, timeout=60,
+                               text=True).stdout
+        self.assertIn("DroidSansFallback", fonts)
+
+
+class PrintingTheProcessList(PrintingTest):
+    more_processes = 1000
 
     def test_every_row_is_printed_once_in_order_under_headings_on_each_page(self):
         pdf = self.printed()

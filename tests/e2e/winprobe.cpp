@@ -14,12 +14,15 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -66,6 +69,8 @@ std::string shown(const RECT& area) {
 }
 
 // Memory inside the process that owns a window: the common controls read and write their structures there.
+// Each way there and back stops that process for some milliseconds, so what a question needs goes and comes
+// in one piece.
 class RemoteMemory {
   public:
     RemoteMemory(HWND window, std::size_t bytes) {
@@ -85,12 +90,12 @@ class RemoteMemory {
 
     std::byte* at(std::size_t offset) const { return static_cast<std::byte*>(address_) + offset; }
     template <typename Value>
-    void write(const Value& value) const {
-        WriteProcessMemory(process_, address_, &value, sizeof value, nullptr);
+    void write(std::size_t offset, const std::vector<Value>& values) const {
+        WriteProcessMemory(process_, at(offset), values.data(), values.size() * sizeof(Value), nullptr);
     }
     template <typename Value>
-    void read(std::size_t offset, Value& value) const {
-        ReadProcessMemory(process_, at(offset), &value, sizeof value, nullptr);
+    void read(std::size_t offset, std::vector<Value>& values) const {
+        ReadProcessMemory(process_, at(offset), values.data(), values.size() * sizeof(Value), nullptr);
     }
 
   private:
@@ -98,8 +103,50 @@ class RemoteMemory {
     void* address_ = nullptr;
 };
 
-constexpr std::size_t kTextOffset = 256;
 using TextBuffer = std::array<wchar_t, 512>;
+
+// Structures of one kind in the process that owns a window, each with room for a text there.
+template <typename Item>
+class RemoteItems {
+  public:
+    RemoteItems(HWND window, std::vector<Item> items)
+        : items_(std::move(items)), memory_(window, items_.size() * (sizeof(Item) + sizeof(TextBuffer))) {}
+
+    // Gives each item the place of its text, through the member that names it.
+    void sendWithTexts(wchar_t* Item::*text, int Item::*capacity) {
+        for (std::size_t index = 0; index < items_.size(); ++index) {
+            items_[index].*text =
+                reinterpret_cast<wchar_t*>(memory_.at(textsOffset() + index * sizeof(TextBuffer)));
+            items_[index].*capacity = static_cast<int>(TextBuffer().size());
+        }
+        send();
+    }
+    void send() { memory_.write(0, items_); }
+
+    LPARAM at(std::size_t index) const { return asParameter(memory_.at(index * sizeof(Item))); }
+    std::size_t size() const { return items_.size(); }
+
+    const std::vector<Item>& received() {
+        memory_.read(0, items_);
+        return items_;
+    }
+    std::vector<std::wstring> receivedTexts() const {
+        std::vector<TextBuffer> buffers(items_.size());
+        memory_.read(textsOffset(), buffers);
+        std::vector<std::wstring> texts;
+        for (TextBuffer& buffer : buffers) {
+            buffer.back() = L'\0';
+            texts.emplace_back(buffer.data());
+        }
+        return texts;
+    }
+
+  private:
+    std::size_t textsOffset() const { return items_.size() * sizeof(Item); }
+
+    std::vector<Item> items_;
+    RemoteMemory memory_;
+};
 
 std::wstring windowText(HWND window) {
     TextBuffer buffer{};
@@ -151,64 +198,68 @@ RECT toScreen(HWND window, RECT area) {
     return area;
 }
 
-std::wstring cellText(HWND list, const RemoteMemory& memory, int row, int column) {
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = reinterpret_cast<wchar_t*>(memory.at(kTextOffset));
-    item.cchTextMax = static_cast<int>(TextBuffer().size());
-    memory.write(item);
-    ask(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), asParameter(memory.at(0)));
-    TextBuffer text{};
-    memory.read(kTextOffset, text);
-    text.back() = L'\0';
-    return text.data();
+// The texts of the first rows of a report list, row by row.
+std::vector<std::wstring> cellTexts(HWND list, int rows, int columns) {
+    std::vector<LVITEMW> questions;
+    for (int cell = 0; cell < rows * columns; ++cell) {
+        questions.emplace_back().iSubItem = cell % columns;
+    }
+    RemoteItems<LVITEMW> cells(list, std::move(questions));
+    cells.sendWithTexts(&LVITEMW::pszText, &LVITEMW::cchTextMax);
+    for (std::size_t cell = 0; cell < cells.size(); ++cell) {
+        ask(list, LVM_GETITEMTEXTW, cell / static_cast<std::size_t>(columns), cells.at(cell));
+    }
+    return cells.receivedTexts();
 }
 
-RECT rowArea(HWND list, const RemoteMemory& memory, int row) {
-    RECT area{LVIR_BOUNDS, 0, 0, 0};
-    memory.write(area);
-    ask(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), asParameter(memory.at(0)));
-    memory.read(0, area);
-    return toScreen(list, area);
+// The rectangles that a control tells by the index of what it holds, on the screen.
+std::vector<RECT> areas(HWND window, UINT message, int count, const RECT& question = {}) {
+    RemoteItems<RECT> memory(window, std::vector<RECT>(static_cast<std::size_t>(count), question));
+    memory.send();
+    for (std::size_t index = 0; index < memory.size(); ++index)
+        ask(window, message, index, memory.at(index));
+    std::vector<RECT> found = memory.received();
+    for (RECT& area : found)
+        area = toScreen(window, area);
+    return found;
 }
 
-std::string headings(HWND header, const RemoteMemory& memory, int columns) {
+std::string headings(HWND header, int columns) {
+    HDITEMW question{};
+    question.mask = HDI_TEXT | HDI_WIDTH;
+    RemoteItems<HDITEMW> items(header, std::vector<HDITEMW>(static_cast<std::size_t>(columns), question));
+    items.sendWithTexts(&HDITEMW::pszText, &HDITEMW::cchTextMax);
+    for (std::size_t column = 0; column < items.size(); ++column) {
+        ask(header, HDM_GETITEMW, column, items.at(column));
+    }
+    const std::vector<std::wstring> texts = items.receivedTexts();
+    const std::vector<HDITEMW>& facts = items.received();
+    const std::vector<RECT> places = areas(header, HDM_GETITEMRECT, columns);
     std::string out;
-    for (int column = 0; column < columns; ++column) {
-        HDITEMW item{};
-        item.mask = HDI_TEXT | HDI_WIDTH;
-        item.pszText = reinterpret_cast<wchar_t*>(memory.at(kTextOffset));
-        item.cchTextMax = static_cast<int>(TextBuffer().size());
-        memory.write(item);
-        ask(header, HDM_GETITEMW, static_cast<WPARAM>(column), asParameter(memory.at(0)));
-        TextBuffer text{};
-        memory.read(0, item);
-        memory.read(kTextOffset, text);
-        text.back() = L'\0';
-        RECT area{};
-        ask(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), asParameter(memory.at(0)));
-        memory.read(0, area);
-        out += (column > 0 ? "," : "") + std::string(R"({"text":)") + quoted(text.data()) + R"(,"width":)" +
-               std::to_string(item.cxy) + R"(,"area":)" + shown(toScreen(header, area)) + '}';
+    for (std::size_t column = 0; column < items.size(); ++column) {
+        out += (column > 0 ? "," : "") + std::string(R"({"text":)") + quoted(texts[column]) + R"(,"width":)" +
+               std::to_string(facts[column].cxy) + R"(,"area":)" + shown(places[column]) + '}';
     }
     return '[' + out + ']';
 }
 
 std::string list(HWND window) {
-    const RemoteMemory memory(window, kTextOffset + sizeof(TextBuffer));
     const auto header = reinterpret_cast<HWND>(ask(window, LVM_GETHEADER));
     const int columns = static_cast<int>(ask(header, HDM_GETITEMCOUNT));
-    const int rows = static_cast<int>(ask(window, LVM_GETITEMCOUNT));
+    const int count = static_cast<int>(ask(window, LVM_GETITEMCOUNT));
+    const int rows = std::min(count, kMaxRows);
+    const std::vector<std::wstring> texts = cellTexts(window, rows, columns);
+    const std::vector<RECT> places = areas(window, LVM_GETITEMRECT, rows, RECT{LVIR_BOUNDS, 0, 0, 0});
     std::ostringstream out;
-    out << R"({"headings":)" << headings(header, memory, columns) << R"(,"count":)" << rows << R"(,"rows":[)";
-    for (int row = 0; row < rows && row < kMaxRows; ++row) {
+    out << R"({"headings":)" << headings(header, columns) << R"(,"count":)" << count << R"(,"rows":[)";
+    for (int row = 0; row < rows; ++row) {
         out << (row > 0 ? "," : "") << R"({"cells":[)";
         for (int column = 0; column < columns; ++column) {
-            out << (column > 0 ? "," : "") << quoted(cellText(window, memory, row, column));
+            out << (column > 0 ? "," : "") << quoted(texts[static_cast<std::size_t>(row * columns + column)]);
         }
         const auto state =
             ask(window, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED | LVIS_FOCUSED);
-        out << R"(],"area":)" << shown(rowArea(window, memory, row)) << R"(,"selected":)"
+        out << R"(],"area":)" << shown(places[static_cast<std::size_t>(row)]) << R"(,"selected":)"
             << ((state & LVIS_SELECTED) != 0 ? "true" : "false") << R"(,"focused":)"
             << ((state & LVIS_FOCUSED) != 0 ? "true" : "false") << '}';
     }
@@ -241,15 +292,13 @@ std::string forget() {
 }
 
 std::string tabs(HWND window) {
-    const RemoteMemory memory(window, kTextOffset + sizeof(TextBuffer));
     const int count = static_cast<int>(ask(window, TCM_GETITEMCOUNT));
     std::ostringstream out;
     out << R"({"selected":)" << ask(window, TCM_GETCURSEL) << R"(,"areas":[)";
-    for (int tab = 0; tab < count; ++tab) {
-        RECT area{};
-        ask(window, TCM_GETITEMRECT, static_cast<WPARAM>(tab), asParameter(memory.at(0)));
-        memory.read(0, area);
-        out << (tab > 0 ? "," : "") << shown(toScreen(window, area));
+    bool first = true;
+    for (const RECT& area : areas(window, TCM_GETITEMRECT, count)) {
+        out << (first ? "" : ",") << shown(area);
+        first = false;
     }
     out << "]}";
     return out.str();

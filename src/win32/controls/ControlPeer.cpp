@@ -47,7 +47,7 @@ void ControlPeer::createWindow(HWND parent, const wchar_t* className, DWORD styl
     if ((style & WS_CHILD) != 0) {
         ::SetWindowPos(window_, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
         ::SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(form_.font()), FALSE);
-        if (!control_->toolTip().empty()) form_.setToolTip(window_, control_->toolTip());
+        if (!control_->toolTip().empty()) form_.toolTips().set(window_, control_->toolTip());
     }
 }
 
@@ -112,7 +112,7 @@ void ControlPeer::controlChanged(ControlChange change) {
             ::EnableWindow(window_, control_->enabled());
             break;
         case ControlChange::ToolTip:
-            form_.setToolTip(window_, control_->toolTip());
+            form_.toolTips().set(window_, control_->toolTip());
             break;
         case ControlChange::MinimumSize:
             break;  // the form's own

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "base/Error.h"
-#include "win32/WideText.h"
 #include "win32/forms/PopupMenu.h"
 #include "win32/forms/Screens.h"
 
@@ -24,7 +24,8 @@ FormWindow::FormWindow(std::shared_ptr<Surroundings> surroundings, Form& form)
       opened_(form.clientSize()),
       scroll_(*this),
       keyboard_(*this),
-      keys_(*this) {
+      keys_(*this),
+      toolTips_(*this) {
     const ActivationContext::Active themed(surroundings_->theme());
     scale_ = Scale(surroundings_->dpiOf(::GetDesktopWindow()));
     createWindow(nullptr, surroundings_->formClass(), captionedStyle(), captionedExStyle());
@@ -39,7 +40,7 @@ FormWindow::FormWindow(std::shared_ptr<Surroundings> surroundings, Form& form)
 FormWindow::~FormWindow() {
     if (window() != nullptr) ::ShowWindow(window(), SW_HIDE);
     destroyChildren();
-    if (toolTips_ != nullptr) ::DestroyWindow(toolTips_);
+    toolTips_.destroy();
 }
 
 void FormWindow::retire(std::unique_ptr<FormWindow> window) {
@@ -66,8 +67,7 @@ DWORD FormWindow::captionedExStyle() const {
     return WS_EX_CONTROLPARENT | (isTool ? WS_EX_TOOLWINDOW : WS_EX_DLGMODALFRAME);
 }
 
-// --- place and size
-// ------------------------------------------------------------------------------------------
+// --- place and size ---------------------------------------------------------------------------------------
 
 RECT FormWindow::outerRect(Size client) const {
     RECT outer{0, 0, scale_.pixels(client.width), scale_.pixels(client.height)};
@@ -119,46 +119,22 @@ void FormWindow::arrange() {
     };
     const Size client{taken(room.width, opened_.width, least.width),
                       taken(room.height, opened_.height, least.height)};
-    collecting_ = true;
+    moved_.begin();
     if (scroll_.at() != before) {
         for (const auto& each : children())
-            moved_.push_back(each.get());
+            moved_.add(*each);
     }
     trap(surroundings_->trace(), "FormWindow::arrange", [&] { form->resized(client); });
-    collecting_ = false;
-    placeMoved();
+    moved_.place();
 }
 
 void FormWindow::moved(ControlPeer& peer) {
-    if (collecting_) {
-        moved_.push_back(&peer);
+    if (moved_.isCollecting()) {
+        moved_.add(peer);
     } else {
         peer.place();
     }
     if (&peer != this) peer.arrange();
-}
-
-void FormWindow::placeMoved() {
-    std::vector<ControlPeer*> moved;
-    moved.swap(moved_);
-    const auto parentOf = [](const ControlPeer* peer) { return ::GetAncestor(peer->window(), GA_PARENT); };
-    std::stable_sort(moved.begin(), moved.end(), [&](const ControlPeer* left, const ControlPeer* right) {
-        return std::less<>()(parentOf(left), parentOf(right));
-    });
-    for (auto from = moved.begin(); from != moved.end();) {
-        const HWND parent = parentOf(*from);
-        const auto to = std::find_if(from, moved.end(),
-                                     [&](const ControlPeer* each) { return parentOf(each) != parent; });
-        HDWP together = ::BeginDeferWindowPos(static_cast<int>(to - from));
-        for (; from != to && together != nullptr; ++from) {
-            const RECT at = (*from)->placement();
-            together =
-                ::DeferWindowPos(together, (*from)->window(), nullptr, at.left, at.top, at.right - at.left,
-                                 at.bottom - at.top, SWP_NOZORDER | SWP_NOACTIVATE);
-        }
-        if (together != nullptr) ::EndDeferWindowPos(together);
-        from = to;
-    }
 }
 
 void FormWindow::limitSize(MINMAXINFO& limits) const {
@@ -207,7 +183,7 @@ bool FormWindow::takeResolution(const RECT* wanted) {
         each->rescale();
     arrange();
     keepPlace();
-    if (toolTips_ != nullptr) limitToolTips();
+    toolTips_.rescale();
     ::InvalidateRect(window(), nullptr, TRUE);
     return true;
 }
@@ -233,8 +209,7 @@ void FormWindow::takeFont() {
     arrange();
 }
 
-// --- showing
-// -------------------------------------------------------------------------------------------------
+// --- showing ----------------------------------------------------------------------------------------------
 
 void FormWindow::embed(const EmbeddedPlace& place) {
     const auto parent = reinterpret_cast<HWND>(place.parent);
@@ -370,35 +345,11 @@ void FormWindow::popUp(Menu& menu, Control& over, Point at) {
     if (chosen && control() != nullptr) PopupMenu::run(menu, *chosen);
 }
 
-// --- messages
-// ------------------------------------------------------------------------------------------------
-
-/// A description has up to 1,000 characters: on one line it would leave the screen.
-void FormWindow::limitToolTips() const {
-    ::SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(Twips{9000}));
-}
-
-void FormWindow::setToolTip(HWND of, const std::string& text) {
-    if (toolTips_ == nullptr) {
-        toolTips_ = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                                      WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, window(), nullptr,
-                                      surroundings_->instance(), nullptr);
-        limitToolTips();
-    }
-    std::wstring wide = toWide(text);
-    TOOLINFOW tool{};
-    tool.cbSize = sizeof tool;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = window();
-    tool.uId = reinterpret_cast<UINT_PTR>(of);
-    tool.lpszText = wide.data();
-    ::SendMessageW(toolTips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    if (!text.empty()) ::SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-}
+// --- messages ---------------------------------------------------------------------------------------------
 
 void FormWindow::detach() {
     ContainerPeer::detach();
-    moved_.clear();
+    moved_.forget();
 }
 
 void FormWindow::controlChanged(ControlChange change) {

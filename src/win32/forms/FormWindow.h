@@ -3,8 +3,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <string>
-#include <vector>
 
 #include "controls/Form.h"
 #include "win32/controls/ContainerPeer.h"
@@ -12,7 +10,9 @@
 #include "win32/forms/FormKeyboard.h"
 #include "win32/forms/FormScroll.h"
 #include "win32/forms/ModalLoop.h"
+#include "win32/forms/MovedPeers.h"
 #include "win32/forms/Surroundings.h"
+#include "win32/forms/ToolTips.h"
 
 namespace pellmark {
 
@@ -43,7 +43,7 @@ class FormWindow : public ContainerPeer {
     // --- for the peers within ----------------------------------------------------------------------------
     /// The model has moved: the window follows, at once or with all others of one layout.
     void moved(ControlPeer& peer);
-    void setToolTip(HWND window, const std::string& text);
+    ToolTips& toolTips() { return toolTips_; }
     FormScroll& scroll() { return scroll_; }
     FormKeyboard& keyboard() { return keyboard_; }
     DialogKeys& keys() { return keys_; }
@@ -66,7 +66,6 @@ class FormWindow : public ContainerPeer {
     void showAbove(HWND owner, const std::function<void(ModalLoop&)>& run);
     /// A window of the host's bears the host's icon.
     void takeIcon(HWND owner) const;
-    void placeMoved();
     /// The person has chosen another message font for the system.
     void takeFont();
     /// Shows everything at the resolution that the window has now, at a place that the system wants for it.
@@ -75,7 +74,6 @@ class FormWindow : public ContainerPeer {
     /// A window has the resolution of the screen it is on: before it is measured it goes to where it will
     /// open.
     void goToScreenOf(HWND owner);
-    void limitToolTips() const;
     void keepPlace();
     void limitSize(MINMAXINFO& limits) const;
     RECT outerRect(Size client) const;
@@ -88,10 +86,9 @@ class FormWindow : public ContainerPeer {
     FormScroll scroll_;
     FormKeyboard keyboard_;
     DialogKeys keys_;
-    HWND toolTips_ = nullptr;
+    ToolTips toolTips_;
+    MovedPeers moved_;
     std::shared_ptr<ModalLoop> modal_;
-    std::vector<ControlPeer*> moved_;
-    bool collecting_ = false;
     bool embedded_ = false;
     bool settled_ = false;  ///< false while the windows are being created
     bool modalEnded_ = false;

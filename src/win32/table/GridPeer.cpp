@@ -104,8 +104,7 @@ void GridPeer::describeCurrent() {
     description_->show(table().current(), row < 0 ? std::string() : grid()->notes(row));
 }
 
-// --- what a person does
-// --------------------------------------------------------------------------------------
+// --- what a person does -----------------------------------------------------------------------------------
 
 std::optional<LRESULT> GridPeer::notified(NMHDR& header) {
     if (header.code == LVN_BEGINDRAG) {
@@ -178,8 +177,7 @@ void GridPeer::dragOut() {
     pellmark::dragOut(data, form().surroundings().trace());
 }
 
-// --- editing
-// -------------------------------------------------------------------------------------------------
+// --- editing ----------------------------------------------------------------------------------------------
 
 bool GridPeer::isEditable(Cell cell) const {
     const int col = gridTable().colOf(cell.column);
@@ -239,8 +237,7 @@ void GridPeer::edit(Cell cell) {
                                            form().surroundings().operations(), ended);
 }
 
-// --- messages
-// ------------------------------------------------------------------------------------------------
+// --- messages ---------------------------------------------------------------------------------------------
 
 std::optional<LRESULT> GridPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};

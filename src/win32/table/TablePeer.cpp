@@ -54,8 +54,7 @@ void TablePeer::create(HWND parent, bool movableColumns) {
     showAll();
 }
 
-// --- model to window
-// -----------------------------------------------------------------------------------------
+// --- model to window --------------------------------------------------------------------------------------
 
 void TablePeer::showAll() {
     showColumns();
@@ -168,8 +167,7 @@ void TablePeer::controlChanged(ControlChange change) {
     if (change == ControlChange::Enabled) ::InvalidateRect(window(), nullptr, FALSE);
 }
 
-// --- places
-// --------------------------------------------------------------------------------------------------
+// --- places -----------------------------------------------------------------------------------------------
 
 TablePeer::Cell TablePeer::cellAt(POINT at) const {
     LVHITTESTINFO test{};
@@ -201,8 +199,7 @@ POINT TablePeer::keyboardMenuPoint() const {
     return at;
 }
 
-// --- window to model
-// -----------------------------------------------------------------------------------------
+// --- window to model --------------------------------------------------------------------------------------
 
 std::optional<LRESULT> TablePeer::notified(NMHDR& header) {
     switch (header.code) {
@@ -262,11 +259,10 @@ void TablePeer::tipFor(POINT at) {
         if (isCut) tip = table_->text(cell.row, cell.column);
         if (!note.empty()) tip = isCut ? tip + " (" + note + ")" : note;
     }
-    form().setToolTip(window(), tip);
+    form().toolTips().set(window(), tip);
 }
 
-// --- moving the selection
-// ------------------------------------------------------------------------------------
+// --- moving the selection ---------------------------------------------------------------------------------
 
 bool TablePeer::movesSelection(UINT message, WPARAM wParam) const {
     if (message == WM_CHAR) return wParam > VK_SPACE;
@@ -281,6 +277,8 @@ LRESULT TablePeer::moveSelection(UINT message, WPARAM wParam, LPARAM lParam) {
     if (!movesSelection(message, wParam) || isDown(VK_CONTROL) || isDown(VK_MENU)) return perform();
     if (!isDown(VK_SHIFT)) return selection_->moveToOneRow(perform);
     if (message == WM_CHAR) return perform();
+    if (wParam == VK_DOWN && selection_->extendBy(1)) return 0;
+    if (wParam == VK_UP && selection_->extendBy(-1)) return 0;
     return selection_->moveToRange(wParam == VK_HOME || wParam == VK_END, perform);
 }
 
@@ -389,8 +387,11 @@ std::optional<LRESULT> TablePeer::innerMessage(HWND inner, UINT message, WPARAM 
         case WM_CONTEXTMENU:
             return 0;
         case WM_LBUTTONDBLCLK: {
+            // Clicked twice, a heading is clicked once more: not every version of the control sees that in a
+            // double click.
             const int column = header_->columnAt(at);
-            const LRESULT result = defaultMessage(inner, message, wParam, lParam);
+            const LRESULT result =
+                defaultMessage(inner, column >= 0 ? WM_LBUTTONDOWN : message, wParam, lParam);
             if (control() != nullptr && column >= 0) headingDoubleClicked(column);
             return result;
         }

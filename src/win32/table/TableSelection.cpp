@@ -37,8 +37,7 @@ void TableSelection::setStates(const RowSelection& rows, UINT state) const {
     });
 }
 
-// --- model to window
-// -----------------------------------------------------------------------------------------
+// --- model to window --------------------------------------------------------------------------------------
 
 void TableSelection::show() {
     const Showing quiet(*this);
@@ -97,8 +96,7 @@ void TableSelection::countChanged() {
     shown_.removeRange(static_cast<std::size_t>(rows), SIZE_MAX);
 }
 
-// --- window to model
-// -----------------------------------------------------------------------------------------
+// --- window to model --------------------------------------------------------------------------------------
 
 void TableSelection::itemChanged(const NMLISTVIEW& change) {
     if ((change.uChanged & LVIF_STATE) == 0) return;
@@ -171,20 +169,53 @@ LRESULT TableSelection::moveToRange(bool isLong, const Perform& perform) {
         result = perform();
         takeRange();
     }
-    // Last, as it may end everything.
-    if (focused_ >= 0 && focused_ != table_.current()) table_.setCurrent(focused_);
+    makeTableCurrent();
     return result;
 }
 
+bool TableSelection::extendBy(int rows) {
+    const int from = mark();
+    if (from < 0 || from >= table_.rows() || focused_ < 0 || cleared_) return false;
+    const int to = std::clamp(focused_ + rows, 0, table_.rows() - 1);
+    {
+        const Showing quiet(*this);
+        const int first = std::min(from, to);
+        const int last = std::max(from, to);
+        RowSelection wanted;
+        wanted.addRange(static_cast<std::size_t>(first), static_cast<std::size_t>(last));
+        const RowSelection stale = difference(shown_, wanted);
+        const RowSelection fresh = difference(wanted, shown_);
+        if (stale.count() + fresh.count() > kMany) return false;
+        setStates(stale, 0);
+        setStates(fresh, LVIS_SELECTED);
+        shown_ = std::move(wanted);
+        setState(to, LVIS_FOCUSED, LVIS_FOCUSED);
+        focused_ = to;
+        ::SendMessageW(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(to), FALSE);
+        table_.selectOnly(first, last);
+    }
+    makeTableCurrent();
+    return true;
+}
+
+/// The last thing of a move, as it may end everything.
+void TableSelection::makeTableCurrent() {
+    if (focused_ >= 0 && focused_ != table_.current()) table_.setCurrent(focused_);
+}
+
+int TableSelection::mark() const {
+    return static_cast<int>(::SendMessageW(list_, LVM_GETSELECTIONMARK, 0, 0));
+}
+
 void TableSelection::takeRange() {
-    const auto mark = static_cast<int>(::SendMessageW(list_, LVM_GETSELECTIONMARK, 0, 0));
+    const int from = mark();
     const auto count = static_cast<int>(::SendMessageW(list_, LVM_GETSELECTEDCOUNT, 0, 0));
-    if (mark < 0 || focused_ < 0 || count != std::abs(mark - focused_) + 1) {
+    if (from < 0 || focused_ < 0 || count != std::abs(from - focused_) + 1) {
         takeAll();
         return;
     }
-    const int first = std::min(mark, focused_);
-    const int last = std::max(mark, focused_);
+    const int first = std::min(from, focused_);
+    const int last = std::max(from, focused_);
     shown_.clear();
     shown_.addRange(static_cast<std::size_t>(first), static_cast<std::size_t>(last));
     table_.selectOnly(first, last);

@@ -52,11 +52,18 @@ class TableSelection {
     /// the way `isLong`, rows are not drawn one by one.
     LRESULT moveToRange(bool isLong, const Perform& perform);
 
+    /// Selects everything between the mark and the row so many further down than the current one, and makes
+    /// that current. Done here: for one row more or less, the window itself walks all of them. False, with
+    /// nothing done, where there is no row to set out from.
+    bool extendBy(int rows);
+
   private:
     void setState(int row, UINT state, UINT mask) const;
     void setStates(const RowSelection& rows, UINT state) const;
     void takeRange();
     void takeAll();
+    int mark() const;
+    void makeTableCurrent();
 
     HWND list_;
     ShownTable& table_;

@@ -206,8 +206,7 @@ TEST_F(CProcessTest, ADragOffersItsTextThoughItsFileCannotBeWritten) {
     EXPECT_TRUE(trace.trapped("cFileIO::WriteFile"));
 }
 
-// --- deletion
-// ------------------------------------------------------------------------------------------------
+// --- deletion ---------------------------------------------------------------------------------------------
 
 constexpr const char* kDeleteQuestion = "Permanently delete selected item(s) from the database?";
 

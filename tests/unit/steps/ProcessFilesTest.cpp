@@ -58,8 +58,7 @@ class ProcessFilesTest : public testing::Test, protected StepsHarness {
     std::string process, other;
 };
 
-// --- importing
-// -----------------------------------------------------------------------------------------------
+// --- importing --------------------------------------------------------------------------------------------
 
 TEST_F(ProcessFilesTest, TheOperationsOfAFileBecomeStepsInItsOrder) {
     base.addStep(process, "there", 7);
@@ -236,8 +235,7 @@ TEST_F(ProcessFilesTest, TheFolderIsRememberedAlsoWhereTheFileIsMissingOrNothing
     EXPECT_EQ(fileDialogs.requests()[4].initialFolder, "D:\\Out");
 }
 
-// --- a large file
-// --------------------------------------------------------------------------------------------
+// --- a large file -----------------------------------------------------------------------------------------
 
 TEST_F(ProcessFilesTest, ALargeFileShowsHowFarItsImportIs) {
     putFile(45, true);
@@ -317,8 +315,7 @@ TEST_F(ProcessFilesTest, AHostThatThrowsBecauseOfTheCancelHasNotFailed) {
     list.OpenPrc();
 }
 
-// --- saving
-// --------------------------------------------------------------------------------------------------
+// --- saving -----------------------------------------------------------------------------------------------
 
 TEST_F(ProcessFilesTest, TheSaveDialogIsNotTranslatedAndKeepsItsAsterisks) {
     translate("Save As", "Speichern");

@@ -43,8 +43,7 @@ class StepCommandsTest : public testing::Test, protected StepsHarness {
     std::vector<std::string> ids;
 };
 
-// --- deleting
-// ------------------------------------------------------------------------------------------------
+// --- deleting ---------------------------------------------------------------------------------------------
 
 TEST_F(StepCommandsTest, SelectedStepsAreDeletedFromTheBottomUpAfterOneQuestion) {
     select({1, 4, 2});
@@ -171,8 +170,7 @@ TEST_F(StepCommandsTest, TheLastStepLeavesAnEmptyList) {
     EXPECT_EQ(steps.SelectedStepID(), "");
 }
 
-// --- adding
-// --------------------------------------------------------------------------------------------------
+// --- adding -----------------------------------------------------------------------------------------------
 
 TEST_F(StepCommandsTest, AddingOpensTheDialogAndShowsTheNewStep) {
     technology.setDefaults(FakeTechnology(602, "New one").add(1, 2.5, TechnologyParameter::kKindKept));
@@ -224,8 +222,7 @@ TEST_F(StepCommandsTest, WithoutTheRightOrAProcessNoStepIsAdded) {
     EXPECT_THAT(changes(), IsEmpty());
 }
 
-// --- the wizard
-// ----------------------------------------------------------------------------------------------
+// --- the wizard -------------------------------------------------------------------------------------------
 
 TEST_F(StepCommandsTest, TheWizardGetsTheStoredValuesByTheirCodes) {
     technology.setDefaults(FakeTechnology(602, "\"Default\"")

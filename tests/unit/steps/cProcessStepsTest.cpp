@@ -170,8 +170,7 @@ TEST_F(CProcessStepsTest, AStepListThatWasNeverGivenAGridHasNoSelection) {
     EXPECT_EQ(steps.SelectedStepID(), "");
 }
 
-// --- following the process list
-// ------------------------------------------------------------------------------
+// --- following the process list ---------------------------------------------------------------------------
 
 TEST_F(CProcessStepsTest, AnotherProcessCostsOneQueryOfItsStepsAndOneOfTheirSources) {
     addStep("a", 1);
@@ -253,8 +252,7 @@ TEST_F(CProcessStepsTest, NothingIsDrawnUntilARefreshIsWhole) {
     EXPECT_EQ(drawn, 2);
 }
 
-// --- looks
-// ---------------------------------------------------------------------------------------------------
+// --- looks ------------------------------------------------------------------------------------------------
 
 struct SourceCase {
     TechnologySource source;
@@ -361,8 +359,7 @@ TEST_F(CProcessStepsTest, StepsWhoseSourcesCannotBeToldAreListedAllTheSame) {
     EXPECT_FALSE(grid.colComboList(5).empty());
 }
 
-// --- one row
-// -------------------------------------------------------------------------------------------------
+// --- one row ----------------------------------------------------------------------------------------------
 
 TEST_F(CProcessStepsTest, ARowIsRewrittenFromTheKnowledgeBase) {
     const std::string id = addStep("a", 1);
@@ -403,8 +400,7 @@ TEST_F(CProcessStepsTest, ARowThatCannotBeReadStaysAsItIs) {
     EXPECT_TRUE(trace.trapped("cProcessSteps::UpdateFromDb"));
 }
 
-// --- dragging out
-// --------------------------------------------------------------------------------------------
+// --- dragging out -----------------------------------------------------------------------------------------
 
 TEST_F(CProcessStepsTest, ADragOffersTheSelectionAsAFileAndAsText) {
     addStep("a", 1);

@@ -61,6 +61,48 @@ TEST_F(GridPeerSelectionTest, TheArrowKeysMoveTheCurrentRowAndWithShiftExtendThe
     EXPECT_THAT(selected(), ElementsAre(4, 5));
 }
 
+TEST_F(GridPeerSelectionTest, ShiftAndArrowsShrinkTheRangeAndTurnItRoundItsMark) {
+    Person::click(list(), inRow(2));
+    Person::press({VK_SHIFT, VK_DOWN});
+    Person::press({VK_SHIFT, VK_UP});
+    EXPECT_THAT(shownSelected(), ElementsAre(3));
+    Person::press({VK_SHIFT, VK_UP});
+    EXPECT_THAT(shownSelected(), ElementsAre(2, 3));
+    EXPECT_THAT(selected(), ::testing::UnorderedElementsAre(2, 3));
+    EXPECT_EQ(grid().row(), 2);
+    Person::press({VK_DOWN});
+    EXPECT_THAT(selected(), ElementsAre(3)) << "the keyboard goes on from the row that the range led to";
+}
+
+TEST_F(GridPeerSelectionTest, ShiftAndAnArrowAtTheEndOfTheListKeepTheRange) {
+    grid().select(2, 1);
+    for (int i = 0; i < 3; ++i)
+        Person::press({VK_SHIFT, VK_UP});
+    EXPECT_EQ(grid().row(), 1);
+    EXPECT_THAT(shownSelected(), ElementsAre(1, 2));
+    grid().select(99, 1);
+    for (int i = 0; i < 3; ++i)
+        Person::press({VK_SHIFT, VK_DOWN});
+    EXPECT_EQ(grid().row(), 100);
+    EXPECT_THAT(shownSelected(), ElementsAre(99, 100));
+}
+
+TEST_F(GridPeerSelectionTest, ShiftAndAnArrowLeaveOnlyTheRangeOfWhatWasSelected) {
+    Person::click(list(), inRow(2));
+    Person::clickWith(VK_CONTROL, list(), inRow(8));
+    Person::press({VK_SHIFT, VK_DOWN});
+    EXPECT_THAT(shownSelected(), ElementsAre(9, 10));
+    EXPECT_THAT(selected(), ::testing::UnorderedElementsAre(9, 10));
+}
+
+TEST_F(GridPeerSelectionTest, ShiftAndAnArrowBringTheRowTheyLeadToIntoView) {
+    const auto page = static_cast<int>(::SendMessageW(list(), LVM_GETCOUNTPERPAGE, 0, 0));
+    Person::click(list(), inRow(page - 1));
+    Person::press({VK_SHIFT, VK_DOWN});
+    EXPECT_EQ(grid().row(), page + 1);
+    EXPECT_EQ(::SendMessageW(list(), LVM_GETTOPINDEX, 0, 0), 1);
+}
+
 TEST_F(GridPeerSelectionTest, ControlASelectsEveryRow) {
     Person::press({VK_CONTROL, 'A'});
     EXPECT_EQ(grid().selectedRows(), 100);
@@ -185,6 +227,14 @@ TEST_F(GridPeerCountTest, SelectingARangeDoesNothingPerRowPassed) {
     EXPECT_EQ(grid().selectedRows(), kRows - 99);
     expectFew(countOf({VK_SHIFT, VK_HOME}));
     EXPECT_EQ(grid().selectedRows(), 100);
+}
+
+TEST_F(GridPeerCountTest, SelectingOneRowMoreOrLessDoesNothingPerRow) {
+    expectFew(countOf({VK_SHIFT, VK_DOWN}));
+    EXPECT_THAT(selected(), ElementsAre(100, 101));
+    expectFew(countOf({VK_SHIFT, VK_DOWN}));
+    expectFew(countOf({VK_SHIFT, VK_UP}));
+    EXPECT_THAT(selected(), ElementsAre(100, 101));
 }
 
 TEST_F(GridPeerCountTest, SelectingEveryRowAndOneAgainDoesNothingPerRow) {
