@@ -33,7 +33,6 @@ void FeatureCaseGrid::layOut(const std::string& nameHeading, const std::string& 
     grid_.setColWidth(kNameCol, kNameWidth);
     grid_.setColWidth(kValueCol, kValueWidth);
     grid_.setWidthsChosen(false);
-    grid_.setColEditable(kNameCol, false);
     grid_.setColEditable(kValueCol, true);
     showTypes({}, kNoType);
     grid_.select(kTypeRow, kValueCol);

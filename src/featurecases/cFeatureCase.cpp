@@ -120,8 +120,7 @@ void cFeatureCase::fillFilters() {
         std::vector<ComboBox::Item> items{{any, kOpen, ""}};
         trap(person_.operations(), "cFeatureCase::Init", [&] { query(items); });
         combo.setItems(std::move(items));
-        combo.setIndex(kAny);
-        // An index from a longer list chooses nothing; the filter then stays open.
+        // Nothing stored, or an index from a longer list, chooses nothing; the filter then stays open.
         person_.layouts.RestoreComboBoxIndex(combo);
         if (combo.index() == ComboBox::kNone) combo.setIndex(kAny);
     };

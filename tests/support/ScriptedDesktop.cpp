@@ -20,7 +20,9 @@ class ScriptedDesktop::Peer : public FormPeer {
         note("embed", place.parent);
         place_ = place;
     }
-    std::optional<EmbeddedPlace> embeddedPlace() const override { return place_; }
+    std::optional<EmbeddedPlace> embeddedPlace() const override {
+        return desktop_.hostWindowsGone ? std::nullopt : place_;
+    }
     void runModal(WindowHandle owner) override {
         note("modal", owner);
         Expected expected;

@@ -35,6 +35,9 @@ class ScriptedDesktop : public Desktop {
     /// The form of that name whose window exists now, null when there is none.
     Form* loaded(const std::string& name) const;
 
+    /// The host's windows are gone, and what was embedded there has not been told yet.
+    bool hostWindowsGone = false;
+
     MessageAnswer showMessage(const MessageBox& message) override;
     std::unique_ptr<FormPeer> createPeer(Form& form) override;
 

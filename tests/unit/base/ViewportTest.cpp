@@ -90,5 +90,12 @@ TEST(ViewportTest, OfAPartLargerThanThePageItsBeginningIsRevealed) {
     EXPECT_EQ(view.at(), (Point{100, 50})) << "by as little as it takes";
 }
 
+TEST(ViewportTest, ABarThatLeavesJustEnoughMakesTheOtherUnnecessary) {
+    const Viewport narrow = fitted({639, 497}, {640, 480});
+    EXPECT_EQ(narrow.page(), (Size{639, 480}));
+    const Viewport low = fitted({657, 479}, {640, 480});
+    EXPECT_EQ(low.page(), (Size{640, 479}));
+}
+
 }  // namespace
 }  // namespace pellmark::test

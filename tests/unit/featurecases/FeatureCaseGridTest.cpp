@@ -150,7 +150,17 @@ TEST_F(FeatureCaseGridTest, TheCurrentCellStaysInTheGridWhenItsRowGoes) {
     showHole();
     grid.select(3, kValueCol);
     rows.showTypes({}, "-1");
+    EXPECT_EQ(grid.dataRows(), 1) << "the keys were those of the other types";
     EXPECT_EQ(grid.row(), kTypeRow);
+}
+
+TEST_F(FeatureCaseGridTest, LayingOutAgainBringsTheUsualWidthsBack) {
+    const std::vector<Twips> usual{grid.colWidth(0), grid.colWidth(1)};
+    grid.userResizedColumn(0, 1);
+    grid.userResizedColumn(1, 1);
+    rows.layOut("Key", "Value");
+    EXPECT_THAT(usual, ElementsAre(grid.colWidth(0), grid.colWidth(1)));
+    EXPECT_FALSE(grid.widthsChosen());
 }
 
 }  // namespace

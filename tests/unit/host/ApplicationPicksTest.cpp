@@ -353,5 +353,15 @@ TEST_F(ApplicationPicksTest, ANewProcessIsAddedOnceThoughOkIsPressedTwiceOnASlow
     EXPECT_EQ(base.callsOf("addProcess").size(), 1U);
 }
 
+TEST_F(ApplicationPicksTest, AViewWhoseWindowWentWithTheHostsIsNotBroughtBack) {
+    app.ShowWindowProcessCaseView(host, description);
+    desktop.hostWindowsGone = true;
+    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK));
+    EXPECT_EQ(app.OpenProcess(host, 9, description), exact);
+    EXPECT_THAT(desktop.windows(),
+                ElementsAre("create FrmMain", StartsWith("embed FrmMain"), "destroy FrmMain",
+                            "create FrmMain", "modal FrmMain 9", "destroy FrmMain"));
+}
+
 }  // namespace
 }  // namespace pellmark::test

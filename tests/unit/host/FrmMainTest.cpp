@@ -140,6 +140,7 @@ TEST_F(FrmMainTest, TheEnteredGridLooksActiveAndTheOtherDoesNot) {
     EXPECT_TRUE(main.VSFGProcessStep.activeLook());
     EXPECT_FALSE(main.VSFGProcessCaseResults.activeLook());
     main.VSFGProcessCaseResults.entered.raise();
+    EXPECT_TRUE(main.VSFGProcessCaseResults.activeLook());
     EXPECT_FALSE(main.VSFGProcessStep.activeLook());
 }
 

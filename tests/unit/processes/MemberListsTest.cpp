@@ -63,6 +63,9 @@ TEST_F(MemberListsTest, ItemsWithTheSameKeyLeaveNoHalfAList) {
     EXPECT_THROW(lists.show({{"1", "a", {}}, {"1", "b", {}}}, {{"2", "c", {}}}), Error);
     EXPECT_THAT(shown(lists.LV1), IsEmpty());
     EXPECT_THAT(shown(lists.LV2), IsEmpty());
+    EXPECT_THROW(lists.show({{"1", "a", {}}}, {{"2", "b", {}}, {"2", "c", {}}}), Error);
+    EXPECT_THAT(shown(lists.LV1), IsEmpty());
+    EXPECT_THAT(shown(lists.LV2), IsEmpty());
 }
 
 TEST_F(MemberListsTest, TheOneColumnFollowsTheWidthOfItsList) {

@@ -233,5 +233,12 @@ TEST_F(GridPagesTest, AWideGridWantsSidewaysPaper) {
     EXPECT_EQ(orientationFor(grid), Orientation::Landscape);
 }
 
+TEST_F(GridPagesTest, RowsBeginRightBelowTheirHeadings) {
+    const auto& document = print();
+    const Twips below = drawn(document, "P1").at.top - drawn(document, "Name").at.top;
+    EXPECT_GE(below, RecordingPrinter::kLine);
+    EXPECT_LT(below, 2 * RecordingPrinter::kLine);
+}
+
 }  // namespace
 }  // namespace pellmark::test

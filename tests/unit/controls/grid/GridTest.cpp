@@ -196,6 +196,17 @@ TEST_F(GridTest, SettingTheNumberOfRowsCutsOrGrowsTheEnd) {
     EXPECT_EQ(grid.rows(), 1);
 }
 
+TEST_F(GridTest, ATextIsFoundInTheFirstRowThatHoldsItWhateverItsCase) {
+    grid.setHeadings("Id|Name");
+    grid.setRows(4);
+    grid.setText(2, 1, "Ream");
+    grid.setText(3, 1, "REAM");
+    EXPECT_EQ(grid.findText("reaM", 1), 2);
+    EXPECT_EQ(grid.findText("Name", 1), -1) << "a heading is no row";
+    EXPECT_EQ(grid.findText("Ream", 0), -1);
+    EXPECT_EQ(grid.findText("Ream", 2), -1) << "there is no such column";
+}
+
 TEST_F(GridTest, SelectionKeepsItsOrder) {
     fill(7);
     grid.setSelected(2, true);
