@@ -94,6 +94,7 @@ cleanup() {
     fi
     for pid in "${started[@]}"; do
         kill "$pid" 2>/dev/null || as_root kill "$pid" 2>/dev/null
+        wait "$pid" 2>/dev/null # or it writes into a folder that is being removed
     done
     [ ${#folders[@]} = 0 ] || as_root rm -rf "${folders[@]}"
     exit "$status"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,6 +22,15 @@ struct PrinterSettings {
     int printQuality = 0;      ///< dots per inch, or a grade below 0; 0 for the printer's own
     std::string driverData{};  ///< what only the printer's driver understands
     bool operator==(const PrinterSettings&) const = default;
+};
+
+/// Pages of a document, counted from 1; at first all of them.
+struct PageRange {
+    static constexpr int kToTheEnd = std::numeric_limits<int>::max();
+    int first = 1;
+    int last = kToTheEnd;
+    bool contains(int page) const { return page >= first && page <= last; }
+    bool operator==(const PageRange&) const = default;
 };
 
 /// What texts measure in the font that is set.

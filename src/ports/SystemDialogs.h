@@ -39,6 +39,11 @@ struct PageMargins {
     bool operator==(const PageMargins&) const = default;
 };
 
+struct PrintChoice {
+    PrinterSettings settings;
+    PageRange pages;
+};
+
 struct PageChoice {
     PrinterSettings settings;
     PageMargins margins;
@@ -53,8 +58,8 @@ class SystemDialogs {
                                                   std::uint32_t flags) = 0;
     virtual DialogResult<FontChoice> chooseFont(const FontChoice& first, WindowHandle owner,
                                                 std::uint32_t flags) = 0;
-    virtual DialogResult<PrinterSettings> print(const PrinterSettings& first, WindowHandle owner,
-                                                std::uint32_t flags) = 0;
+    virtual DialogResult<PrintChoice> print(const PrintChoice& first, WindowHandle owner,
+                                            std::uint32_t flags) = 0;
     virtual DialogResult<PageChoice> pageSetup(const PageChoice& first, WindowHandle owner,
                                                std::uint32_t flags) = 0;
 };

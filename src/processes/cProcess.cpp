@@ -201,6 +201,7 @@ void cProcess::fillAll(const std::string& selectId) {
 void cProcess::fillFeatureCase(const std::string& selectId) {
     Grid::RedrawOff off(*grid_);
     grid_->bind(nullptr);
+    restoreColumns();
     if (!ofCase_) readFeatureCase();
     if (ofCase_->count() == 0) return;
     // The limit is one of the list's own order, exact matches before partial ones, whatever is wanted of it.
@@ -208,7 +209,6 @@ void cProcess::fillFeatureCase(const std::string& selectId) {
     auto records = firstRecords(ofCase_, static_cast<std::size_t>(most));
     if (arrangement_) records = arrangement_->arranged(records);
     grid_->bind(std::move(records));
-    restoreColumns();
     gridOps_.SetRowDataToIds(*grid_);
     markMatches(*grid_, results_, person_.texts);
     selectProcess(selectId);

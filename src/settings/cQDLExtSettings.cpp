@@ -289,7 +289,6 @@ std::string cQDLExtSettings::NorvexInstallPath() {
     host.setClassKey(cRegistry::kLocalMachine);
     host.setSectionKey(kHostKey);
     host.setValueKey("CurrentPath");
-    host.setValueType(cRegistry::kString);
     return toText(host.Value());
 }
 

@@ -1,5 +1,7 @@
 #include "util/PrintServices.h"
 
+#include "util/ChosenPages.h"
+
 namespace pellmark {
 
 bool PrintServices::isPrinterThere() const {
@@ -11,8 +13,11 @@ bool PrintServices::isPrinterThere() const {
 }
 
 std::unique_ptr<PrintDocument> PrintServices::askAndBegin(const std::string& name, WindowHandle owner) const {
-    if (!isPrinterThere() || !dialogs.VBPrintDlg(owner)) return nullptr;
-    return printer.begin(name);
+    PageRange pages;
+    if (!isPrinterThere() || !dialogs.VBPrintDlg(pages, owner)) return nullptr;
+    auto document = printer.begin(name);
+    if (document == nullptr || pages == PageRange{}) return document;
+    return std::make_unique<ChosenPages>(std::move(document), pages, person.texts);
 }
 
 std::unique_ptr<PrintDocument> PrintServices::begin(const std::string& name) const {

@@ -73,10 +73,11 @@ bool cCommonDialog::VBChooseFont(Font& font, Color& color, WindowHandle owner, s
     return true;
 }
 
-bool cCommonDialog::VBPrintDlg(WindowHandle owner, std::uint32_t flags) {
-    const auto result = others_.print(printer_.settings(), owner, flags);
+bool cCommonDialog::VBPrintDlg(PageRange& pages, WindowHandle owner, std::uint32_t flags) {
+    const auto result = others_.print({printer_.settings(), pages}, owner, flags);
     if (!ended(result.confirmed, result.extendedError)) return false;
-    printer_.setSettings(result.chosen);
+    printer_.setSettings(result.chosen.settings);
+    pages = result.chosen.pages;
     return true;
 }
 

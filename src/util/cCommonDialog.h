@@ -60,9 +60,10 @@ class cCommonDialog {
     Color CustomColor(int index) const { return customColors_[checkedIndex(index)]; }
     void setCustomColor(int index, Color color) { customColors_[checkedIndex(index)] = color; }
     bool VBChooseFont(Font& font, Color& color, WindowHandle owner, std::uint32_t flags = 0);
-    /// Sets the printer's device, Copies, Orientation, PaperSize and PrintQuality to what was chosen.
-    bool VBPrintDlg(WindowHandle owner, std::uint32_t flags = 0);
-    /// The same, and the margins of the page.
+    /// Sets the printer's device, Copies, Orientation, PaperSize and PrintQuality to what was chosen, and
+    /// gives the pages that are wanted. How many there are is not known yet.
+    bool VBPrintDlg(PageRange& pages, WindowHandle owner, std::uint32_t flags = 0);
+    /// The printer alike, and the margins of the page.
     bool VBPageSetupDlg(PageMargins& margins, WindowHandle owner, std::uint32_t flags = 0);
 
     /// Whether the last dialog was confirmed, as the system's call returned it: 1 or 0.

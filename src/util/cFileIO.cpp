@@ -92,7 +92,8 @@ bool cFileIO::FolderExists(const std::string& path) const {
 }
 
 bool cFileIO::WriteFile(const std::string& path, const std::string& text) const {
-    return trap(trace_, "cFileIO::WriteFile", [&] { files_.write(path, encoded(path, text)); });
+    return trap(trace_, "cFileIO::WriteFile",
+                [&] { files_.write(path, encoded("cFileIO::WriteFile", path, text)); });
 }
 
 std::string cFileIO::GetFilePath(const std::string& path) const {
@@ -121,7 +122,8 @@ void cFileIO::AppendFiles(const std::string& sourcePath, const std::string& targ
 }
 
 void cFileIO::AppendFile(const std::string& path, const std::string& text) const {
-    trap(trace_, "cFileIO::AppendFile", [&] { files_.append(path, encoded(path, text)); });
+    trap(trace_, "cFileIO::AppendFile",
+         [&] { files_.append(path, encoded("cFileIO::AppendFile", path, text)); });
 }
 
 std::vector<std::string> cFileIO::GetFiles(const std::string& folder) const {
@@ -160,11 +162,11 @@ void cFileIO::walk(const std::string& folder, Collect what, std::vector<std::str
     }
 }
 
-std::string cFileIO::encoded(const std::string& path, const std::string& text) const {
+std::string cFileIO::encoded(const char* operation, const std::string& path, const std::string& text) const {
     CodePageText encoding(codePage_);
     std::string bytes = encoding.encode(text);
     if (encoding.lost() > 0) {
-        trace_.record("cFileIO::WriteFile",
+        trace_.record(operation,
                       path + ": " + std::to_string(encoding.lost()) +
                           " character(s) that the code page lacks were written as \"?\", the first one " +
                           encoding.firstLost());

@@ -75,7 +75,7 @@ class cFileIO {
     enum class Collect { Files, Folders };
 
     /// In the code page; what that lacks is traced.
-    std::string encoded(const std::string& path, const std::string& text) const;
+    std::string encoded(const char* operation, const std::string& path, const std::string& text) const;
     std::string readAll(const std::string& path) const;
     bool sameBytes(const std::string& path1, const std::string& path2) const;
     void walk(const std::string& folder, Collect what, std::vector<std::string>& collection) const;

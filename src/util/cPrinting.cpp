@@ -20,11 +20,15 @@ class Pen {
     Twips top() const { return at_.top; }
     void printLine(const std::string& line) {
         if (at_.top + lineHeight_ > document_.page().height) {
-            document_.newPage();
+            ++pagesToBegin_;
             at_.top = 0;
         }
         const std::string text = printableText(line);
-        if (!text.empty()) document_.drawText(at_, text, kBlack);
+        if (!text.empty()) {
+            for (; pagesToBegin_ > 0; --pagesToBegin_)
+                document_.newPage();
+            document_.drawText(at_, text, kBlack);
+        }
         at_ = {0, at_.top + lineHeight_};
     }
 
@@ -32,6 +36,7 @@ class Pen {
     PrintDocument& document_;
     Twips lineHeight_;
     Point at_;
+    int pagesToBegin_ = 0;  ///< before the next text: what is empty to the end takes no sheet
 };
 
 }  // namespace

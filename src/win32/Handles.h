@@ -43,6 +43,7 @@ class Handle {
 
 using FileHandle = Handle<HANDLE, &::CloseHandle, -1>;
 using GlobalMemory = Handle<HGLOBAL, &::GlobalFree>;
+using FontHandle = Handle<HFONT, &::DeleteObject>;
 using FindHandle = Handle<HANDLE, &::FindClose, -1>;
 
 }  // namespace pellmark

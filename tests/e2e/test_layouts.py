@@ -271,6 +271,47 @@ class Windows(LayoutTest):
         self.leave(dialog)
         self.has_exported("GlobalSettings", r"DialogSettings\FrmAddExistingProcess")
 
+    def test_the_materials_of_a_process_are_as_they_were_left(self):
+        def open_materials():
+            listed = self.workbench.process_list()
+            self.desktop.click(self.desktop.row_middle(self.desktop.rows(listed)["rows"][0]))
+            self.desktop.key("ctrl+m")
+            return self.workbench.dialog()
+
+        dialog = open_materials()
+        area = self.move_and_size(dialog)
+        others, members = self.member_lists(dialog)
+        self.resize(others, "Nonmembers", -35)
+        self.resize(members, "Members", -50)
+        widths = self.columns(others), self.columns(members)
+        self.leave(dialog)
+        self.workbench.restart()
+        dialog = open_materials()
+        self.assertEqual(dialog.area, area)
+        self.assertEqual(tuple(self.columns(each) for each in self.member_lists(dialog)), widths)
+        self.leave(dialog)
+        self.has_exported("GlobalSettings", r"DialogSettings\FrmEditProcessMaterials")
+
+    def test_the_fixed_dialog_of_a_step_stands_where_it_was_left_in_its_own_size(self):
+        def open_step():
+            describe_case(self.desktop, self.workbench)
+            wait_for("the three grids", lambda: len(self.workbench.lists()) == 3)
+            self.desktop.tab_to(self.workbench.lists()[2])
+            self.desktop.key("Insert")
+            return self.workbench.dialog()
+
+        dialog = open_step()
+        left, top, width, height = dialog.area
+        self.desktop.drag((left + 80, top + 12), (left + 30, top + 42))
+        moved = wait_for("the window to move", lambda: self.area_of(dialog) != dialog.area and self.area_of(dialog))
+        self.assertEqual(moved[2:], (width, height))
+        self.leave(dialog)
+        self.workbench.restart()
+        dialog = open_step()
+        self.assertEqual(dialog.area, moved)
+        self.leave(dialog)
+        self.has_exported("GlobalSettings", r"DialogSettings\frmAddEditProcessTechStep")
+
     def test_a_pick_stands_where_the_last_one_was_left_and_the_view_in_the_host_does_not(self):
         def pick():
             self.desktop.click(self.workbench.lists()[0].middle)

@@ -25,11 +25,21 @@ class ScriptedSystemDialogs : public SystemDialogs {
 
     void expectColor(std::function<bool(ColorChoice&)> script) { colors_.push_back(std::move(script)); }
     void expectFont(std::function<bool(FontChoice&)> script) { fonts_.push_back(std::move(script)); }
-    void expectPrint(std::function<bool(PrinterSettings&)> script) { prints_.push_back(std::move(script)); }
+    void expectPrint(std::function<bool(PrinterSettings&)> script) {
+        prints_.push_back(
+            [script = std::move(script)](PrintChoice& choice) { return script(choice.settings); });
+    }
+    void expectPrintChoice(std::function<bool(PrintChoice&)> script) { prints_.push_back(std::move(script)); }
     void expectPageSetup(std::function<bool(PageChoice&)> script) { pages_.push_back(std::move(script)); }
     /// The person says OK to the print dialog, or Cancel.
     void expectPrintConfirmed() {
         expectPrint([](PrinterSettings&) { return true; });
+    }
+    void expectPrintOf(const PageRange& pages) {
+        expectPrintChoice([pages](PrintChoice& choice) {
+            choice.pages = pages;
+            return true;
+        });
     }
     void expectPrintCancelled() {
         expectPrint([](PrinterSettings&) { return false; });
@@ -47,8 +57,8 @@ class ScriptedSystemDialogs : public SystemDialogs {
                                         std::uint32_t flags) override {
         return show("font", fonts_, first, owner, flags);
     }
-    DialogResult<PrinterSettings> print(const PrinterSettings& first, WindowHandle owner,
-                                        std::uint32_t flags) override {
+    DialogResult<PrintChoice> print(const PrintChoice& first, WindowHandle owner,
+                                    std::uint32_t flags) override {
         return show("print", prints_, first, owner, flags);
     }
     DialogResult<PageChoice> pageSetup(const PageChoice& first, WindowHandle owner,
@@ -79,7 +89,7 @@ class ScriptedSystemDialogs : public SystemDialogs {
 
     Scripts<ColorChoice> colors_;
     Scripts<FontChoice> fonts_;
-    Scripts<PrinterSettings> prints_;
+    Scripts<PrintChoice> prints_;
     Scripts<PageChoice> pages_;
     std::uint32_t failure_ = 0;
 };

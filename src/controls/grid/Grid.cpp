@@ -16,15 +16,11 @@ Grid::~Grid() = default;
 
 // --- shape -------------------------------------------------------------------------------------------------
 
-int Grid::rows() const {
-    return fixedRows_ + static_cast<int>(rowOrder_.count());
-}
-
 void Grid::setRows(int rows) {
     RedrawOff off(*this);
     while (this->rows() < rows)
         addRow();
-    while (this->rows() > std::max(rows, fixedRows_))
+    while (this->rows() > std::max(rows, fixedRows()))
         removeRow(this->rows() - 1);
 }
 
@@ -94,13 +90,13 @@ void Grid::setColEditable(int col, bool editable) {
 }
 
 void Grid::setRowComboList(int row, int col, const std::string& list) {
-    if (!isDataRow(row) || !columns_.contains(col)) return;
-    cells_.setList(slotOf(row), col, list);
+    if (!rows_.isData(row) || !columns_.contains(col)) return;
+    cells_.setList(rows_.slotOf(row), col, list);
     notify({What::Cells, row});
 }
 
 const DisplayList& Grid::comboList(int row, int col) const {
-    const DisplayList* own = isDataRow(row) ? cells_.list(slotOf(row), col) : nullptr;
+    const DisplayList* own = rows_.isData(row) ? cells_.list(rows_.slotOf(row), col) : nullptr;
     return own != nullptr ? *own : columns_.at(col).list;
 }
 
@@ -134,19 +130,19 @@ void Grid::bind(std::shared_ptr<RecordSet> records) {
     const std::size_t count = records ? records->count() : 0;
     cells_.bind(std::move(records));
     cells_.matchFields(columns_);
-    rowOrder_.reset(count);
+    const bool hadCurrent = row() >= 0;
+    selection_.reset();
+    rows_.order().reset(count);
     styles_.clear();
-    selection_.clear();
     col_ = 0;
-    const bool hadCurrent = std::exchange(current_, std::nullopt).has_value();
     notify({What::All});
     if (hadCurrent) currentMoved();
 }
 
 std::string Grid::text(int row, int col) const {
     if (!columns_.contains(col) || row < 0 || row >= rows()) return {};
-    if (row < fixedRows_) return row == 0 ? columns_.at(col).heading : std::string();
-    return cells_.text(slotOf(row), col);
+    if (row < fixedRows()) return row == 0 ? columns_.at(col).heading : std::string();
+    return cells_.text(rows_.slotOf(row), col);
 }
 
 std::string Grid::displayText(int row, int col) const {
@@ -156,11 +152,11 @@ std::string Grid::displayText(int row, int col) const {
 }
 
 void Grid::appendDisplayText(int row, int col, std::string& out) const {
-    if (!isDataRow(row) || !columns_.contains(col)) {
+    if (!rows_.isData(row) || !columns_.contains(col)) {
         out += text(row, col);
         return;
     }
-    const std::size_t slot = slotOf(row);
+    const std::size_t slot = rows_.slotOf(row);
     const DisplayList& list = comboList(row, col);
     if (list.empty()) {
         cells_.appendText(slot, col, out);
@@ -171,63 +167,57 @@ void Grid::appendDisplayText(int row, int col, std::string& out) const {
 
 void Grid::setText(int row, int col, std::string value) {
     if (!columns_.contains(col) || row < 0 || row >= rows()) return;
-    if (row < fixedRows_) {
+    if (row < fixedRows()) {
         columns_.at(col).heading = std::move(value);
         notify({What::Columns});
         return;
     }
-    cells_.setText(slotOf(row), col, std::move(value));
+    cells_.setText(rows_.slotOf(row), col, std::move(value));
     notify({What::Cells, row});
 }
 
 std::string Grid::rowData(int row) const {
-    return isDataRow(row) ? cells_.key(slotOf(row)) : std::string();
+    return rows_.isData(row) ? cells_.key(rows_.slotOf(row)) : std::string();
 }
 
 void Grid::setRowData(int row, const std::string& data) {
-    if (isDataRow(row)) cells_.setKey(slotOf(row), data);
+    if (rows_.isData(row)) cells_.setKey(rows_.slotOf(row), data);
 }
 
 void Grid::setRowDataFromColumn(int col) {
     if (!columns_.contains(col)) return;
-    cells_.setKeysFromColumn(col, rowOrder_);
+    cells_.setKeysFromColumn(col, rows_.order());
 }
 
 int Grid::findRow(std::string_view rowData) const {
-    const auto slot = cells_.find(rowData, rowOrder_);
-    return slot ? rowOf(*slot) : -1;
+    const auto slot = cells_.find(rowData, rows_.order());
+    return slot ? rows_.rowOf(*slot) : -1;
 }
 
 int Grid::findRow(const Guid& rowData) const {
-    const auto slot = cells_.find(rowData, rowOrder_);
-    return slot ? rowOf(*slot) : -1;
+    const auto slot = cells_.find(rowData, rows_.order());
+    return slot ? rows_.rowOf(*slot) : -1;
 }
 
 int Grid::findText(std::string_view value, int col) const {
     if (!columns_.contains(col)) return -1;
-    for (int row = fixedRows_; row < rows(); ++row) {
-        if (equalNoCase(cells_.text(slotOf(row), col), value)) return row;
+    for (int row = fixedRows(); row < rows(); ++row) {
+        if (equalNoCase(cells_.text(rows_.slotOf(row), col), value)) return row;
     }
     return -1;
 }
 
 int Grid::addRow() {
-    rowOrder_.append();
+    rows_.order().append();
     notify({What::Rows});
     return rows() - 1;
 }
 
 void Grid::removeRow(int row) {
-    if (!isDataRow(row)) return;
-    const std::size_t slot = slotOf(row);
+    if (!rows_.isData(row)) return;
     if (editing_ && editing_->row >= row) cancelEdit();
-    selection_.remove(slot);
-    rowOrder_.remove(slot);
-    const bool wasCurrent = current_ == slot;
-    if (wasCurrent) {
-        const int next = std::min(row, rows() - 1);
-        current_ = isDataRow(next) ? std::optional(slotOf(next)) : std::nullopt;
-    }
+    const bool wasCurrent = selection_.remove(row);
+    rows_.order().remove(rows_.slotOf(row));
     notify({What::Rows});
     if (wasCurrent) currentMoved();
 }
@@ -239,12 +229,12 @@ void Grid::setFont(const Font& font) {
 }
 
 CellStyle Grid::style(int row, int col) const {
-    return isDataRow(row) ? styles_.at(slotOf(row), col) : CellStyle{};
+    return rows_.isData(row) ? styles_.at(rows_.slotOf(row), col) : CellStyle{};
 }
 
 void Grid::setStyle(int row, int col, const std::function<void(CellStyle&)>& change) {
-    if (!isDataRow(row) || !columns_.contains(col)) return;
-    const std::size_t slot = slotOf(row);
+    if (!rows_.isData(row) || !columns_.contains(col)) return;
+    const std::size_t slot = rows_.slotOf(row);
     CellStyle style = styles_.at(slot, col);
     change(style);
     styles_.set(slot, col, style);
@@ -295,102 +285,59 @@ void Grid::setActiveLook(bool active) {
 
 // --- current cell and selection ----------------------------------------------------------------------------
 
-int Grid::row() const {
-    return current_ ? rowOf(*current_) : -1;
+void Grid::select(int row, int col) {
+    selection_.clear();
+    if (const auto block = rows_.dataBetween(row, row)) selection_.set(*block, true);
+    notify({What::Selection});
+    setCurrent(row, col);
 }
 
-void Grid::makeCurrent(std::optional<std::size_t> slot, int col) {
-    const bool otherRow = slot != current_;
-    current_ = slot;
+void Grid::setCurrent(int row, int col) {
+    const bool otherRow = selection_.setCurrent(row);
     col_ = columns_.contains(col) ? col : 0;
     notify({What::Current});
     if (otherRow) currentMoved();
 }
 
-void Grid::select(int row, int col) {
-    selection_.clear();
-    const std::optional<std::size_t> slot = isDataRow(row) ? std::optional(slotOf(row)) : std::nullopt;
-    if (slot) selection_.add(*slot);
-    notify({What::Selection});
-    makeCurrent(slot, col);
-}
-
-void Grid::setCurrent(int row, int col) {
-    makeCurrent(isDataRow(row) ? std::optional(slotOf(row)) : std::nullopt, col);
-}
-
 void Grid::showCell(int row, int) {
-    if (isDataRow(row)) notify({What::Scroll, row});
+    if (rows_.isData(row)) notify({What::Scroll, row});
 }
 
 int Grid::topRow() {
-    int top = fixedRows_;
+    int top = fixedRows();
     topRowAsked.raise(top);
     return top;
 }
 
 void Grid::setTopRow(int row) {
-    if (isDataRow(row)) notify({What::Top, row});
-}
-
-int Grid::selectedRows() const {
-    return static_cast<int>(selection_.count());
-}
-
-int Grid::selectedRow(int i) const {
-    return i >= 0 && i < selectedRows() ? rowOf(selection_.at(static_cast<std::size_t>(i))) : -1;
-}
-
-bool Grid::isSelected(int row) const {
-    return isDataRow(row) && selection_.contains(slotOf(row));
-}
-
-std::optional<Grid::Block> Grid::blockOf(int row1, int row2) const {
-    const Block block{std::max(std::min(row1, row2), fixedRows_), std::min(std::max(row1, row2), rows() - 1)};
-    return block.first <= block.last ? std::optional(block) : std::nullopt;
-}
-
-void Grid::markRows(const Block& rows, bool selected) {
-    const auto rank = [this](int row) { return static_cast<std::size_t>(row - fixedRows_); };
-    if (!selected) {
-        selection_.removeRange(slotOf(rows.first), slotOf(rows.last));
-        return;
-    }
-    rowOrder_.eachRun(rank(rows.first), rank(rows.last),
-                      [this](std::size_t first, std::size_t last) { selection_.addRange(first, last); });
+    if (rows_.isData(row)) notify({What::Top, row});
 }
 
 void Grid::setSelected(int row1, int row2, bool selected) {
-    const auto block = blockOf(row1, row2);
+    const auto block = rows_.dataBetween(row1, row2);
     if (!block || (row1 == row2 && isSelected(row1) == selected)) return;
-    markRows(*block, selected);
+    selection_.set(*block, selected);
     notify({What::Selection, row1 == row2 ? row1 : -1});
 }
 
 void Grid::selectOnly(int row1, int row2) {
-    const auto block = blockOf(row1, row2);
+    const auto block = rows_.dataBetween(row1, row2);
     if (!block) {
         clearSelection();
         return;
     }
-    if (block->first > fixedRows_) markRows({fixedRows_, block->first - 1}, false);
-    if (block->last < rows() - 1) markRows({block->last + 1, rows() - 1}, false);
-    markRows(*block, true);
+    selection_.selectOnly(*block);
     notify({What::Selection});
 }
 
 void Grid::selectAll() {
-    if (hasData()) setSelected(fixedRows_, rows() - 1, true);
-}
-
-void Grid::eachSelectedRun(const std::function<void(int first, int last)>& visit) const {
-    selection_.eachRun([&](std::size_t first, std::size_t last) { visit(rowOf(first), rowOf(last)); });
+    if (hasData()) setSelected(fixedRows(), rows() - 1, true);
 }
 
 void Grid::selectBlock(int row1, int col1, int row2, int) {
     selection_.clear();
-    const auto block = blockOf(row1, row2);
-    if (block) markRows(*block, true);
+    const auto block = rows_.dataBetween(row1, row2);
+    if (block) selection_.set(*block, true);
     notify({What::Selection});
     if (block) setCurrent(std::clamp(row1, block->first, block->last), col1);
 }
@@ -403,7 +350,7 @@ void Grid::clearSelection() {
 // --- in-place editing --------------------------------------------------------------------------------------
 
 bool Grid::beginEdit(int row, int col) {
-    if (editing_ || !isDataRow(row) || !columns_.contains(col) || !columns_.at(col).editable) return false;
+    if (editing_ || !rows_.isData(row) || !columns_.contains(col) || !columns_.at(col).editable) return false;
     CellEdit edit{row, col, text(row, col), false};
     beforeEdit.raise(edit);
     if (edit.cancel) return false;
@@ -462,7 +409,7 @@ void Grid::redrawOn() {
     const bool moved = currentBefore_ != Current{row(), rowData(row())};
     for (const GridChange& change : held_.take()) {
         const bool scrolls = change.what == What::Scroll || change.what == What::Top;
-        if (!scrolls || isDataRow(change.row)) gridChanged.raise(change);
+        if (!scrolls || rows_.isData(change.row)) gridChanged.raise(change);
     }
     if (moved) rowChanged.raise();
 }

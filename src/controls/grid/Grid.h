@@ -15,8 +15,8 @@
 #include "controls/grid/GridCells.h"
 #include "controls/grid/GridChange.h"
 #include "controls/grid/GridColumns.h"
-#include "controls/grid/RowOrder.h"
-#include "controls/grid/RowSelection.h"
+#include "controls/grid/GridRows.h"
+#include "controls/grid/GridSelection.h"
 #include "knowledge/RecordSet.h"
 
 namespace pellmark {
@@ -59,9 +59,9 @@ class Grid : public Control {
     ~Grid() override;
 
     // --- shape -------------------------------------------------------------------------------------------
-    int rows() const;
-    int fixedRows() const { return fixedRows_; }
-    int dataRows() const { return rows() - fixedRows_; }
+    int rows() const { return rows_.count(); }
+    int fixedRows() const { return rows_.fixed(); }
+    int dataRows() const { return rows() - fixedRows(); }
     bool hasData() const { return dataRows() > 0; }
     /// Grows with empty data rows or cuts data rows off the end. Never below fixedRows.
     void setRows(int rows);
@@ -163,7 +163,7 @@ class Grid : public Control {
 
     // --- current cell and selection ----------------------------------------------------------------------
     /// Current row, a data row, or -1 when there is none.
-    int row() const;
+    int row() const { return selection_.current(); }
     int col() const { return col_; }
     /// Makes the cell current and its row the only selected one. A row outside the data means none.
     void select(int row, int col);
@@ -174,10 +174,10 @@ class Grid : public Control {
     int topRow();
     /// Scrolls so that this row stands at the upper edge, as far as there are rows behind it.
     void setTopRow(int row);
-    int selectedRows() const;
+    int selectedRows() const { return selection_.count(); }
     /// The i-th selected row, in the order in which the rows were selected; -1 when out of range.
-    int selectedRow(int i) const;
-    bool isSelected(int row) const;
+    int selectedRow(int i) const { return selection_.at(i); }
+    bool isSelected(int row) const { return selection_.contains(row); }
     void setSelected(int row, bool selected) { setSelected(row, row, selected); }
     /// The same for all rows from one to another, in any order; costs nothing per row. Rows outside the data
     /// are left out.
@@ -187,7 +187,9 @@ class Grid : public Control {
     void selectAll();
     /// The first and last row of each run of selected rows, from the top; neighbours that were selected at
     /// different times are runs of their own.
-    void eachSelectedRun(const std::function<void(int first, int last)>& visit) const;
+    void eachSelectedRun(const std::function<void(int first, int last)>& visit) const {
+        selection_.eachRun(visit);
+    }
     /// Selects the rows of a block and nothing else; (row1, col1) becomes current.
     void selectBlock(int row1, int col1, int row2, int col2);
     void clearSelection();
@@ -243,18 +245,7 @@ class Grid : public Control {
     void userTookWidth(int col, Twips width);
 
   private:
-    struct Block {
-        int first;
-        int last;
-    };
-    /// What of the rows between two is data, null when nothing is.
-    std::optional<Block> blockOf(int row1, int row2) const;
-    void markRows(const Block& rows, bool selected);
-    bool isDataRow(int row) const { return row >= fixedRows_ && row < rows(); }
-    std::size_t slotOf(int row) const { return rowOrder_.slotAt(static_cast<std::size_t>(row - fixedRows_)); }
-    int rowOf(std::size_t slot) const { return static_cast<int>(rowOrder_.rankOf(slot)) + fixedRows_; }
     void setStyle(int row, int col, const std::function<void(CellStyle&)>& change);
-    void makeCurrent(std::optional<std::size_t> slot, int col);
     /// Sets what a change of it makes the peer show anew.
     template <typename T>
     void change(T& property, const T& value, GridChange::What what);
@@ -265,13 +256,11 @@ class Grid : public Control {
     void currentMoved();
 
     GridColumns columns_;
-    int fixedRows_ = 1;
     int fixedCols_ = 0;
-    RowOrder rowOrder_;
+    GridRows rows_;
     GridCells cells_;
     CellStyles styles_;
-    RowSelection selection_;
-    std::optional<std::size_t> current_;
+    GridSelection selection_{rows_};
     int col_ = 0;
     std::optional<CellEdit> editing_;
     bool activeLook_ = true;

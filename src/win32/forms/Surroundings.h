@@ -10,8 +10,6 @@
 
 namespace pellmark {
 
-using FontHandle = Handle<HFONT, &::DeleteObject>;
-
 /// What all windows of one component share: its module, its trace and scopes, the themed controls and the
 /// answer to how fine the screen is.
 class Surroundings {

@@ -50,7 +50,7 @@ void Win32PrintDocument::beginPage() {
     if (::StartPage(context_.get()) <= 0) failPrinting("The printer does not begin a page.");
     // On some systems a page begins with the context's first objects.
     ::SetBkMode(context_.get(), TRANSPARENT);
-    ::SetTextAlign(context_.get(), TA_LEFT | TA_TOP);
+    ::SetTextAlign(context_.get(), TA_LEFT | TA_BASELINE);  // one line, whichever fonts write it
     ::SelectObject(context_.get(), pen_.get());
     if (font_ != nullptr) ::SelectObject(context_.get(), font_);
 }
@@ -82,20 +82,37 @@ Twips Win32PrintDocument::lineHeight() {
     return ::MulDiv(static_cast<int>(height), kTwipsPerInch, dpiY_);
 }
 
+int Win32PrintDocument::inkWidth(const FontRun& run) {
+    ::SelectObject(context_.get(), run.font);
+    SIZE size{};
+    ::GetTextExtentPoint32W(context_.get(), run.text.data(), static_cast<int>(run.text.size()), &size);
+    ::SelectObject(context_.get(), font_);
+    return static_cast<int>(size.cx);
+}
+
 Twips Win32PrintDocument::textWidth(std::string_view text) {
     const std::wstring wide = toWide(text);
-    SIZE size{};
-    ::GetTextExtentPoint32W(context_.get(), wide.data(), static_cast<int>(wide.size()), &size);
-    return twipsAcross(size.cx);
+    int width = 0;
+    for (const FontRun& run : linkedFonts_.runsOf(context_.get(), wide))
+        width += inkWidth(run);
+    return twipsAcross(width);
 }
 
 std::size_t Win32PrintDocument::fitting(std::string_view text, Twips width) {
     const std::wstring wide = toWide(text);
-    int fits = 0;
-    SIZE size{};
-    ::GetTextExtentExPointW(context_.get(), wide.data(), static_cast<int>(wide.size()), across(width), &fits,
-                            nullptr, &size);
-    auto units = static_cast<std::size_t>(std::max(fits, 0));
+    std::size_t units = 0;
+    int room = across(width);
+    for (const FontRun& run : linkedFonts_.runsOf(context_.get(), wide)) {
+        int fits = 0;
+        SIZE size{};
+        ::SelectObject(context_.get(), run.font);
+        ::GetTextExtentExPointW(context_.get(), run.text.data(), static_cast<int>(run.text.size()),
+                                std::max(room, 0), &fits, nullptr, &size);
+        ::SelectObject(context_.get(), font_);
+        units += static_cast<std::size_t>(std::max(fits, 0));
+        if (static_cast<std::size_t>(fits) < run.text.size()) break;
+        room -= static_cast<int>(size.cx);
+    }
     if (units >= wide.size()) return text.size();
     if (isSecondHalf(wide[units])) --units;
     return std::min(fromWide(std::wstring_view(wide).substr(0, units)).size(), text.size());
@@ -108,10 +125,19 @@ Size Win32PrintDocument::page() const {
 
 void Win32PrintDocument::drawText(Point at, std::string_view text, Color color) {
     const std::wstring wide = toWide(text);
+    TEXTMETRICW own{};
+    ::GetTextMetricsW(context_.get(), &own);
     ::SetTextColor(context_.get(), color);
-    if (::ExtTextOutW(context_.get(), across(at.left), down(at.top), 0, nullptr, wide.data(),
-                      static_cast<UINT>(wide.size()), nullptr) == FALSE) {
-        failPrinting("The printer takes no text.");
+    int left = across(at.left);
+    for (const FontRun& run : linkedFonts_.runsOf(context_.get(), wide)) {
+        const int width = inkWidth(run);
+        ::SelectObject(context_.get(), run.font);
+        const BOOL drawn =
+            ::ExtTextOutW(context_.get(), left, down(at.top) + static_cast<int>(own.tmAscent), 0, nullptr,
+                          run.text.data(), static_cast<UINT>(run.text.size()), nullptr);
+        ::SelectObject(context_.get(), font_);
+        if (drawn == FALSE) failPrinting("The printer takes no text.");
+        left += width;
     }
 }
 

@@ -7,11 +7,11 @@
 #include "ports/Printer.h"
 #include "win32/Handles.h"
 #include "win32/WindowsApi.h"
+#include "win32/ports/LinkedFonts.h"
 
 namespace pellmark {
 
 using PrinterContext = Handle<HDC, &::DeleteDC>;
-using FontHandle = Handle<HFONT, &::DeleteObject>;
 using PenHandle = Handle<HPEN, &::DeleteObject>;
 
 /// A document on a printer's device context. It begins its first page at once and is given up when it goes
@@ -39,6 +39,8 @@ class Win32PrintDocument : public PrintDocument {
 
     void beginPage();
     HFONT fontFor(const Font& font);
+    /// In the printer's dots.
+    int inkWidth(const FontRun& run);
     int across(Twips length) const { return ::MulDiv(length, dpiX_, kTwipsPerInch); }
     int down(Twips length) const { return ::MulDiv(length, dpiY_, kTwipsPerInch); }
     Twips twipsAcross(LONG pixels) const { return ::MulDiv(static_cast<int>(pixels), kTwipsPerInch, dpiX_); }
@@ -48,6 +50,7 @@ class Win32PrintDocument : public PrintDocument {
     int dpiX_;
     int dpiY_;
     std::map<FontKey, FontHandle> fonts_;
+    LinkedFonts linkedFonts_;
     HFONT font_ = nullptr;
     PenHandle pen_;
     HGDIOBJ firstFont_;

@@ -76,6 +76,24 @@ Font fontFrom(const LOGFONTW& logical, int tenthsOfPoint) {
     return font;
 }
 
+/// How many pages there will be depends on what is chosen, so as many as a dialog knows may be asked for.
+constexpr WORD kMostPages = 0xFFFF;
+
+void propose(const PageRange& pages, PRINTDLGW& asked) {
+    const bool isWhole = pages == PageRange{};
+    asked.Flags |= isWhole ? PD_ALLPAGES : PD_PAGENUMS;
+    asked.nMinPage = 1;
+    asked.nMaxPage = kMostPages;
+    asked.nFromPage = static_cast<WORD>(std::clamp<int>(pages.first, 1, kMostPages));
+    asked.nToPage = isWhole ? asked.nFromPage : static_cast<WORD>(std::clamp<int>(pages.last, 1, kMostPages));
+}
+
+PageRange pagesFrom(const PRINTDLGW& answer) {
+    if ((answer.Flags & PD_PAGENUMS) == 0) return {};
+    const auto [first, last] = std::minmax({answer.nFromPage, answer.nToPage});
+    return {first, last};
+}
+
 }  // namespace
 
 DialogResult<ColorChoice> Win32SystemDialogs::chooseColor(const ColorChoice& first, WindowHandle owner,
@@ -120,27 +138,27 @@ DialogResult<FontChoice> Win32SystemDialogs::chooseFont(const FontChoice& first,
     return result;
 }
 
-DialogResult<PrinterSettings> Win32SystemDialogs::print(const PrinterSettings& first, WindowHandle owner,
-                                                        std::uint32_t flags) {
+DialogResult<PrintChoice> Win32SystemDialogs::print(const PrintChoice& first, WindowHandle owner,
+                                                    std::uint32_t flags) {
     const Operations::Scope scope(operations_);
     const DialogOwner over(owner);
     PRINTDLGW asked{};
     asked.lStructSize = sizeof asked;
     asked.hwndOwner = over.window();
-    const PrinterSettings settings = usable(first);
+    const PrinterSettings settings = usable(first.settings);
     asked.hDevMode = DeviceMode::of(settings).copy().release();
     asked.hDevNames = deviceNamesOf(settings).release();
     // Without a printer the caller says so, in the person's language.
-    asked.Flags = flags | PD_ALLPAGES | PD_NOSELECTION | PD_NOPAGENUMS | PD_HIDEPRINTTOFILE |
-                  PD_USEDEVMODECOPIESANDCOLLATE | PD_NOWARNING;
+    asked.Flags = flags | PD_NOSELECTION | PD_HIDEPRINTTOFILE | PD_USEDEVMODECOPIESANDCOLLATE | PD_NOWARNING;
+    propose(first.pages, asked);
     asked.nCopies = 1;
-    DialogResult<PrinterSettings> result{false, first, 0};
+    DialogResult<PrintChoice> result{false, first, 0};
     result.confirmed = ::PrintDlgW(&asked) != FALSE;
     result.extendedError = reasonOf(result.confirmed);
     // The dialog may have exchanged both.
     const GlobalMemory mode(asked.hDevMode);
     const GlobalMemory names(asked.hDevNames);
-    if (result.confirmed) result.chosen = settingsFrom(mode.get(), names.get());
+    if (result.confirmed) result.chosen = {settingsFrom(mode.get(), names.get()), pagesFrom(asked)};
     return result;
 }
 

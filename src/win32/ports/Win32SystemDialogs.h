@@ -14,9 +14,9 @@ class Win32SystemDialogs : public SystemDialogs {
                                           std::uint32_t flags) override;
     DialogResult<FontChoice> chooseFont(const FontChoice& first, WindowHandle owner,
                                         std::uint32_t flags) override;
-    /// Whole documents only: neither a range of pages nor a selection can be chosen.
-    DialogResult<PrinterSettings> print(const PrinterSettings& first, WindowHandle owner,
-                                        std::uint32_t flags) override;
+    /// A range of pages can be chosen, however many there will be; a selection cannot.
+    DialogResult<PrintChoice> print(const PrintChoice& first, WindowHandle owner,
+                                    std::uint32_t flags) override;
     DialogResult<PageChoice> pageSetup(const PageChoice& first, WindowHandle owner,
                                        std::uint32_t flags) override;
 

@@ -380,8 +380,11 @@ std::optional<LRESULT> TablePeer::innerMessage(HWND inner, UINT message, WPARAM 
         case WM_CONTEXTMENU:
             return 0;
         case WM_LBUTTONDBLCLK: {
+            // Clicked twice, a heading is clicked once more: not every version of the control sees that in a
+            // double click.
             const int column = header_->columnAt(at);
-            const LRESULT result = defaultMessage(inner, message, wParam, lParam);
+            const LRESULT result =
+                defaultMessage(inner, column >= 0 ? WM_LBUTTONDOWN : message, wParam, lParam);
             if (control() != nullptr && column >= 0) headingDoubleClicked(column);
             return result;
         }

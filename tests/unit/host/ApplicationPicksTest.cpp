@@ -92,6 +92,25 @@ TEST_F(ApplicationPicksTest, OpenFeatureCaseAnswersTheExactCase) {
     EXPECT_THAT(base.calls(), Not(Contains(StartsWith("createFeatureCase"))));
 }
 
+TEST_F(ApplicationPicksTest, TheHostsFeatureTypeAndValuesAreKeptThoughItsFiltersLeaveThemOut) {
+    base.addNvxFeatureType(5, "Slots");
+    const std::string turned = base.addPartType("Turned");
+    const std::string prismatic = base.addPartType("Prismatic");
+    const std::string slot = base.addFeatureType("Slot", 5, prismatic, unit::kInch);
+    const std::string wide = base.addValue(base.addKey(slot, "Width"), "wide");
+    const std::string ofSlot = base.addFeatureCase(slot, {wide}, {exact});
+    description = {};
+    description.featureTypeId = slot;
+    description.valueIds = {wide};
+    description.unit = unit::kMetric;
+    description.partTypeId = turned;
+    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK, [](FrmMain& main) {
+                             EXPECT_EQ(main.CmbFTUnit.selected()->text, "Metric");
+                             EXPECT_EQ(main.CmbFTPartType.selected()->text, "Turned");
+                         }));
+    EXPECT_EQ(app.OpenFeatureCase(host, 9, description), ofSlot);
+}
+
 TEST_F(ApplicationPicksTest, OpenFeatureCaseCreatesAMissingCaseWithOneValueEach) {
     description.valueIds = {m8, deep};
     desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK));
@@ -226,6 +245,7 @@ TEST_F(ApplicationPicksTest, ACaseThatCannotBeCreatedIsToldAndAnswersNoEarlierPi
                          }));
     EXPECT_EQ(app.OpenFeatureCase(host, 9, description), "");
     EXPECT_EQ(desktop.windows().back(), "destroy FrmMain");
+    EXPECT_TRUE(trace.trapped("FrmMain::CmdOk_Click"));
 }
 
 TEST_F(ApplicationPicksTest, ACaseWhoseValuesFailedHalfWayIsCompletedByTheNextOk) {

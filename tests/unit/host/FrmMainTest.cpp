@@ -71,8 +71,31 @@ TEST_F(FrmMainTest, AClickOnATabRebuildsTheViewWithoutMovingTheTabAgain) {
     EXPECT_EQ(moves, 1);
     EXPECT_EQ(main.VSFGAllProcesses.rows(), 2);
     EXPECT_EQ(main.view(), FRView::FRProcesses);
-    main.TabCtrl.clicked.raise(7);
+}
+
+TEST_F(FrmMainTest, AnotherTabIndexChangesNothing) {
+    main.SetView(FRView::FRProcesses);
+    const cProcess* const list = main.processes();
+    base.forgetCalls();
+    for (const int index : {-1, 2, 7})
+        main.TabCtrl.clicked.raise(index);
     EXPECT_EQ(main.view(), FRView::FRProcesses);
+    EXPECT_EQ(main.processes(), list);
+    EXPECT_THAT(base.calls(), testing::IsEmpty());
+    EXPECT_THAT(trace.lines(), testing::IsEmpty());
+}
+
+TEST_F(FrmMainTest, OkReadsAndClearsThatACaseIsPicked) {
+    main.SetView(FRView::FRProcesscase);
+    main.load();
+    main.FeatureCasePick = true;
+    main.CmdOK.click();
+    EXPECT_FALSE(main.FeatureCasePick);
+    EXPECT_EQ(main.picked()->featureCaseId, "") << "no feature type is chosen";
+    main.load();
+    main.FeatureCasePick = true;
+    main.CmdCancel.click();
+    EXPECT_TRUE(main.FeatureCasePick) << "only OK reads it";
 }
 
 TEST_F(FrmMainTest, TheStepGridStandsReadyWithItsColumns) {

@@ -153,7 +153,8 @@ TEST_F(FrmMenuTest, InTheProcessCaseViewEveryCommandIsShown) {
 TEST_F(FrmMenuTest, TheViewsFollowEachOther) {
     openCase({d8});
     openProcesses();
-    press(results());
+    for (Grid* grid : {&results(), &mainForm().VSFGProcessCase, &mainForm().VSFGProcessStep})
+        press(*grid);
     look(allProcesses(), "mnuProcess",
          [](Menu& menu) { EXPECT_FALSE(itemOf(menu, "mnuProcessAddNew").visible); });
     openCase({d8});
@@ -164,6 +165,37 @@ TEST_F(FrmMenuTest, AnEmptyProcessGridLeavesNewAndTheMembersEnabled) {
     openCase({d8});
     look(results(), "mnuProcess", [](Menu& menu) {
         EXPECT_THAT(enabledOf(menu), ElementsAre("mnuProcessAddNew", "mnuProcessEditProcessses"));
+    });
+}
+
+TEST_F(FrmMenuTest, AnEmptyStepListLeavesWhatBringsStepsEnabled) {
+    base.addFeatureCase(hole, {d8}, {base.addProcess("Drill")});
+    openCase({d8});
+    look(mainForm().VSFGProcessStep, "mnuProcessStep", [](Menu& menu) {
+        EXPECT_THAT(enabledOf(menu), ElementsAre("mnuProcessStepAddNew", "mnuProcessStepOpen"));
+    });
+}
+
+TEST_F(FrmMenuTest, WithoutAProcessNoCommandOfTheStepsIsEnabled) {
+    openCase({d8});
+    look(mainForm().VSFGProcessStep, "mnuProcessStep",
+         [](Menu& menu) { EXPECT_THAT(enabledOf(menu), IsEmpty()); });
+}
+
+TEST_F(FrmMenuTest, StepsEnableEveryCommandAndOnlyAnIdentifiedOneCanBeEdited) {
+    const std::string process = base.addProcess("Drill");
+    base.addStep(process, "Centre", 1);
+    base.addFeatureCase(hole, {d8}, {process});
+    openCase({d8});
+    Grid& steps = mainForm().VSFGProcessStep;
+    const std::vector<std::string> all{
+        "mnuProcessStepAddNew", "mnuProcessStepEdit",  "mnuProcessStepDelete",       "mnuProcessStepOpen",
+        "mnuProcessStepSave",   "mnuProcessStepPrint", "mnuProcessStepFormatColumns"};
+    look(steps, "mnuProcessStep", [&all](Menu& menu) { EXPECT_EQ(enabledOf(menu), all); });
+    steps.setRowData(1, "");
+    look(steps, "mnuProcessStep", [&all](Menu& menu) {
+        EXPECT_THAT(enabledOf(menu), testing::SizeIs(all.size() - 1));
+        EXPECT_FALSE(itemOf(menu, "mnuProcessStepEdit").enabled);
     });
 }
 

@@ -39,6 +39,9 @@ TEST_F(HTMLHelpTest, WholeAndSingleNumbersOpenTheirContext) {
     EXPECT_THAT(topicsFor(std::int16_t{5000}), ElementsAre("5000"));
     EXPECT_THAT(topicsFor(std::int32_t{70000}), ElementsAre("70000"));
     EXPECT_THAT(topicsFor(5000.0F), ElementsAre("5000"));
+    EXPECT_THAT(topicsFor(4999.75F), ElementsAre("5000"));
+    EXPECT_THAT(topicsFor(5000.5F), ElementsAre("5000")) << "a half goes to the even number";
+    EXPECT_THAT(topicsFor(5001.5F), ElementsAre("5002"));
 }
 
 TEST_F(HTMLHelpTest, ATextIsSentInTheNumbersPlace) {

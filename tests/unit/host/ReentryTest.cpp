@@ -54,7 +54,7 @@ class ObligingSystemDialogs : public SystemDialogs {
     DialogResult<FontChoice> chooseFont(const FontChoice&, WindowHandle, std::uint32_t) override {
         return {};
     }
-    DialogResult<PrinterSettings> print(const PrinterSettings& first, WindowHandle, std::uint32_t) override {
+    DialogResult<PrintChoice> print(const PrintChoice& first, WindowHandle, std::uint32_t) override {
         if (onShown) onShown("print dialog");
         return {true, first, 0};
     }

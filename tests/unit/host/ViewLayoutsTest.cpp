@@ -145,18 +145,29 @@ TEST_F(ViewLayoutsTest, TheLastViewIsRemembered) {
     EXPECT_EQ(stored("GlobalSettings", "View"), 0);
 }
 
-TEST_F(ViewLayoutsTest, AFilterIsStoredByAClickAndThereAtTheNextOpening) {
+TEST_F(ViewLayoutsTest, EachFilterIsStoredByAClickAndThereAtTheNextOpening) {
+    for (const char* name : {"A", "B", "C"}) {
+        base.addNvxFeatureType(static_cast<std::int16_t>(*name), name);
+        base.addPartType(name);
+        base.addMaterialClass(name);
+    }
+    const std::pair<ComboBox FrmMain::*, int> filters[] = {{&FrmMain::CmbFTUnit, 2},
+                                                           {&FrmMain::CmbFTNvxFeatureType, 1},
+                                                           {&FrmMain::CmbFTPartType, 3},
+                                                           {&FrmMain::CmbProcessCaseUnit, 1},
+                                                           {&FrmMain::CmbPartMaterial, 2}};
     mainForm().SetView(FRView::FRProcesscase);
-    main.CmbFTUnit.choose(2);
-    main.CmbProcessCaseUnit.choose(1);
-    main.CmbPartMaterial.choose(1);
-    EXPECT_EQ(stored("DialogSettings\\FrmMain", "CmbFTUnit"), 2);
+    for (const auto& [filter, index] : filters) {
+        const std::string& name = (main.*filter).name();
+        EXPECT_FALSE(stored("DialogSettings\\FrmMain", name));
+        (main.*filter).choose(index);
+        EXPECT_EQ(stored("DialogSettings\\FrmMain", name), index) << name;
+    }
     const auto later = nextStart(FRView::FRProcesscase);
-    EXPECT_EQ(later->CmbFTUnit.index(), 2);
-    EXPECT_EQ(later->CmbProcessCaseUnit.index(), 1);
-    EXPECT_EQ(later->CmbPartMaterial.index(), 1);
-    EXPECT_EQ(later->CmbFTPartType.index(), 0);
+    for (const auto& [filter, index] : filters)
+        EXPECT_EQ(((*later).*filter).index(), index) << (main.*filter).name();
     EXPECT_EQ(later->caseView()->featureCase.GetFTUnit(), unit::kMetric);
+    EXPECT_EQ(later->caseView()->featureCase.GetPcUnit(), unit::kInch);
 }
 
 TEST_F(ViewLayoutsTest, WhatTheHostChoosesIsNotWhatAPersonChose) {

@@ -65,6 +65,20 @@ TEST_F(CaseListTest, TheIdColumnsAreHiddenButInDebugMode) {
     EXPECT_FALSE(grid().colHidden(1));
 }
 
+TEST_F(CaseListTest, AListWithoutProcessesHasItsLayoutAsWell) {
+    openCase({});
+    registry.setNumber(Registry::kCurrentUser,
+                       "Software\\Orvane\\Applications\\Norvex - Process Manager\\GridDefaults\\FrmMain\\"
+                       "VSFGProcessCaseResults",
+                       "_Name-Width", 1234);
+    set("DebugMode", "1");
+    list().RefreshList("");
+    EXPECT_EQ(grid().dataRows(), 0);
+    EXPECT_EQ(grid().colWidth(2), 1234);
+    EXPECT_FALSE(grid().colHidden(0));
+    EXPECT_FALSE(grid().colHidden(1));
+}
+
 TEST_F(CaseListTest, ADebugModeThatIsNoNumberCountsAsOffAndIsTraced) {
     for (const char* value : {"", "yes"}) {
         set("DebugMode", value);

@@ -49,6 +49,17 @@ TEST_F(FrmAddExistingProcessTest, OffersTheProcessesOfTheCasesUnitThatAreNotList
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 
+TEST_F(FrmAddExistingProcessTest, HelpOpensItsContextOverTheDialog) {
+    openCase({d8});
+    run([&](FrmAddExistingProcess& dialog) {
+        dialog.CmdHelp.click();
+        ASSERT_EQ(help.opened.size(), 1U);
+        EXPECT_EQ(help.opened[0].topic, "5000");
+        EXPECT_EQ(help.opened[0].owner, dialog.handle());
+        dialog.CmdCancel.click();
+    });
+}
+
 TEST_F(FrmAddExistingProcessTest, ACaseOfNoUnitOffersTheProcessesOfBoth) {
     openCase({d8}, unit::kNone);
     run([&](FrmAddExistingProcess& dialog) {

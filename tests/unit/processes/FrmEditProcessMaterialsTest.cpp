@@ -50,6 +50,16 @@ TEST_F(FrmEditProcessMaterialsTest, ShowsWhatTheProcessLacksAndWhatItHas) {
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 
+TEST_F(FrmEditProcessMaterialsTest, HelpOpensItsContextOverTheDialog) {
+    run([&](FrmEditProcessMaterials& dialog) {
+        dialog.CmdHelp.click();
+        ASSERT_EQ(help.opened.size(), 1U);
+        EXPECT_EQ(help.opened[0].topic, "5000");
+        EXPECT_EQ(help.opened[0].owner, dialog.handle());
+        dialog.CmdCancel.click();
+    });
+}
+
 TEST_F(FrmEditProcessMaterialsTest, AProcessWithoutMaterialsOpensWithAllOfThemAsNonmembers) {
     materials() = {};
     run([&](FrmEditProcessMaterials& dialog) {

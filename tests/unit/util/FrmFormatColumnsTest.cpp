@@ -23,6 +23,12 @@ class FrmFormatColumnsTest : public testing::Test, protected ServicesHarness {
             grid.setText(0, col, "[" + key + "]");
         }
     }
+    /// The caption without the access key that the dialog has chosen.
+    static std::string plain(const Button& button) {
+        std::string caption = button.caption();
+        std::erase(caption, '&');
+        return caption;
+    }
     std::vector<std::string> offered() const {
         std::vector<std::string> texts;
         for (const CheckList::Item& item : chooser.List.items())
@@ -45,6 +51,10 @@ TEST_F(FrmFormatColumnsTest, OffersTheHeadingsInTheGridsOrder) {
     chooser.load();
     EXPECT_EQ(chooser.caption(), "Field Chooser");
     EXPECT_EQ(chooser.FrameAvailableFields.caption(), "Available Fields");
+    EXPECT_EQ(plain(chooser.CmdOK), "OK");
+    EXPECT_EQ(plain(chooser.CmdApply), "Apply");
+    EXPECT_EQ(plain(chooser.CmdCalcel), "Cancel");
+    EXPECT_EQ(plain(chooser.CmdHelp), "Help");
     EXPECT_EQ(chooser.CmdCalcel.name(), "CmdCalcel");
     EXPECT_THAT(offered(), ElementsAre("[_Name]", "[_Rule]"));
     EXPECT_EQ(chooser.List.items()[0].itemData, 1);
@@ -151,6 +161,37 @@ TEST_F(FrmFormatColumnsTest, HelpOpensOverTheDialog) {
     chooser.CmdHelp.click();
     ASSERT_EQ(help.opened.size(), 1U);
     EXPECT_EQ(help.opened[0].owner, chooser.handle());
+    EXPECT_EQ(help.opened[0].topic, "5000");
+}
+
+TEST_F(FrmFormatColumnsTest, EveryTextIsLookedUp) {
+    library.translations = {{"Field Chooser", "Feldauswahl"},
+                            {"Available Fields", "Felder"},
+                            {"OK", "Gut"},
+                            {"Apply", "Anwenden"},
+                            {"Cancel", "Abbrechen"},
+                            {"Help", "Hilfe"}};
+    services.configureTexts(*host, "Norvex - Process Manager");
+    chooser.load();
+    EXPECT_EQ(chooser.caption(), "Feldauswahl");
+    EXPECT_EQ(chooser.FrameAvailableFields.caption(), "Felder");
+    EXPECT_EQ(plain(chooser.CmdOK), "Gut");
+    EXPECT_EQ(plain(chooser.CmdApply), "Anwenden");
+    EXPECT_EQ(plain(chooser.CmdCalcel), "Abbrechen");
+    EXPECT_EQ(plain(chooser.CmdHelp), "Hilfe");
+}
+
+TEST_F(FrmFormatColumnsTest, ItOpensWhereItWasLeftHoweverItWasClosed) {
+    for (Button* button : {&chooser.CmdOK, &chooser.CmdCalcel}) {
+        chooser.load();
+        const Rect place{button == &chooser.CmdOK ? 300 : 600, 400, 6000, 5000};
+        chooser.setBounds(place);
+        button->click();
+        FrmFormatColumns again(person, grid);
+        again.load();
+        EXPECT_EQ(again.bounds(), place);
+        again.unload();
+    }
 }
 
 TEST_F(FrmFormatColumnsTest, NothingOverlapsInTheRowOfButtons) {

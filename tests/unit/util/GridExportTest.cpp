@@ -100,6 +100,8 @@ TEST_F(GridExportTest, AFileThatIsOpenElsewhereIsToldAndStays) {
     desktop.expectMessage("C:\\Out\\a.csv: Another program has this file open.");
     saveAs(in("a.csv"));
     EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
+    saveAs("");
+    EXPECT_EQ(fileDialogs.requests().back().initialFolder, "C:\\Pellmark") << "nothing was saved there";
     EXPECT_EQ(files.contents(in("a.csv")), "old");
     EXPECT_THAT(left(), testing::ElementsAre("a.csv"));
     EXPECT_TRUE(trace.trapped("cVSGridOps::SaveGrid"));
@@ -110,6 +112,18 @@ TEST_F(GridExportTest, OtherFailuresAreTracedAlone) {
     EXPECT_TRUE(trace.trapped("cVSGridOps::SaveGrid"));
     saveAs("");
     EXPECT_EQ(fileDialogs.requests()[1].initialFolder, "C:\\Pellmark");
+}
+
+TEST_F(GridExportTest, ADialogThatCannotBeShownIsTracedAlone) {
+    fileDialogs.expectSave([](const FileDialogHook&) {
+        FileDialogResult failed;
+        failed.extendedError = 0x3002;
+        return failed;
+    });
+    services.gridOps.SaveGrid(grid, 7);
+    EXPECT_THAT(trace.lines(), testing::ElementsAre(testing::HasSubstr(
+                                   "cVSGridOps::SaveGrid: error 12290 from Norvex.CommonDialog")));
+    EXPECT_THAT(left(), IsEmpty());
 }
 
 TEST_F(GridExportTest, AFullDiskLeavesTheOldFile) {

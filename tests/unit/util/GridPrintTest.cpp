@@ -17,6 +17,12 @@ class GridPrintTest : public testing::Test, protected ServicesHarness {
         grid.setRows(3);
         grid.setText(1, 0, "Drill");
     }
+    /// As many rows as fill so many pages.
+    void fillPages(int pages) {
+        constexpr int kRowsOfAPage = 39;
+        grid.setRows(1);
+        grid.setRows(1 + pages * kRowsOfAPage);
+    }
     void print() { services.gridOps.PrintGrid(grid, "Processes"); }
     RecordingPrinter::Document& document() { return printer.documents.at(0); }
 
@@ -69,6 +75,49 @@ TEST_F(GridPrintTest, ANarrowGridIsProposedUprightAgain) {
     systemDialogs.expectPrint([](PrinterSettings& settings) {
         EXPECT_EQ(settings.orientation, Orientation::Portrait);
         return true;
+    });
+    print();
+}
+
+TEST_F(GridPrintTest, AChosenRangeOfPagesIsPrintedAsItIsInTheWhole) {
+    fillPages(4);
+    systemDialogs.expectPrintConfirmed();
+    print();
+    const RecordingPrinter::Document whole = document();
+    ASSERT_EQ(whole.pages.size(), 4U);
+    for (const PageRange& pages : {PageRange{2, 3}, {1, 1}, {4, 4}, {3, 99}, {1, 2}}) {
+        systemDialogs.expectPrintOf(pages);
+        print();
+        const RecordingPrinter::Document& part = printer.documents.back();
+        const int last = std::min(pages.last, 4);
+        ASSERT_EQ(part.pages.size(), static_cast<std::size_t>(last - pages.first + 1));
+        for (int page = pages.first; page <= last; ++page) {
+            const auto at = static_cast<std::size_t>(page - pages.first);
+            EXPECT_EQ(part.texts(at), whole.texts(static_cast<std::size_t>(page) - 1));
+            EXPECT_EQ(part.texts(at).back(), std::to_string(page) + " / 4");
+            EXPECT_FALSE(part.pages[at].lines.empty());
+        }
+        EXPECT_TRUE(part.ended);
+    }
+}
+
+TEST_F(GridPrintTest, ARangeBehindTheLastPagePrintsNothingAndIsTold) {
+    fillPages(2);
+    library.translations["Nothing has been printed. Number of pages:"] = "Seiten:";
+    systemDialogs.expectPrintOf({3, 4});
+    desktop.expectMessage("Seiten: 2");
+    print();
+    EXPECT_FALSE(document().ended);
+    EXPECT_TRUE(document().gone);
+    EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
+}
+
+TEST_F(GridPrintTest, TheNextPrintIsProposedWholeAgain) {
+    systemDialogs.expectPrintOf({1, 1});
+    print();
+    systemDialogs.expectPrintChoice([](PrintChoice& choice) {
+        EXPECT_EQ(choice.pages, PageRange{});
+        return false;
     });
     print();
 }

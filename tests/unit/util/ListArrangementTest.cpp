@@ -160,5 +160,16 @@ TEST_F(ListArrangementTest, TheFirstColumnGoesByWhatAPersonSeesOfItsValues) {
     EXPECT_EQ(grid.displayText(3, 0), "zinc");
 }
 
+TEST_F(ListArrangementTest, EscapeIsTheFormsAgainOnceAListIsBuiltAnew) {
+    fill(3);
+    arrangement.find();
+    arrangement.sortBy(1);
+    EXPECT_TRUE(grid.takesEscape());
+    const ListArrangement again(person, slow, grid, line);
+    EXPECT_FALSE(grid.takesEscape());
+    EXPECT_FALSE(line.isOpen());
+    EXPECT_EQ(grid.sortMark(), SortMark{});
+}
+
 }  // namespace
 }  // namespace pellmark::test

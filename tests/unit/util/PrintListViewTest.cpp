@@ -82,11 +82,23 @@ TEST_F(PrintListViewTest, TheFontIsTheOneGiven) {
     }
 }
 
-TEST_F(PrintListViewTest, ThePersonIsAskedFirst) {
-    list.setFont({"Arial", 12});
+TEST_F(PrintListViewTest, AChosenRangeOfPagesIsHonoured) {
+    for (int item = 3; item <= 120; ++item)
+        list.add(std::to_string(item), "N" + std::to_string(item));
     systemDialogs.expectPrintConfirmed();
     print();
-    EXPECT_EQ(printer.documents.at(0).pages[0].texts[2].font, (Font{"Arial", 12}));
+    const RecordingPrinter::Document whole = printer.documents.back();
+    systemDialogs.expectPrintOf({2, 2});
+    print();
+    ASSERT_EQ(printer.documents.back().pages.size(), 1U);
+    EXPECT_EQ(printer.documents.back().texts(0), whole.texts(1));
+}
+
+TEST_F(PrintListViewTest, ThePersonIsAskedFirst) {
+    list.setFont({"Arial", 12, true, true});
+    systemDialogs.expectPrintConfirmed();
+    print();
+    EXPECT_EQ(printer.documents.at(0).pages[0].texts[2].font, (Font{"Arial", 12, true, true}));
     EXPECT_EQ(systemDialogs.shown.at(0).owner, 7U);
     EXPECT_TRUE(printer.documents.at(0).ended);
     systemDialogs.expectPrintCancelled();

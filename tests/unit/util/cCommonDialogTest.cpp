@@ -266,7 +266,9 @@ TEST_F(CCommonDialogTest, ThePrinterIsSetToWhatWasChosen) {
         settings = chosen;
         return true;
     });
-    EXPECT_TRUE(dialog.VBPrintDlg(7, 5));
+    PageRange pages;
+    EXPECT_TRUE(dialog.VBPrintDlg(pages, 7, 5));
+    EXPECT_EQ(pages, PageRange{});
     EXPECT_EQ(printer.settings(), chosen);
     EXPECT_EQ(others.shown.at(0).owner, 7U);
     EXPECT_EQ(others.shown.at(0).flags, 5U);
@@ -274,8 +276,25 @@ TEST_F(CCommonDialogTest, ThePrinterIsSetToWhatWasChosen) {
         settings.copies = 9;
         return false;
     });
-    EXPECT_FALSE(dialog.VBPrintDlg(7));
+    EXPECT_FALSE(dialog.VBPrintDlg(pages, 7));
     EXPECT_EQ(printer.settings(), chosen);
+}
+
+TEST_F(CCommonDialogTest, ARangeOfPagesIsProposedAndTakenWhenItIsConfirmed) {
+    PageRange pages{2, 4};
+    others.expectPrintChoice([](PrintChoice& choice) {
+        EXPECT_EQ(choice.pages, (PageRange{2, 4}));
+        choice.pages = {3, 3};
+        return true;
+    });
+    EXPECT_TRUE(dialog.VBPrintDlg(pages, 7));
+    EXPECT_EQ(pages, (PageRange{3, 3}));
+    others.expectPrintChoice([](PrintChoice& choice) {
+        choice.pages = {};
+        return false;
+    });
+    EXPECT_FALSE(dialog.VBPrintDlg(pages, 7));
+    EXPECT_EQ(pages, (PageRange{3, 3}));
 }
 
 TEST_F(CCommonDialogTest, PageSetupSetsThePrinterAndTheMargins) {
@@ -303,9 +322,10 @@ TEST_F(CCommonDialogTest, EveryDialogThatFailsRaisesItsCode) {
     Color color = kBlack;
     Font font;
     PageMargins margins;
+    PageRange pages;
     const std::function<void()> dialogs[] = {
         [&] { dialog.VBChooseColor(color, 0); }, [&] { dialog.VBChooseFont(font, color, 0); },
-        [&] { dialog.VBPrintDlg(0); }, [&] { dialog.VBPageSetupDlg(margins, 0); }};
+        [&] { dialog.VBPrintDlg(pages, 0); }, [&] { dialog.VBPageSetupDlg(margins, 0); }};
     for (const auto& show : dialogs) {
         for (const auto& [code, source] :
              {std::pair{1000U, "Norvex.VBError"}, {1001U, "Norvex.CommonDialog"}}) {

@@ -88,6 +88,9 @@ TEST_F(CFileIOTest, WritingReplacesTheFileWithTheTextInTheCodePageAndNothingMore
     files.makeFile("C:\\a.txt", "something longer than that");
     EXPECT_TRUE(io.WriteFile("C:\\a.txt", "\xC3\x98 8 \xE5\x88\x80"));
     EXPECT_EQ(files.contents("C:\\a.txt"), "\xD8 8 ?");
+    EXPECT_THAT(trace.lines(), ElementsAre(testing::AllOf(testing::HasSubstr("cFileIO::WriteFile"),
+                                                          testing::HasSubstr("C:\\a.txt: 1 character(s)"),
+                                                          testing::HasSubstr("\xE5\x88\x80"))));
 }
 
 TEST_F(CFileIOTest, AFileThatCannotBeWrittenAnswersFalseAndIsTraced) {
@@ -198,6 +201,19 @@ TEST_F(CFileIOTest, ATextIsAppendedAsItIs) {
     io.AppendFile("C:\\a.txt", "\xC3\x98");
     io.AppendFile("C:\\a.txt", " 8");
     EXPECT_EQ(files.contents("C:\\a.txt"), "\xD8 8");
+    io.AppendFile("C:\\a.txt", "\xE5\x88\x80");
+    EXPECT_EQ(files.contents("C:\\a.txt"), "\xD8 8?");
+    EXPECT_THAT(trace.lines(), ElementsAre(testing::HasSubstr("cFileIO::AppendFile")));
+}
+
+TEST_F(CFileIOTest, WhatCannotBeDoneEndsQuietlyAndIsTraced) {
+    files.breakDown(true);
+    io.AppendFile("C:\\a.txt", "x");
+    io.WriteBinaryFile("C:\\a.bin", {1});
+    EXPECT_THAT(io.GetFiles("C:\\Work"), IsEmpty());
+    EXPECT_TRUE(trace.trapped("cFileIO::AppendFile"));
+    EXPECT_TRUE(trace.trapped("cFileIO::WriteBinaryFile"));
+    EXPECT_TRUE(trace.trapped("cFileIO::GetFiles"));
 }
 
 TEST_F(CFileIOTest, TheFilesOfAFolderAreItsNormalOnesByNameWhateverTheMask) {

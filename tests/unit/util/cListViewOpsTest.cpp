@@ -38,6 +38,14 @@ TEST_F(CListViewOpsTest, MovesTheSelectedItemsInOrderWithKeyAndCaption) {
     EXPECT_EQ(target.item(1).key, "{c}");
 }
 
+TEST_F(CListViewOpsTest, OnlyKeyAndCaptionGoAlong) {
+    source.add({"{e}", "e", {"Metric", "8"}});
+    source.select(4);
+    cListViewOps::MoveListItems(source, target, false);
+    EXPECT_EQ(target.item(0).text, "e");
+    EXPECT_THAT(target.item(0).subItems, IsEmpty());
+}
+
 TEST_F(CListViewOpsTest, MovesEveryItemWhenAllAreAskedFor) {
     source.select(1);
     cListViewOps::MoveListItems(source, target, true);

@@ -83,6 +83,31 @@ TEST_F(CPrintingTest, OverflowGoesOnFromTheTopOfTheNewPage) {
     EXPECT_THAT(tops(document, 1), ElementsAre(0, 40));
 }
 
+TEST_F(CPrintingTest, ATextThatEndsWithItsPageTakesNoFurtherSheet) {
+    printer.page = {10000, 780};
+    EXPECT_EQ(printed("a\nb").pages.size(), 1U);
+    EXPECT_EQ(printed("a\nb\n\n\n").pages.size(), 1U);
+}
+
+TEST_F(CPrintingTest, EmptyLinesThatRunPastAPageLeaveTheirPlace) {
+    printer.page = {10000, 780};
+    const auto& document = printed("a\nb\n\nc");
+    ASSERT_EQ(document.pages.size(), 2U);
+    EXPECT_THAT(document.texts(1), ElementsAre("c"));
+    EXPECT_THAT(tops(document, 1), ElementsAre(40));
+}
+
+TEST_F(CPrintingTest, AChosenRangeOfPagesIsHonoured) {
+    printer.page = {10000, 740};
+    systemDialogs.expectPrintOf({2, 2});
+    printing.PrintText("a\nb\nc", 7, {}, false);
+    ASSERT_EQ(printer.documents.back().pages.size(), 1U);
+    EXPECT_EQ(printer.documents.back().texts(0).front(), "b");
+    EXPECT_TRUE(printer.documents.back().ended);
+    systemDialogs.expectPrintOf({9, 9});
+    EXPECT_THROW(printing.PrintText("a\nb\nc", 7, {}, false), Error);
+}
+
 TEST_F(CPrintingTest, TheDialogComesFirstAndTheFontIsTheOneGiven) {
     services.configureTexts(*host, "Norvex - Process Manager");
     systemDialogs.expectPrintConfirmed();

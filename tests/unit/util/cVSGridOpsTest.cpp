@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/Error.h"
 #include "controls/grid/SelectionText.h"
 #include "knowledge/MemoryRecordSet.h"
 #include "support/PortsHarness.h"
@@ -38,6 +39,14 @@ TEST_F(CVSGridOpsTest, RowDataIsTakenFromTheIdentifierColumnWhateverItsCase) {
     EXPECT_EQ(grid.rowData(3), "id-c");
 }
 
+TEST_F(CVSGridOpsTest, WithoutAnIdentifierColumnRowsKeepTheirData) {
+    grid.setRowData(1, "kept");
+    grid.setColKey(1, "_KeyId");
+    ops.SetRowDataToIds(grid);
+    EXPECT_EQ(grid.rowData(1), "kept");
+    EXPECT_EQ(grid.rowData(2), "");
+}
+
 TEST_F(CVSGridOpsTest, SelectedIdsComeInSelectionOrderWithMinusOneForNone) {
     ops.SetRowDataToIds(grid);
     grid.setRowData(2, "");
@@ -56,13 +65,29 @@ TEST_F(CVSGridOpsTest, SelectedIdIsThatOfTheCurrentRow) {
 }
 
 TEST_F(CVSGridOpsTest, SelectAllTakesEveryDataRow) {
+    grid.setFixedCols(1);
+    grid.setSelected(3, true);
     ops.SelectAll(grid);
     EXPECT_EQ(grid.selectedRows(), 3);
     EXPECT_FALSE(grid.isSelected(0));
+    EXPECT_EQ(grid.selectedRow(0), 1) << "the block is selected anew, from its first row";
+    EXPECT_EQ(grid.row(), 1);
+    EXPECT_EQ(grid.col(), 1);
+}
+
+TEST_F(CVSGridOpsTest, OfAnEmptyGridNothingIsSelected) {
+    grid.bind(nullptr);
+    ops.SelectAll(grid);
+    EXPECT_EQ(grid.selectedRows(), 0);
+    EXPECT_EQ(grid.row(), -1);
+    ops.InverseSelection(grid);
+    EXPECT_EQ(grid.selectedRows(), 0);
 }
 
 TEST_F(CVSGridOpsTest, TheTemporaryFolderIsTheSystems) {
     EXPECT_EQ(ops.GetTempFolderPath(), files.temporary);
+    files.temporary.clear();
+    EXPECT_EQ(ops.GetTempFolderPath(), "");
 }
 
 TEST_F(CVSGridOpsTest, SelectedRowsAreWrittenUnquotedUnderTheirHeadings) {
@@ -91,6 +116,49 @@ TEST_F(CVSGridOpsTest, TheHeadingLineFollowsTheFirstSelectedRow) {
     for (const int row : {1, 2})
         grid.setSelected(row, true);
     EXPECT_EQ(save(), "Name,Id,Note\r\na,id-a,n,ote\r\nb,n,ote\r\n\r\n");
+}
+
+TEST_F(CVSGridOpsTest, StoredTextsOfAllColumnsAreWrittenInTheListsOwnOrder) {
+    grid.setText(1, 2, "71");
+    grid.setColComboList(2, "#70;Inch|#71;Metric");
+    grid.setColHidden(1, true);
+    grid.setColPosition(2, 0);
+    grid.setSelected(1, true);
+    EXPECT_EQ(save(), "Name,Id,Note\r\na,id-a,71\r\n\r\n");
+}
+
+TEST_F(CVSGridOpsTest, OnlyATextThatBeginsWithABraceIsAnIdentifier) {
+    grid.setText(1, 0, "a{b}");
+    grid.setText(1, 2, " {c}");
+    grid.setSelected(1, true);
+    EXPECT_EQ(save(), "Name,Id,Note\r\na{b},id-a, {c}\r\n\r\n");
+}
+
+TEST_F(CVSGridOpsTest, TheSeparatorIsTheCallers) {
+    grid.setSelected(1, true);
+    EXPECT_EQ(ops.SelectionAsDelimitedText(grid, "\t"), "Name\tId\tNote\r\na\tid-a\tn,ote\r\n\r\n");
+}
+
+/// Records that cannot be read any more.
+class FailingRecords : public MemoryRecordSet {
+  public:
+    FailingRecords() : MemoryRecordSet({"_Id", "_Name"}) { addRow({"id", "name"}); }
+    std::string text(std::size_t, std::size_t) override { fail(); }
+    void appendText(std::size_t, std::size_t, std::string&) override { fail(); }
+
+  private:
+    [[noreturn]] static void fail() {
+        throw Error(errors::kNotFound, "FailingRecords", "The record is gone.");
+    }
+};
+
+TEST_F(CVSGridOpsTest, WhatTheGridFailsReachesTheCallerAndWritesNothing) {
+    grid.bind(std::make_shared<FailingRecords>());
+    grid.setSelected(1, true);
+    EXPECT_THROW(save(), Error);
+    EXPECT_FALSE(files.has("C:\\out.csv"));
+    EXPECT_THROW(ops.SetRowDataToIds(grid), Error);
+    EXPECT_TRUE(trace.lines().empty()) << "it is the caller's to trace";
 }
 
 TEST_F(CVSGridOpsTest, AnEmptySelectionWritesTwoLineBreaks) {
@@ -142,6 +210,7 @@ TEST_F(CVSGridOpsTest, ALayoutIsCopiedToTheColumnsOfTheSameKeys) {
     EXPECT_FALSE(target.colHidden(3));
     EXPECT_TRUE(target.colHidden(2));
     EXPECT_EQ(target.colWidth(4), 4444) << "no key, no counterpart";
+    EXPECT_EQ(target.colWidth(0), GridColumn::kDefaultWidth) << "nor is a key that the source lacks one";
     EXPECT_EQ(changes, 1);
     EXPECT_FALSE(target.widthsChosen());
     grid.userResizedColumn(0, 1234);
@@ -179,6 +248,9 @@ TEST_F(CVSGridOpsTest, ARunIsContiguousInWhateverOrderItWasSelected) {
     EXPECT_TRUE(ops.ContiguousSelection(grid));
     grid.setSelected(1, true);
     EXPECT_FALSE(ops.ContiguousSelection(grid));
+    grid.setSelected(2, true);
+    EXPECT_TRUE(ops.ContiguousSelection(grid));
+    grid.select(1, 0);
     grid.setSelected(2, true);
     EXPECT_TRUE(ops.ContiguousSelection(grid));
 }

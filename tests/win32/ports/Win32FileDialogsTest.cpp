@@ -8,6 +8,8 @@
 #include "support/win32/PeerHarness.h"
 #include "win32/WideText.h"
 
+#include <dlgs.h>  // needs the system's types
+
 namespace pellmark::test {
 namespace {
 
@@ -63,6 +65,36 @@ class Win32FileDialogsTest : public ::testing::Test, protected PeerHarness {
             return true;
         };
     }
+    /// What stands in the open dialog, at whatever depth; null when there is none.
+    static HWND within(const wchar_t* className) {
+        struct Search {
+            const wchar_t* className;
+            HWND found = nullptr;
+        } search{className};
+        ::EnumChildWindows(
+            box(),
+            [](HWND window, LPARAM lParam) -> BOOL {
+                auto& looked = *reinterpret_cast<Search*>(lParam);
+                wchar_t name[100] = L"";
+                ::GetClassNameW(window, name, 100);
+                if (::lstrcmpW(name, looked.className) == 0 && ::IsWindowVisible(window))
+                    looked.found = window;
+                return looked.found == nullptr ? TRUE : FALSE;
+            },
+            reinterpret_cast<LPARAM>(&search));
+        return search.found;
+    }
+    /// Opens the dialog, does this in it, and leaves it by Escape once the message has been heard.
+    void doing(FileDialogMessage expected, const Meanwhile::Step& what) {
+        const Meanwhile meanwhile({[this] { return isOpen(); },
+                                   [&] {
+                                       messages.clear();
+                                       return what();
+                                   },
+                                   [&] { return heard(expected); }, pressing(VK_ESCAPE)});
+        EXPECT_FALSE(dialogs.open(request, listening()).confirmed);
+        EXPECT_TRUE(meanwhile.isDone());
+    }
     FileDialogResult save(WORD key) {
         const Meanwhile meanwhile({[this] { return isOpen(); }, pressing(key)});
         return dialogs.save(request, listening());
@@ -115,6 +147,34 @@ TEST_F(Win32FileDialogsTest, ARefusedOkKeepsTheDialogOpen) {
                                pressing(VK_RETURN)});
     EXPECT_TRUE(dialogs.save(request, listening()).confirmed);
     EXPECT_EQ(std::count(messages.begin(), messages.end(), FileDialogMessage::Ok), 2);
+}
+
+TEST_F(Win32FileDialogsTest, AnotherFileTypeIsTold) {
+    doing(FileDialogMessage::TypeChanged, [] {
+        ::SetFocus(::GetDlgItem(box(), cmb1));
+        Person::sendKeys({VK_DOWN});
+        return true;
+    });
+}
+
+TEST_F(Win32FileDialogsTest, AnotherFolderIsTold) {
+    const std::wstring inner = toWide(folder + "\\inner");
+    ::CreateDirectoryW(inner.c_str(), nullptr);
+    request.fileName = "inner";
+    doing(FileDialogMessage::FolderChanged, pressing(VK_RETURN));
+    EXPECT_THAT(messages, Not(Contains(FileDialogMessage::Ok))) << "a folder is no file";
+    ::RemoveDirectoryW(inner.c_str());
+}
+
+TEST_F(Win32FileDialogsTest, AnotherSelectionIsTold) {
+    makeFile("a.csv");
+    doing(FileDialogMessage::SelectionChanged, [] {
+        const HWND list = within(L"SysListView32");
+        if (list == nullptr) return false;
+        ::SetFocus(list);
+        Person::sendKeys({VK_DOWN});
+        return true;
+    });
 }
 
 TEST_F(Win32FileDialogsTest, NoCharacterOfANameIsLost) {

@@ -77,6 +77,16 @@ TEST_F(Win32PrinterTest, BoldTextIsWider) {
     EXPECT_GT(document->textWidth("drill and ream"), plain);
 }
 
+TEST_F(Win32PrinterTest, AFontAndTheOneLinkedToItWriteOneLine) {
+    const auto document = printer.begin("linked");
+    const std::string latin = "M10 ";
+    const std::string japanese = "\xE7\xA9\xB4\xE3\x81\x82\xE3\x81\x91";
+    const Twips width = document->textWidth(latin);
+    EXPECT_NEAR(document->textWidth(latin + japanese), width + document->textWidth(japanese), 2);
+    const Twips oneMore = document->textWidth(japanese.substr(0, 3));
+    EXPECT_EQ(document->fitting(latin + japanese, width + oneMore + oneMore / 2), latin.size() + 3);
+}
+
 TEST_F(Win32PrinterTest, APrinterThatDoesNotExistIsNamed) {
     PrinterSettings settings;
     settings.device = "No such printer";

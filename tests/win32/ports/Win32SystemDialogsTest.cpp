@@ -4,6 +4,8 @@
 
 #include "support/win32/PeerHarness.h"
 
+#include <dlgs.h>  // needs the system's types
+
 namespace pellmark::test {
 namespace {
 
@@ -42,40 +44,76 @@ TEST_F(Win32SystemDialogsTest, ThePrintDialogTakesAndGivesTheSettings) {
     first.copies = 3;
     first.orientation = Orientation::Landscape;
     first.paperSize = 9;
-    const auto result = pressing(VK_RETURN, [&] { return dialogs.print(first, box(), 0); });
+    const auto result = pressing(VK_RETURN, [&] { return dialogs.print({first, {}}, box(), 0); });
     ASSERT_TRUE(result.confirmed);
-    EXPECT_FALSE(result.chosen.device.empty());
-    EXPECT_EQ(result.chosen.copies, 3);
-    EXPECT_EQ(result.chosen.orientation, Orientation::Landscape);
-    EXPECT_EQ(result.chosen.paperSize, 9);
-    EXPECT_FALSE(result.chosen.driverData.empty());
+    EXPECT_FALSE(result.chosen.settings.device.empty());
+    EXPECT_EQ(result.chosen.settings.copies, 3);
+    EXPECT_EQ(result.chosen.settings.orientation, Orientation::Landscape);
+    EXPECT_EQ(result.chosen.settings.paperSize, 9);
+    EXPECT_FALSE(result.chosen.settings.driverData.empty());
+}
+
+TEST_F(Win32SystemDialogsTest, AllPagesAreProposedAndAnswered) {
+    const auto result = pressing(VK_RETURN, [&] { return dialogs.print({}, box(), 0); });
+    EXPECT_EQ(result.chosen.pages, PageRange{});
+}
+
+TEST_F(Win32SystemDialogsTest, ARangeOfPagesIsTakenAndGiven) {
+    const auto result = pressing(VK_RETURN, [&] { return dialogs.print({{}, {2, 5}}, box(), 0); });
+    ASSERT_TRUE(result.confirmed);
+    EXPECT_EQ(result.chosen.pages, (PageRange{2, 5}));
+}
+
+TEST_F(Win32SystemDialogsTest, ATypedRangeOfPagesIsGiven) {
+    const auto at = [](int id, WORD key) {
+        return [id, key] {
+            const HWND box = visibleWindowOfClass(L"#32770");
+            if (box == nullptr || ::GetForegroundWindow() != box) return false;
+            ::SetFocus(::GetDlgItem(box, id));
+            ::SendMessageW(::GetDlgItem(box, id), EM_SETSEL, 0, -1);
+            Person::sendKeys({key});
+            return true;
+        };
+    };
+    const auto holds = [](int id, UINT number) {
+        return [id, number] {
+            return ::GetDlgItemInt(visibleWindowOfClass(L"#32770"), id, nullptr, FALSE) == number;
+        };
+    };
+    const Meanwhile meanwhile({at(edt1, '3'), holds(edt1, 3), at(edt2, '7'), holds(edt2, 7), [] {
+                                   Person::sendKeys({VK_RETURN});
+                                   return true;
+                               }});
+    const auto result = dialogs.print({}, box(), 0);
+    ASSERT_TRUE(result.confirmed);
+    EXPECT_EQ(result.chosen.pages, (PageRange{3, 7}));
 }
 
 TEST_F(Win32SystemDialogsTest, ACancelledPrintDialogChoosesNothing) {
     PrinterSettings first;
     first.copies = 3;
-    const auto result = pressing(VK_ESCAPE, [&] { return dialogs.print(first, box(), 0); });
+    const auto result = pressing(VK_ESCAPE, [&] { return dialogs.print({first, {}}, box(), 0); });
     EXPECT_FALSE(result.confirmed);
-    EXPECT_EQ(result.chosen, first);
+    EXPECT_EQ(result.chosen.settings, first);
 }
 
 TEST_F(Win32SystemDialogsTest, APrinterThatHasBeenRemovedLeavesItsPlaceToTheDefaultOne) {
     PrinterSettings first;
     first.device = "No such printer";
     first.copies = 2;
-    const auto result = pressing(VK_RETURN, [&] { return dialogs.print(first, box(), 0); });
+    const auto result = pressing(VK_RETURN, [&] { return dialogs.print({first, {}}, box(), 0); });
     ASSERT_TRUE(result.confirmed);
-    EXPECT_NE(result.chosen.device, "No such printer");
-    EXPECT_FALSE(result.chosen.device.empty());
-    EXPECT_EQ(result.chosen.copies, 2);
+    EXPECT_NE(result.chosen.settings.device, "No such printer");
+    EXPECT_FALSE(result.chosen.settings.device.empty());
+    EXPECT_EQ(result.chosen.settings.copies, 2);
 }
 
 TEST_F(Win32SystemDialogsTest, WhatOneDialogChoseIsWhereTheNextBegins) {
     PrinterSettings first;
     first.orientation = Orientation::Landscape;
-    const auto once = pressing(VK_RETURN, [&] { return dialogs.print(first, box(), 0); });
+    const auto once = pressing(VK_RETURN, [&] { return dialogs.print({first, {}}, box(), 0); });
     const auto twice = pressing(VK_RETURN, [&] { return dialogs.print(once.chosen, box(), 0); });
-    EXPECT_EQ(twice.chosen, once.chosen);
+    EXPECT_EQ(twice.chosen.settings, once.chosen.settings);
 }
 
 TEST_F(Win32SystemDialogsTest, PageSetupTakesAndGivesMarginsAndPaper) {

@@ -321,5 +321,20 @@ TEST_F(ListViewTest, ItemsKeepTheirPlacesWhileHolesAreClosed) {
     EXPECT_EQ(list.indexOf("new"), 2);
 }
 
+TEST_F(ListViewTest, TheWindowHearsOfAnotherOrderOnceAndOnlyWhileTheListIsSorted) {
+    fill({"b", "a"});
+    std::vector<ListChange::What> told;
+    const auto onChange =
+        list.listChanged.subscribe([&](const ListChange& change) { told.push_back(change.what); });
+    list.setSortKey(1);
+    list.setSortOrder(SortOrder::Descending);
+    EXPECT_THAT(told, ElementsAre()) << "nothing has moved";
+    list.setSorted(true);
+    list.setSortKey(0);
+    list.setSortOrder(SortOrder::Ascending);
+    list.setSortOrder(SortOrder::Ascending);
+    EXPECT_EQ(told, std::vector(3, ListChange::What::Items));
+}
+
 }  // namespace
 }  // namespace pellmark
