@@ -37,11 +37,11 @@ class FormScroll {
   private:
     /// The window's room if it had no bars.
     Size roomWithoutBars() const;
-    void showBar(int bar, Twips content, Twips page, Twips at) const;
+    void showBar(int bar, int content, int page, int at) const;
     void showBars() const;
     void scrollTo(Point at);
     void moved(Point from) const;
-    std::optional<Twips> barMoved(int bar, int code, Twips at, Twips page) const;
+    std::optional<int> barMoved(int bar, int code, int at, int page) const;
     bool turnWheel(bool across, int delta);
     int line() const;
 
