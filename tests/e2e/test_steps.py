@@ -9,6 +9,8 @@ from workbench import WorkbenchTest
 
 STEPS = """SELECT s.name FROM process_step s JOIN process p ON p.row = s.process WHERE p.name = 'Tap M6'
            ORDER BY s.priority, s.row"""
+CYCLES = """SELECT s.cutting_cycle FROM process_step s JOIN process p ON p.row = s.process WHERE p.name = 'Tap M6'
+            ORDER BY s.priority, s.row"""
 VALUES = """SELECT s.name, v.code, v.value FROM step_value v JOIN process_step s ON s.row = v.step
             JOIN process p ON p.row = s.process WHERE p.name = 'Tap M6' ORDER BY s.priority, s.row, v.code"""
 WHOLE = """SELECT s.name, s.cutting_cycle, v.code, typeof(v.value), hex(v.value)
@@ -56,6 +58,21 @@ class StepsOfTheSelectedProcess(StepsTest):
         self.desktop.click(self.desktop.one("Button", "OK", inside=self.workbench.dialog()).middle)
         wait_for("the list without the step", lambda: self.names() == before[1:])
         self.assertEqual(self.stored(), before[1:])
+
+    def test_tab_leads_from_the_name_of_a_step_to_its_cutting_cycle(self):
+        self.start()
+        names = self.stored()
+        before = self.workbench.query(CYCLES)
+        self.desktop.click(self.desktop.row_middle(self.rows()[0]))
+        self.desktop.key("F2")
+        self.desktop.one("Edit", inside=self.steps)
+        self.desktop.type("Spot deep")
+        self.desktop.key("Tab")
+        self.desktop.one("ComboBox", inside=self.steps)
+        self.desktop.key("Down", "Return")
+        wait_for("another cycle in the store", lambda: self.workbench.query(CYCLES)[0] != before[0])
+        self.assertEqual(self.workbench.query(CYCLES)[1:], before[1:])
+        self.assertEqual(self.stored(), ["Spot deep", *names[1:]])
 
     def test_saved_tables_are_what_another_programs_reader_finds(self):
         self.start()
