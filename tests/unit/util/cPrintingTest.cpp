@@ -150,12 +150,5 @@ TEST_F(CPrintingTest, ADocumentThatFailsIsNotEnded) {
     EXPECT_TRUE(printer.documents.at(0).gone);
 }
 
-TEST_F(CPrintingTest, TheEmptyLineAtTheEndTakesItsPlaceToo) {
-    printer.page = {10000, 979};
-    EXPECT_EQ(printed("a").pages.size(), 2U);
-    printer.page = {10000, 980};
-    EXPECT_EQ(printed("a").pages.size(), 1U);
-}
-
 }  // namespace
 }  // namespace pellmark::test
