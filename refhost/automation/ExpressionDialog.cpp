@@ -4,6 +4,7 @@
 #include "automation/Module.h"
 #include "refhost/automation/HostConfiguration.h"
 #include "refhost/automation/Resources.h"
+#include "refhost/windows/DialogScroll.h"
 #include "refhost/windows/Placing.h"
 
 namespace norvex {
@@ -33,6 +34,7 @@ std::string ExpressionDialog::show(HWND owner) {
 INT_PTR CALLBACK ExpressionDialog::procedure(HWND dialog, UINT message, WPARAM wide, LPARAM data) {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, GWLP_USERDATA, data);
+        letScroll(dialog);
         centreOverOwner(dialog);
         reinterpret_cast<const ExpressionDialog*>(data)->fill(dialog);
         return TRUE;

@@ -34,8 +34,21 @@ void ParameterGrid::attach(HWND list) {
     SetWindowLongPtrW(list_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     listBefore_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(list_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ParameterGrid::listProcedure)));
+    spaceRows();
     addColumns();
     fill();
+}
+
+void ParameterGrid::spaceRows() {
+    TEXTMETRICW metrics{};
+    const HDC canvas = GetDC(list_);
+    const HGDIOBJ before = SelectObject(canvas, GetWindowFont(list_));
+    GetTextMetricsW(canvas, &metrics);
+    SelectObject(canvas, before);
+    ReleaseDC(list_, canvas);
+    // Rows are as high as the list's pictures, of which there are none: one of the wanted height says so.
+    const int height = static_cast<int>(metrics.tmHeight) * 5 / 4;
+    ListView_SetImageList(list_, ImageList_Create(1, height, ILC_COLOR, 0, 1), LVSIL_SMALL);
 }
 
 void ParameterGrid::addColumns() {
@@ -115,16 +128,16 @@ void ParameterGrid::select(std::size_t row) {
 
 HWND ParameterGrid::makeInput(const EditorRow& row, const RECT& cell) {
     const HINSTANCE instance = pellmark::module::instance();
-    constexpr int kListHeight = 200;
+    constexpr int kRowsOfList = 12;
     const DWORD style = WS_CHILD | WS_VISIBLE;
     if (!row.isChoice) {
         return CreateWindowExW(0, L"EDIT", toWide(row.value).c_str(), style | WS_BORDER | ES_AUTOHSCROLL,
                                cell.left, cell.top, cell.right - cell.left, cell.bottom - cell.top, list_,
                                nullptr, instance, nullptr);
     }
-    const HWND combo =
-        CreateWindowExW(0, L"COMBOBOX", nullptr, style | WS_VSCROLL | CBS_DROPDOWNLIST, cell.left, cell.top,
-                        cell.right - cell.left, kListHeight, list_, nullptr, instance, nullptr);
+    const HWND combo = CreateWindowExW(
+        0, L"COMBOBOX", nullptr, style | WS_VSCROLL | CBS_DROPDOWNLIST, cell.left, cell.top,
+        cell.right - cell.left, (cell.bottom - cell.top) * kRowsOfList, list_, nullptr, instance, nullptr);
     SendMessageW(combo, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), cell.bottom - cell.top - 6);
     for (const char* choice : choices())
         SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(choice).c_str()));

@@ -47,6 +47,8 @@ class ParameterGrid {
     bool inputMessage(UINT message, WPARAM wide);
     bool inputKey(WPARAM key);
     bool finish(Move move);
+    /// Leaves a little room between the lines, and for the box over a value. The list owns what does it.
+    void spaceRows();
     void addColumns();
     void fitColumns();
     void setCell(int row, int column, const std::string& text);

@@ -5,10 +5,12 @@
 
 #include "automation/Automation.h"
 #include "automation/Module.h"
+#include "base/Contrast.h"
 #include "base/Error.h"
 #include "refhost/automation/CyclePicture.h"
 #include "refhost/automation/HostConfiguration.h"
 #include "refhost/automation/Resources.h"
+#include "refhost/windows/DialogScroll.h"
 #include "refhost/windows/Placing.h"
 
 namespace norvex {
@@ -33,6 +35,8 @@ constexpr int kComputing[] = {IDC_TECHNOLOGY_MATERIAL_LABEL, IDC_TECHNOLOGY_MATE
 constexpr COLORREF kRefusal = RGB(176, 24, 24);
 
 /// In dialog units, like the resource.
+constexpr int kWidth = 400;
+constexpr int kHeight = 250;
 constexpr int kMargin = 7;
 constexpr int kSide = 118;  ///< width of the picture and what stands under it
 constexpr int kRow = 14;
@@ -106,7 +110,8 @@ INT_PTR TechnologyWindow::handle(UINT message, WPARAM wide, LPARAM data) {
         }
         case WM_CTLCOLORSTATIC:
             if (reinterpret_cast<HWND>(data) != control(IDC_TECHNOLOGY_MESSAGE) || !isRefused_) return FALSE;
-            SetTextColor(reinterpret_cast<HDC>(wide), kRefusal);
+            SetTextColor(reinterpret_cast<HDC>(wide),
+                         pellmark::readableOn(GetSysColor(COLOR_BTNFACE), kRefusal));
             SetBkColor(reinterpret_cast<HDC>(wide), GetSysColor(COLOR_BTNFACE));
             return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_BTNFACE));
         case WM_NOTIFY:
@@ -120,6 +125,9 @@ INT_PTR TechnologyWindow::handle(UINT message, WPARAM wide, LPARAM data) {
 
 void TechnologyWindow::fill() {
     texts_.translate(dialog_);
+    RECT units{0, 0, kWidth, kHeight};
+    MapDialogRect(dialog_, &units);
+    letScroll(dialog_, {units.right, units.bottom});
     centreOverOwner(dialog_);
     // smaller, and headings and refusals would be cut off in some language
     RECT whole{};
@@ -165,13 +173,14 @@ void TechnologyWindow::layOut() {
     const int row = units.top;
     const int side = units.right;
     const int gap = units.bottom;
-    RECT area{};
-    GetClientRect(dialog_, &area);
+    const RECT area = contentsOf(dialog_);
+    const int left = area.left + margin;
+    const int top = area.top + margin;
     const int buttons = area.bottom - margin - row;
     const int message = buttons - gap - row * 2;
     const int right = area.right - margin - side;
-    grid_.place({margin, margin, right - margin, message - gap});
-    place(control(IDC_TECHNOLOGY_MESSAGE), margin, message, area.right - 2 * margin, row * 2);
+    grid_.place({left, top, right - margin, message - gap});
+    place(control(IDC_TECHNOLOGY_MESSAGE), left, message, area.right - margin - left, row * 2);
 
     int bottom = message - gap - row;
     place(control(IDC_TECHNOLOGY_COMPUTE), right, bottom, side, row);
@@ -181,14 +190,14 @@ void TechnologyWindow::layOut() {
     place(control(IDC_TECHNOLOGY_MATERIAL), right, bottom, side, row * 10);
     bottom -= row;
     place(control(IDC_TECHNOLOGY_MATERIAL_LABEL), right, bottom, side, row);
-    place(control(IDC_TECHNOLOGY_PICTURE), right, margin, side, std::max(bottom - gap - margin, 0));
+    place(control(IDC_TECHNOLOGY_PICTURE), right, top, side, std::max(bottom - gap - top, 0));
 
-    int left = area.right - margin;
+    int end = area.right - margin;
     for (const int id : {IDCANCEL, IDOK, IDC_TECHNOLOGY_NEXT, IDC_TECHNOLOGY_BACK}) {
         const int width = side / 2 - gap / 2;
-        left -= width;
-        place(control(id), left, buttons, width, row);
-        left -= gap;
+        end -= width;
+        place(control(id), end, buttons, width, row);
+        end -= gap;
     }
     InvalidateRect(dialog_, nullptr, TRUE);
 }

@@ -92,12 +92,15 @@ void centreOverOwner(HWND dialog) {
     if (!GetWindowRect(dialog, &rect)) return;
     const RECT around = surroundingsOf(dialog);
     const RECT area = workAreaNear(around);
+    // What is cut off in one direction gets a scroll bar there, which takes room in the other.
+    const bool isTooHigh = heightOf(rect) > heightOf(area);
+    if (widthOf(rect) > widthOf(area)) rect.bottom += GetSystemMetrics(SM_CYHSCROLL);
+    if (isTooHigh) rect.right += GetSystemMetrics(SM_CXVSCROLL);
     const LONG left = around.left + (widthOf(around) - widthOf(rect)) / 2;
     const LONG top = around.top + (heightOf(around) - heightOf(rect)) / 2;
     const RECT place = keptWithin({left, top, left + widthOf(rect), top + heightOf(rect)}, area);
-    const bool isSizable = (GetWindowLongPtrW(dialog, GWL_STYLE) & WS_THICKFRAME) != 0;
     SetWindowPos(dialog, nullptr, place.left, place.top, widthOf(place), heightOf(place),
-                 SWP_NOZORDER | SWP_NOACTIVATE | (isSizable ? 0U : SWP_NOSIZE));
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 int showMessage(HWND owner, const std::wstring& text, const std::wstring& title, UINT style) {

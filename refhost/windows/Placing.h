@@ -20,9 +20,9 @@ RECT keptWithin(const RECT& rect, const RECT& area);
 /// that grows with them, as far as there is room.
 RECT openingPlace(const RECT& workArea, int dpi, SIZE at96);
 
-/// Puts a dialog over the middle of the window that owns it, wholly onto that one's screen. A dialog whose
-/// size a person can change becomes smaller where there is no room for it. Without an owner that is shown,
-/// the middle of the screen stands in for it.
+/// Puts a dialog over the middle of the window that owns it, wholly onto that one's screen. A dialog for
+/// which that has no room is cut to it, see letScroll. Without an owner that is shown, the middle of the
+/// screen stands in for it.
 void centreOverOwner(HWND dialog);
 
 /// A message box over the middle of its owner. `style` and the answer are those of MessageBoxW.

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "automation/Automation.h"
+#include "refhost/windows/DialogScroll.h"
 #include "refhost/windows/Placing.h"
 #include "refhost/workbench/Resources.h"
 
@@ -48,6 +49,7 @@ INT_PTR CALLBACK CaseDialog::procedure(HWND dialog, UINT message, WPARAM wide, L
 
 INT_PTR CaseDialog::handle(UINT message, WPARAM wide) {
     if (message == WM_INITDIALOG) {
+        letScroll(dialog_);
         centreOverOwner(dialog_);
         fill();
         return TRUE;

@@ -49,7 +49,11 @@ void StatusLine::tell(UINT message, WPARAM wide, LPARAM data) {
 }
 
 void StatusLine::takeFont() {
-    const HFONT font = statusFontAt(dpiOf(window_));
+    takeFontFor(dpiOf(window_));
+}
+
+void StatusLine::takeFontFor(int dpi) {
+    const HFONT font = statusFontAt(dpi);
     if (font == nullptr) return;
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     if (const HFONT before = std::exchange(font_, font)) DeleteObject(before);

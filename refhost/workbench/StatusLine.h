@@ -21,6 +21,8 @@ class StatusLine {
     void fit();
     /// Takes the system's font for the resolution that the line now has.
     void takeFont();
+    /// Takes the system's font for the resolution that it is about to have, in dots per inch.
+    void takeFontFor(int dpi);
     /// Hands on what the system tells its top-level windows alone: colours, themes and settings have changed.
     void tell(UINT message, WPARAM wide, LPARAM data);
     int height() const;

@@ -114,7 +114,7 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
             return 0;
         case kDpiChanged: {
             const RECT& wanted = *reinterpret_cast<const RECT*>(data);
-            status_.takeFont();
+            status_.takeFontFor(LOWORD(wide));
             SetWindowPos(window_, nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
                          wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
             layOut();

@@ -56,11 +56,12 @@ Rect movedOntoScreen(const Rect& window, const std::vector<Rect>& screens) {
             movedInto(window.top, window.height, screen->top, screen->bottom()), window.width, window.height};
 }
 
-Rect shrunkToScreen(const Rect& window, const std::vector<Rect>& screens) {
+Rect shrunkToScreen(const Rect& window, const std::vector<Rect>& screens, Size bars) {
     const auto screen = nearestTo(window, screens);
     if (!screen) return window;
-    return {window.left, window.top, std::min(window.width, screen->width),
-            std::min(window.height, screen->height)};
+    const Twips width = window.width + (window.height > screen->height ? bars.width : 0);
+    const Twips height = window.height + (window.width > screen->width ? bars.height : 0);
+    return {window.left, window.top, std::min(width, screen->width), std::min(height, screen->height)};
 }
 
 }  // namespace pellmark

@@ -15,7 +15,9 @@ bool isWithinReach(const Rect& window, const std::vector<Rect>& screens);
 /// Without screens it stays where it is.
 Rect movedOntoScreen(const Rect& window, const std::vector<Rect>& screens);
 
-/// The window in its place, but no larger than that same screen.
-Rect shrunkToScreen(const Rect& window, const std::vector<Rect>& screens);
+/// The window in its place, but no larger than that same screen. What is cut off in one direction only gets a
+/// scroll bar there: the window grows by it in the other one, as far as there is room. `bars` are the width
+/// of a standing bar and the height of a lying one, nothing where there will be none.
+Rect shrunkToScreen(const Rect& window, const std::vector<Rect>& screens, Size bars = {});
 
 }  // namespace pellmark

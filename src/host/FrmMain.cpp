@@ -74,6 +74,10 @@ void FrmMain::translateCaptions() {
     translate(TabProcesses, "Processes");
     translate(SizerProcessCase, "Process Case");
     translate(FrameFilters, "Filters");
+    // Nobody sees the captions of bars; a screen reader says them.
+    translate(SplitFilters, "Bar below the filters");
+    translate(SplitSteps, "Bar between processes and steps");
+    translate(SplitStepsBeside, "Bar between processes and steps");
     translate(FrameFeatureTypeFilters, "Feature Case Filters");
     translate(LblUnit, "Unit");
     translate(LblNvxFeatureType, "Norvex Feature Type");

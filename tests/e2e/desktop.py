@@ -10,6 +10,7 @@ PRODUCTS = ROOT / "build" / "win64" / "bin"
 PICTURES = ROOT / "build" / "e2e"
 
 WAIT_SECONDS = 20
+DOUBLE_CLICK_SECONDS = 0.6
 
 
 def wait_for(what, condition, seconds=WAIT_SECONDS):
@@ -169,8 +170,9 @@ class Desktop:
         path = [(start[0] + (end[0] - start[0]) * step // steps, start[1] + (end[1] - start[1]) * step // steps)
                 for step in range(1, steps + 1)]
         self.move(start)
-        self._xdotool("mousedown", 1, *(word for point in path for word in ("mousemove", *point, "sleep", 0.02)),
-                      "mouseup", 1)
+        time.sleep(DOUBLE_CLICK_SECONDS)  # after a click there, it would be a double click
+        self._xdotool("mousedown", 1, "sleep", 0.15, *(word for at in path for word in ("mousemove", *at, "sleep", 0.04)),
+                      "sleep", 0.15, "mouseup", 1)
 
     def hold(self, key, act):
         """Does something while a key is held down."""

@@ -55,7 +55,14 @@ class Album:
             return
         self._desktop.click(workbench.lists()[0].middle)
         self._desktop.key("ctrl+2")
-        fill_case_by_keyboard(self._desktop, values, kind)
+        self.fill_case(values, kind)
+
+    def fill_case(self, values=VALUES, kind=TYPE):
+        """Fills the host's dialog, which has opened."""
+        if self._fill:
+            fill_case_by_keyboard(self._desktop, values, kind)
+        else:
+            fill_case(self._desktop, case_dialog(self._desktop), values, kind)
 
     def open_menu(self, grid, row):
         """The context menu of a row."""
@@ -177,7 +184,7 @@ def take_picker(desktop, album):
         desktop.key("F10", "Right", "Right", "Return")
         desktop.one("#32768")
         desktop.key("Return")
-        fill_case(desktop, case_dialog(desktop))
+        album.fill_case()
         album.add("process-pick", workbench.dialog())
 
 

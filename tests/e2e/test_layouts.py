@@ -169,16 +169,15 @@ class Bars(LayoutTest):
         return [window.area[3] for window in self.workbench.lists()]
 
     def drag_bar(self, number, down):
-        before = self.heights()
+        wanted = self.heights()[number] + down
         x, y = self.area_of(self.bars[number])[:2]
         self.desktop.drag((x + 200, y + 3), (x + 200, y + 3 + down))
-        wait_for("the lists to have other heights", lambda: self.heights() != before)
+        wait_for("the list above the bar to have the other height", lambda: self.heights()[number] == wanted)
 
     def test_the_bars_of_a_case_stand_where_they_were_left(self):
         self.show_case()
         usual = self.heights()
         self.drag_bar(0, 40)
-        self.assertEqual(self.heights()[0], usual[0] + 40)
         self.drag_bar(1, -25)
         left = [window.area for window in self.workbench.lists()]
         self.workbench.restart()
@@ -270,6 +269,47 @@ class Windows(LayoutTest):
         self.assertEqual(self.columns(self.member_lists(dialog)[1]), width)
         self.leave(dialog)
         self.has_exported("GlobalSettings", r"DialogSettings\FrmAddExistingProcess")
+
+    def test_the_materials_of_a_process_are_as_they_were_left(self):
+        def open_materials():
+            listed = self.workbench.process_list()
+            self.desktop.click(self.desktop.row_middle(self.desktop.rows(listed)["rows"][0]))
+            self.desktop.key("ctrl+m")
+            return self.workbench.dialog()
+
+        dialog = open_materials()
+        area = self.move_and_size(dialog)
+        others, members = self.member_lists(dialog)
+        self.resize(others, "Nonmembers", -35)
+        self.resize(members, "Members", -50)
+        widths = self.columns(others), self.columns(members)
+        self.leave(dialog)
+        self.workbench.restart()
+        dialog = open_materials()
+        self.assertEqual(dialog.area, area)
+        self.assertEqual(tuple(self.columns(each) for each in self.member_lists(dialog)), widths)
+        self.leave(dialog)
+        self.has_exported("GlobalSettings", r"DialogSettings\FrmEditProcessMaterials")
+
+    def test_the_fixed_dialog_of_a_step_stands_where_it_was_left_in_its_own_size(self):
+        def open_step():
+            describe_case(self.desktop, self.workbench)
+            wait_for("the three grids", lambda: len(self.workbench.lists()) == 3)
+            self.desktop.tab_to(self.workbench.lists()[2])
+            self.desktop.key("Insert")
+            return self.workbench.dialog()
+
+        dialog = open_step()
+        left, top, width, height = dialog.area
+        self.desktop.drag((left + 80, top + 12), (left + 30, top + 42))
+        moved = wait_for("the window to move", lambda: self.area_of(dialog) != dialog.area and self.area_of(dialog))
+        self.assertEqual(moved[2:], (width, height))
+        self.leave(dialog)
+        self.workbench.restart()
+        dialog = open_step()
+        self.assertEqual(dialog.area, moved)
+        self.leave(dialog)
+        self.has_exported("GlobalSettings", r"DialogSettings\frmAddEditProcessTechStep")
 
     def test_a_pick_stands_where_the_last_one_was_left_and_the_view_in_the_host_does_not(self):
         def pick():

@@ -153,12 +153,18 @@ class PrintingTest(TheProcessList):
     # As the print server names a document after its title.
     documents = "*Processes*.pdf"
 
-    def printed(self):
-        """Prints the list as the dialog proposes it; the document that comes out."""
+    def printed(self, pages=None):
+        """Prints the list as the dialog proposes it, or these pages of it; the document that comes out."""
         folder = pathlib.Path.home() / "PDF"
         before = set(folder.glob(self.documents))
         self.command("Print...")
         dialog = self.workbench.dialog()
+        # The boxes for the first and the last page stand above the one for the copies.
+        boxes = sorted(self.desktop.find("Edit", inside=dialog), key=lambda each: (each.area[0], each.area[1]))
+        for box, number in zip(boxes, pages or ()):
+            self.desktop.tab_to(box)
+            self.desktop.key("Home", "shift+End")
+            self.desktop.type(str(number))
         self.desktop.key("Return")
         self.desktop.gone(dialog)
 
@@ -199,3 +205,9 @@ class PrintingTheProcessList(PrintingTest):
             names += [word.text for word in words[:-3]
                       if word.top > name.top + 3 and word.left < unit.left - 1]
         self.assertEqual(" ".join(names), " ".join(" ".join(row[1].split()) for row in self.stored()))
+
+    def test_chosen_pages_are_printed_as_they_are_in_the_whole(self):
+        whole = pages_of(self.printed())
+        part = pages_of(self.printed(pages=(2, 3)))
+        self.assertEqual([[word.text for word in page] for page in part],
+                         [[word.text for word in page] for page in whole[1:3]])

@@ -21,9 +21,8 @@ Color shownBack(const CellStyle& style, const ListScheme& scheme) {
 CellColors shownColors(const CellStyle& style, const ListScheme& scheme, std::optional<Color> selection) {
     const Color back = selection.value_or(shownBack(style, scheme));
     const bool isAsStated = !isDark(scheme.window) && !scheme.highContrast;
-    // A text colour that goes with one behind it may say nothing without that.
-    const bool isOnItsOwn = style.back && selection;
-    if (isAsStated && !isOnItsOwn) return {back, style.fore.value_or(scheme.text)};
+    // What was made for white, or goes with a colour behind it, may say nothing on that of the selection.
+    if (isAsStated && !selection) return {back, style.fore.value_or(scheme.text)};
     const bool isPlain =
         !style.fore || (!isAsStated && *style.fore == kBlack) || (scheme.highContrast && style.back);
     return {back, readableOn(back, isPlain ? scheme.text : *style.fore)};

@@ -24,7 +24,8 @@ struct CellColors {
 /// A cell's colours on the person's screen. The colours that a style states are made for black on white and
 /// are shown as they stand where the window is light. On a dark one white and black mean the window's own
 /// colours, what is behind a text is toned down, and a text keeps its hue but is made as bright as it must be
-/// to be read. `selection` takes the place of whatever is behind the text.
+/// to be read. `selection` takes the place of whatever is behind the text, which is made
+/// readable on it.
 CellColors shownColors(const CellStyle& style, const ListScheme& scheme,
                        std::optional<Color> selection = std::nullopt);
 

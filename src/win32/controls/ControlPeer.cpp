@@ -122,7 +122,7 @@ void ControlPeer::controlChanged(ControlChange change) {
 std::optional<LRESULT> ControlPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     if (const auto name = answerWithName(*control_, message, wParam, lParam)) return name;
     if (message == WM_SETFOCUS && control_->kind() != Control::Kind::Form) {
-        form_.keyboard().arrived(*this);
+        form_.keyboard().arrived(*this, reinterpret_cast<HWND>(wParam));
         control_->entered.raise();
     }
     return std::nullopt;

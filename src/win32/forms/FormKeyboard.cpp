@@ -17,13 +17,11 @@ void FormKeyboard::focus(const ControlPeer& peer) {
     if (::IsWindowVisible(form_.window())) ::SetFocus(peer.window());
 }
 
-void FormKeyboard::arrived(const ControlPeer& peer) {
+void FormKeyboard::arrived(const ControlPeer& peer, HWND from) {
     if (model() == nullptr) return;
     model()->focusArrived(*peer.control());
-    // Under a pressed mouse nothing moves: what it does next counts where it is.
-    const bool byMouse =
-        ::GetKeyState(VK_LBUTTON) < 0 || ::GetKeyState(VK_RBUTTON) < 0 || ::GetKeyState(VK_MBUTTON) < 0;
-    if (!byMouse) form_.scroll().reveal(peer.window());
+    // Back from the box over one of its cells a list stays as it is: the person is looking at that cell.
+    if (!::IsChild(peer.window(), from)) form_.scroll().reveal(peer.window());
 }
 
 HWND FormKeyboard::remembered() const {

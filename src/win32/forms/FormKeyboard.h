@@ -20,8 +20,8 @@ class FormKeyboard {
     void shownEmbedded();
     /// Gives the keyboard to the control that asked for it, had it last or comes first.
     void enter();
-    /// A control has got the keyboard.
-    void arrived(const ControlPeer& peer);
+    /// A control has got the keyboard from another window, null when nobody knows which.
+    void arrived(const ControlPeer& peer, HWND from);
     /// Draws the button that has the focus as the default one, or with null the form's own.
     void showDefaultButton(HWND focused);
 

@@ -39,7 +39,7 @@ Size FormScroll::fit(Size least) {
     return view_.content();
 }
 
-void FormScroll::showBar(int bar, Twips content, Twips page, Twips at) const {
+void FormScroll::showBar(int bar, int content, int page, int at) const {
     SCROLLINFO shown{};
     shown.cbSize = sizeof shown;
     shown.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
@@ -70,11 +70,20 @@ void FormScroll::scrollTo(Point at) {
     if (view_.scrollTo(at)) moved(from);
 }
 
+bool FormScroll::isMousePressed() {
+    return ::GetKeyState(VK_LBUTTON) < 0 || ::GetKeyState(VK_RBUTTON) < 0 || ::GetKeyState(VK_MBUTTON) < 0;
+}
+
 void FormScroll::reveal(HWND control) {
-    if (!view_.hasVerticalBar() && !view_.hasHorizontalBar()) return;
-    RECT part{};
-    ::GetWindowRect(control, &part);
-    ::MapWindowPoints(nullptr, form_.window(), reinterpret_cast<POINT*>(&part), 2);
+    RECT whole{};
+    ::GetWindowRect(control, &whole);
+    ::MapWindowPoints(nullptr, control, reinterpret_cast<POINT*>(&whole), 2);
+    reveal(control, whole);
+}
+
+void FormScroll::reveal(HWND window, RECT part) {
+    if (isMousePressed() || (!view_.hasVerticalBar() && !view_.hasHorizontalBar())) return;
+    ::MapWindowPoints(window, form_.window(), reinterpret_cast<POINT*>(&part), 2);
     const Point from = view_.at();
     ::OffsetRect(&part, from.left, from.top);
     const Rect wanted{static_cast<int>(part.left), static_cast<int>(part.top),
@@ -86,7 +95,7 @@ int FormScroll::line() const {
     return form_.currentScale().pixels(kLine);
 }
 
-std::optional<Twips> FormScroll::barMoved(int bar, int code, Twips at, Twips page) const {
+std::optional<int> FormScroll::barMoved(int bar, int code, int at, int page) const {
     switch (code) {
         case SB_LINEUP:
             return at - line();
@@ -137,7 +146,7 @@ std::optional<LRESULT> FormScroll::message(UINT message, WPARAM wParam, LPARAM l
         case WM_HSCROLL: {
             if (lParam != 0) return std::nullopt;
             const bool upright = message == WM_VSCROLL;
-            Twips& place = upright ? at.top : at.left;
+            int& place = upright ? at.top : at.left;
             const auto wanted = barMoved(upright ? SB_VERT : SB_HORZ, LOWORD(wParam), place,
                                          upright ? view_.page().height : view_.page().width);
             if (!wanted) return 0;

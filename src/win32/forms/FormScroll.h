@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "controls/Viewport.h"
+#include "base/Viewport.h"
 #include "win32/WindowsApi.h"
 
 namespace pellmark {
@@ -17,13 +17,19 @@ class FormScroll {
 
     /// The window's room or what the form needs at least has changed. The size to lay the form out for.
     Size fit(Size least);
+    /// The width of a standing bar and the height of a lying one.
+    Size barSizes() const;
     /// True while the bars come and go, which changes the window's room in between.
     bool isFitting() const { return fitting_; }
 
     /// The point of the form that is at the window's upper left corner.
     Point at() const { return view_.at(); }
+    /// Nothing is brought into sight under a pressed mouse: what it does next counts where it is.
+    static bool isMousePressed();
     /// Shows the window of a control, if need be by scrolling.
     void reveal(HWND control);
+    /// The same for a part of a window, in pixels of that one's client area.
+    void reveal(HWND window, RECT part);
 
     /// What a person does to the bars or with the wheel over a place where nothing else takes it.
     std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
@@ -31,12 +37,11 @@ class FormScroll {
   private:
     /// The window's room if it had no bars.
     Size roomWithoutBars() const;
-    Size barSizes() const;
-    void showBar(int bar, Twips content, Twips page, Twips at) const;
+    void showBar(int bar, int content, int page, int at) const;
     void showBars() const;
     void scrollTo(Point at);
     void moved(Point from) const;
-    std::optional<Twips> barMoved(int bar, int code, Twips at, Twips page) const;
+    std::optional<int> barMoved(int bar, int code, int at, int page) const;
     bool turnWheel(bool across, int delta);
     int line() const;
 

@@ -299,7 +299,7 @@ void FormWindow::showAbove(HWND owner, const std::function<void(ModalLoop&)>& ru
         ::OffsetRect(&at, (above.left + above.right - at.left - at.right) / 2,
                      (above.top + above.bottom - at.top - at.bottom) / 2);
     }
-    at = broughtIntoView(at, saved != Rect{});
+    at = broughtIntoView(at, saved != Rect{}, model()->isSizable() ? Size{} : scroll_.barSizes());
     ::SetWindowPos(window(), HWND_TOP, at.left, at.top, at.right - at.left, at.bottom - at.top,
                    SWP_FRAMECHANGED);
     arrange();

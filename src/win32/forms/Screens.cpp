@@ -34,10 +34,10 @@ RECT workAreaAt(const RECT& rect) {
     return info.rcWork;
 }
 
-RECT broughtIntoView(const RECT& window, bool placedByAPerson) {
+RECT broughtIntoView(const RECT& window, bool placedByAPerson, Size bars) {
     const std::vector<Rect> areas = workAreas();
     const Rect wanted = asRect(window);
-    const Rect fitting = shrunkToScreen(wanted, areas);
+    const Rect fitting = shrunkToScreen(wanted, areas, bars);
     const bool stays = placedByAPerson && fitting == wanted && isWithinReach(wanted, areas);
     const Rect at = stays ? wanted : movedOntoScreen(fitting, areas);
     return {at.left, at.top, at.right(), at.bottom()};

@@ -14,7 +14,7 @@ std::vector<Rect> workAreas();
 RECT workAreaAt(const RECT& rect);
 
 /// A window that is about to open, brought onto a screen and made no larger than that. One that a person has
-/// placed stays there as long as there is a screen under its caption.
-RECT broughtIntoView(const RECT& window, bool placedByAPerson);
+/// placed stays there as long as there is a screen under its caption. `bars` as for shrunkToScreen.
+RECT broughtIntoView(const RECT& window, bool placedByAPerson, Size bars);
 
 }  // namespace pellmark

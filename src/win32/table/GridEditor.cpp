@@ -85,8 +85,12 @@ std::optional<LRESULT> GridEditor::seen(HWND window, UINT message, WPARAM wParam
             if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB) return 0;  // no beep
             break;
         case WM_KEYDOWN:
-            if (wParam == VK_RETURN || wParam == VK_TAB) {
+            if (wParam == VK_RETURN) {
                 end(End::Commit);
+                return 0;
+            }
+            if (wParam == VK_TAB) {
+                end(::GetKeyState(VK_SHIFT) < 0 ? End::Previous : End::Next);
                 return 0;
             }
             if (wParam == VK_ESCAPE) {

@@ -14,7 +14,8 @@ namespace pellmark {
 /// text otherwise. It reports how the person ended it and decides nothing about the value.
 class GridEditor : public WindowHook::Owner {
   public:
-    enum class End { Commit, Cancel, LostFocus };
+    /// Next and Previous are commits after which the person wants to go on in another cell of the row.
+    enum class End { Commit, Next, Previous, Cancel, LostFocus };
     /// May destroy the editor.
     using Ended = std::function<void(End)>;
 

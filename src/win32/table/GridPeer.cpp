@@ -2,7 +2,6 @@
 
 #include "win32/drag/DragOut.h"
 #include "win32/forms/FormWindow.h"
-#include "win32/table/GridEditor.h"
 
 namespace pellmark {
 
@@ -214,27 +213,44 @@ class EndOnce {
 void GridPeer::edit(Cell cell) {
     const int row = gridTable().gridRow(cell.row);
     const int col = gridTable().colOf(cell.column);
-    scrollTo(cell.row);
+    scrollTo(cell);
     if (!grid()->beginEdit(row, col) || control() == nullptr) return;
-    const auto ended = [this](GridEditor::End how) {
-        trap(form().surroundings().trace(), "GridPeer::endEdit", [&] {
-            // A handler that says why it refuses a value takes the keyboard to its box: that ends no edit.
-            if (grid() == nullptr || !editor_ || ending_) return;
-            const EndOnce once(ending_);
-            if (how == GridEditor::End::Cancel) {
-                grid()->cancelEdit();
-            } else if (!grid()->commitEdit(editor_->value()) && how == GridEditor::End::Commit) {
-                return;  // refused: the person stays in the cell
-            }
-            if (grid() == nullptr) return;
-            if (grid()->isEditing()) grid()->cancelEdit();
-            const auto gone = std::move(editor_);
-        });
+    const auto ended = [this, cell](GridEditor::End how) {
+        trap(form().surroundings().trace(), "GridPeer::endEdit", [&] { endEdit(cell, how); });
     };
     const ActivationContext::Active themed(form().surroundings().theme());
     editor_ = std::make_unique<GridEditor>(window(), cellRect(cell), grid()->comboList(row, col),
                                            grid()->editing()->text, font(),
                                            form().surroundings().operations(), ended);
+}
+
+void GridPeer::endEdit(Cell cell, GridEditor::End how) {
+    // A handler that says why it refuses a value takes the keyboard to its box: that ends no edit.
+    if (grid() == nullptr || !editor_ || ending_) return;
+    const int rows = table().rows();
+    const std::string id = grid()->rowData(gridTable().gridRow(cell.row));
+    {
+        const EndOnce once(ending_);
+        if (how == GridEditor::End::Cancel) {
+            grid()->cancelEdit();
+        } else if (!grid()->commitEdit(editor_->value()) && how != GridEditor::End::LostFocus) {
+            return;  // refused: the person stays in the cell
+        }
+        if (grid() == nullptr) return;
+        if (grid()->isEditing()) grid()->cancelEdit();
+        const auto gone = std::move(editor_);
+    }
+    // Storing the value may have taken the row away, or the grid.
+    const bool isThere = grid() != nullptr && table().rows() == rows && table().current() == cell.row &&
+                         grid()->rowData(gridTable().gridRow(cell.row)) == id;
+    if (isThere && how == GridEditor::End::Next) editBeside(cell, 1);
+    if (isThere && how == GridEditor::End::Previous) editBeside(cell, -1);
+}
+
+void GridPeer::editBeside(Cell cell, int step) {
+    for (cell.column += step; cell.column >= 0 && cell.column < table().columns(); cell.column += step) {
+        if (isEditable(cell)) return edit(cell);
+    }
 }
 
 // --- messages ---------------------------------------------------------------------------------------------

@@ -3,13 +3,12 @@
 #include <memory>
 
 #include "controls/grid/Grid.h"
+#include "win32/table/GridEditor.h"
 #include "win32/table/GridTable.h"
 #include "win32/table/RowDescription.h"
 #include "win32/table/TablePeer.h"
 
 namespace pellmark {
-
-class GridEditor;
 
 /// A grid's window.
 class GridPeer : public TablePeer {
@@ -38,6 +37,11 @@ class GridPeer : public TablePeer {
     void takeCell(Cell cell, bool onlySelected);
     bool isEditable(Cell cell) const;
     void edit(Cell cell);
+    /// The person has ended the box over a cell.
+    void endEdit(Cell cell, GridEditor::End how);
+    /// Goes on in the nearest cell of the row that can be edited, in the direction of `step`, if there is
+    /// one.
+    void editBeside(Cell cell, int step);
     /// The cell that is being edited may have moved.
     void fitEditor();
     /// False when the current row has nothing to edit.

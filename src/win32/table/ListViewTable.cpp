@@ -1,5 +1,7 @@
 #include "win32/table/ListViewTable.h"
 
+#include <algorithm>
+
 namespace pellmark {
 
 const ColumnHeader* ListViewTable::header(int column) const {
@@ -15,6 +17,14 @@ std::string ListViewTable::heading(int column) const {
 Twips ListViewTable::width(int column) const {
     const ColumnHeader* shown = header(column);
     return shown != nullptr ? shown->width : 0;
+}
+
+bool ListViewTable::stretchesLast() const {
+    return list_ != nullptr && std::ranges::none_of(list_->columnHeaders(), &ColumnHeader::widthChosen);
+}
+
+void ListViewTable::userTookWidth(int column, Twips width) {
+    if (list_ != nullptr) list_->setColumnWidth(column, width);
 }
 
 void ListViewTable::userResized(int column, Twips width) {

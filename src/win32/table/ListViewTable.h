@@ -16,8 +16,8 @@ class ListViewTable : public ShownTable {
     int columns() const override { return list_ ? static_cast<int>(list_->columnHeaders().size()) : 0; }
     std::string heading(int column) const override;
     Twips width(int column) const override;
-    bool stretchesLast() const override { return false; }  // the forms suggest widths for their lists
-    void userTookWidth(int, Twips) override {}
+    bool stretchesLast() const override;
+    void userTookWidth(int column, Twips width) override;
     void userResized(int column, Twips width) override;
     void userMoved(int, int) override {}  // a report list's columns stay where they are
     Font font() const override { return list_ ? list_->font() : Font{}; }

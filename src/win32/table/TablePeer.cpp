@@ -6,6 +6,7 @@
 
 #include "win32/WideText.h"
 #include "win32/forms/FormWindow.h"
+#include "win32/table/TypedText.h"
 
 #include <uxtheme.h>
 
@@ -15,7 +16,6 @@ namespace {
 
 constexpr Twips kSpaceBetweenLines = 5 * kTwipsPerPixelAt96Dpi;
 constexpr int kRowsOfALongWay = 32;
-constexpr int kRowsSearchedForATypedText = 20000;
 
 void paintEmpty(HWND header) {
     PAINTSTRUCT paint{};
@@ -26,12 +26,6 @@ void paintEmpty(HWND header) {
 
 bool isDown(int key) {
     return ::GetKeyState(key) < 0;
-}
-
-bool beginsWith(const std::wstring& text, const std::wstring& prefix) {
-    return text.size() >= prefix.size() &&
-           ::CompareStringOrdinal(text.c_str(), static_cast<int>(prefix.size()), prefix.c_str(),
-                                  static_cast<int>(prefix.size()), TRUE) == CSTR_EQUAL;
 }
 
 }  // namespace
@@ -108,6 +102,19 @@ void TablePeer::showRow(int row) {
 
 void TablePeer::scrollTo(int row) {
     ::SendMessageW(window(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+}
+
+void TablePeer::scrollTo(Cell cell) {
+    scrollTo(cell.row);
+    if (FormScroll::isMousePressed()) return;
+    RECT client{};
+    ::GetClientRect(window(), &client);
+    const RECT shown = cellRect(cell);
+    // Of a column that is wider than the window its beginning.
+    const LONG right = std::min(shown.right, shown.left + client.right);
+    const LONG way = std::min(shown.left, std::max<LONG>(right - client.right, 0));
+    if (way != 0) ::SendMessageW(window(), LVM_SCROLL, static_cast<WPARAM>(way), 0);
+    form().scroll().reveal(window(), cellRect(cell));
 }
 
 int TablePeer::topRow() const {
@@ -215,7 +222,7 @@ std::optional<LRESULT> TablePeer::notified(NMHDR& header) {
             selection_->rangeChanged(reinterpret_cast<NMLVODSTATECHANGE&>(header));
             return 0;
         case LVN_ODFINDITEMW:
-            return findItem(reinterpret_cast<NMLVFINDITEMW&>(header));
+            return findTyped(*table_, reinterpret_cast<NMLVFINDITEMW&>(header));
         case LVN_COLUMNCLICK:
             headingClicked(reinterpret_cast<NMLISTVIEW&>(header).iSubItem);
             return 0;
@@ -232,20 +239,6 @@ void TablePeer::fillItem(LVITEMW& item) const {
     const auto length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
     std::copy_n(text.c_str(), length, item.pszText);
     item.pszText[length] = L'\0';
-}
-
-int TablePeer::findItem(const NMLVFINDITEMW& wanted) const {
-    const int rows = table_->rows();
-    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || wanted.lvfi.psz == nullptr || rows == 0)
-        return -1;
-    const std::wstring typed = wanted.lvfi.psz;
-    const int bound = std::min(rows, kRowsSearchedForATypedText);
-    const int start = wanted.iStart >= 0 && wanted.iStart < rows ? wanted.iStart : 0;
-    for (int i = 0; i < bound; ++i) {
-        const int row = (start + i) % rows;
-        if (beginsWith(toWide(table_->text(row, 0)), typed)) return row;
-    }
-    return -1;
 }
 
 void TablePeer::tipFor(POINT at) {

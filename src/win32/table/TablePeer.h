@@ -44,6 +44,8 @@ class TablePeer : public ControlPeer {
     void showRows();
     void showRow(int row);
     void scrollTo(int row);
+    /// Shows a cell, if need be by scrolling the window sideways as well, and the form around it.
+    void scrollTo(Cell cell);
     int topRow() const;
     void scrollToTop(int row);
     /// The data cell under a point of the window; -1 beside all of them.
@@ -66,7 +68,6 @@ class TablePeer : public ControlPeer {
 
   private:
     void fillItem(LVITEMW& item) const;
-    int findItem(const NMLVFINDITEMW& wanted) const;
     void tipFor(POINT at);
     bool movesSelection(UINT message, WPARAM wParam) const;
     LRESULT clickRow(UINT message, WPARAM wParam, LPARAM lParam);

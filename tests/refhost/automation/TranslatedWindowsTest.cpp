@@ -1,8 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstddef>
-#include <cstring>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -17,17 +15,17 @@
 #include "refhost/texts/Languages.h"
 #include "refhost/windows/HostTexts.h"
 #include "support/TemporaryFolder.h"
+#include "support/win32/Person.h"
 #include "support/win32/TextRoom.h"
 
 namespace pellmark {
 namespace {
 
 using test::complaintsAbout;
+using test::Meanwhile;
 using test::NorvexLibrary;
 using testing::IsEmpty;
 
-constexpr int kDpi = 96;
-constexpr int kResolutions[] = {96, 144, 192};
 /// The workbench's dialog that describes a feature case; its program is loaded for its resources alone.
 constexpr int kCaseDialog = 103;
 
@@ -35,66 +33,41 @@ INT_PTR CALLBACK doNothing(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
 }
 
-/// A dialog's description as it is at another resolution. All its measures are in those of its font, so that
-/// a larger one is all it takes.
-std::vector<std::byte> templateAt(HMODULE module, int dialog, int dpi) {
-    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(dialog), reinterpret_cast<LPCWSTR>(RT_DIALOG));
-    if (found == nullptr) return {};
-    const auto* from = static_cast<const std::byte*>(LockResource(LoadResource(module, found)));
-    std::vector<std::byte> copy(from, from + SizeofResource(module, found));
-    // An extended template: 26 bytes of numbers, then menu, class and title (none, none, a text), then the
-    // size.
-    constexpr std::size_t kTitle = 26 + 2 * sizeof(WORD);
-    std::size_t at = kTitle;
-    const auto word = [&](std::size_t place) {
-        WORD value = 0;
-        std::memcpy(&value, copy.data() + place, sizeof value);
-        return value;
-    };
-    while (word(at) != 0)
-        at += sizeof(WORD);
-    at += sizeof(WORD);
-    const auto points = static_cast<WORD>(MulDiv(word(at), dpi, kDpi));
-    std::memcpy(copy.data() + at, &points, sizeof points);
-    return copy;
-}
-
-/// Looks at the technology window once it is there, and closes it. One at a time.
-class Onlooker {
-  public:
-    explicit Onlooker(std::function<void(HWND)> look) {
-        look_ = std::move(look);
-        timer_ = SetTimer(nullptr, 0, 20, &Onlooker::tick);
-    }
-    Onlooker(const Onlooker&) = delete;
-    Onlooker& operator=(const Onlooker&) = delete;
-    ~Onlooker() {
-        KillTimer(nullptr, timer_);
-        look_ = nullptr;
-    }
-
-  private:
-    static BOOL CALLBACK findDialog(HWND window, LPARAM found) {
+/// The technology window while it is open.
+HWND technologyWindow() {
+    const auto check = [](HWND window, LPARAM found) -> BOOL {
         if (GetDlgItem(window, IDC_TECHNOLOGY_GRID) == nullptr || IsWindowVisible(window) == FALSE)
             return TRUE;
         *reinterpret_cast<HWND*>(found) = window;
         return FALSE;
-    }
-    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
-        HWND dialog = nullptr;
-        EnumThreadWindows(GetCurrentThreadId(), &findDialog, reinterpret_cast<LPARAM>(&dialog));
-        if (dialog == nullptr || !look_) return;
-        std::exchange(look_, nullptr)(dialog);
+    };
+    HWND dialog = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), check, reinterpret_cast<LPARAM>(&dialog));
+    return dialog;
+}
+
+/// What looks at the technology window once it is there, and closes it.
+Meanwhile::Step closing(std::function<void(HWND)> look) {
+    return [look = std::move(look)] {
+        const HWND dialog = technologyWindow();
+        if (dialog == nullptr) return false;
+        look(dialog);
         SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    }
+        return true;
+    };
+}
 
-    static inline std::function<void(HWND)> look_;
-    static inline UINT_PTR timer_ = 0;
-};
+int dpiOfScreen() {
+    const HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+    ReleaseDC(nullptr, screen);
+    return dpi;
+}
 
-/// The host's own dialogs in one language.
+/// The host's own dialogs in one language, on the screen that there is: the suite is run on several ones.
 class TranslatedWindowsTest : public testing::TestWithParam<std::int16_t> {
   protected:
+    static void SetUpTestSuite() { SetProcessDPIAware(); }  // as the workbench is
     TranslatedWindowsTest() {
         SetEnvironmentVariableW(L"NORVEX_LANGUAGE", std::to_wstring(GetParam()).c_str());
         NorvexLibrary::useKnowledgeBase(folder_.file("texts.db"));
@@ -102,16 +75,14 @@ class TranslatedWindowsTest : public testing::TestWithParam<std::int16_t> {
     ~TranslatedWindowsTest() override { SetEnvironmentVariableW(L"NORVEX_LANGUAGE", nullptr); }
 
     /// What is wrong with a dialog of a program or library beside this one.
-    std::vector<std::string> complaintsAboutDialog(const wchar_t* file, int dialog, int dpi) const {
+    std::vector<std::string> complaintsAboutDialog(const wchar_t* file, int dialog) const {
         const norvex::HostTexts texts(NorvexLibrary::folder(), GetParam());
         const HMODULE module = LoadLibraryExW((NorvexLibrary::folder() + L"\\" + file).c_str(), nullptr,
                                               LOAD_LIBRARY_AS_IMAGE_RESOURCE | LOAD_LIBRARY_AS_DATAFILE);
-        const std::vector<std::byte> scaled = templateAt(module, dialog, dpi);
-        const HWND window = CreateDialogIndirectParamW(
-            module, reinterpret_cast<const DLGTEMPLATE*>(scaled.data()), nullptr, &doNothing, 0);
+        const HWND window = CreateDialogParamW(module, MAKEINTRESOURCEW(dialog), nullptr, &doNothing, 0);
         if (window == nullptr) return {"there is no such dialog"};
         texts.translate(window);
-        std::vector<std::string> complaints = complaintsAbout(window, dpi);
+        std::vector<std::string> complaints = complaintsAbout(window, dpiOfScreen());
         DestroyWindow(window);
         FreeLibrary(module);
         return complaints;
@@ -126,20 +97,19 @@ class TranslatedWindowsTest : public testing::TestWithParam<std::int16_t> {
 };
 
 TEST_P(TranslatedWindowsTest, TheDialogOfTheFeatureCaseShowsItsTextsWhole) {
-    for (const int dpi : kResolutions)
-        EXPECT_THAT(complaintsAboutDialog(L"Workbench.exe", kCaseDialog, dpi), IsEmpty()) << dpi;
+    EXPECT_THAT(complaintsAboutDialog(L"Workbench.exe", kCaseDialog), IsEmpty());
 }
 
 TEST_P(TranslatedWindowsTest, TheExpressionBuilderShowsItsTextsWhole) {
-    for (const int dpi : kResolutions)
-        EXPECT_THAT(complaintsAboutDialog(L"Norvex.dll", IDD_EXPRESSION, dpi), IsEmpty()) << dpi;
+    EXPECT_THAT(complaintsAboutDialog(L"Norvex.dll", IDD_EXPRESSION), IsEmpty());
 }
 
 TEST_P(TranslatedWindowsTest, TheTechnologyEditorShowsItsTextsWhole) {
     auto technologies = service();
     const auto technology = technologies.create(norvex::cycle::kPeckDrilling, "");
     std::optional<std::vector<std::string>> complaints;
-    const Onlooker onlooker([&](HWND dialog) { complaints = complaintsAbout(dialog, kDpi); });
+    const Meanwhile meanwhile(
+        {closing([&](HWND dialog) { complaints = complaintsAbout(dialog, dpiOfScreen()); })});
     technologies.edit(*technology, 0);
     ASSERT_TRUE(complaints);
     EXPECT_THAT(*complaints, IsEmpty());
@@ -183,7 +153,7 @@ TEST_P(TranslatedWindowsTest, TheTechnologyEditorHasRoomForWhatItRefusesAlsoInIt
     const auto technology = technologies.create(norvex::cycle::kPeckDrilling, "");
     const auto lines = refusals({NorvexLibrary::folder(), GetParam()});
     std::vector<std::string> complaints{"the editor was not seen"};
-    const Onlooker onlooker([&](HWND dialog) {
+    const Meanwhile meanwhile({closing([&](HWND dialog) {
         complaints.clear();
         MINMAXINFO limits{};
         SendMessageW(dialog, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
@@ -191,10 +161,10 @@ TEST_P(TranslatedWindowsTest, TheTechnologyEditorHasRoomForWhatItRefusesAlsoInIt
                      SWP_NOMOVE | SWP_NOZORDER);
         for (const std::wstring& line : lines) {
             SetDlgItemTextW(dialog, IDC_TECHNOLOGY_MESSAGE, line.c_str());
-            for (std::string& each : complaintsAbout(dialog, kDpi))
+            for (std::string& each : complaintsAbout(dialog, dpiOfScreen()))
                 complaints.push_back(std::move(each));
         }
-    });
+    })});
     technologies.edit(*technology, 0);
     EXPECT_THAT(complaints, IsEmpty());
 }
@@ -203,14 +173,14 @@ TEST_P(TranslatedWindowsTest, TheStepWizardShowsItsTextsWhole) {
     auto technologies = service();
     const auto technology = technologies.create(norvex::cycle::kPeckDrilling, "");
     std::vector<std::string> complaints{"the wizard was not seen"};
-    const Onlooker onlooker([&](HWND dialog) {
-        complaints = complaintsAbout(dialog, kDpi);
+    const Meanwhile meanwhile({closing([&](HWND dialog) {
+        complaints = complaintsAbout(dialog, dpiOfScreen());
         for (int page = 1; page < 3; ++page) {
             SendMessageW(dialog, WM_COMMAND, IDC_TECHNOLOGY_NEXT, 0);
-            for (std::string& each : complaintsAbout(dialog, kDpi))
+            for (std::string& each : complaintsAbout(dialog, dpiOfScreen()))
                 complaints.push_back(std::move(each));
         }
-    });
+    })});
     technologies.runStepWizard(*technology, 0);
     EXPECT_THAT(complaints, IsEmpty());
 }

@@ -93,6 +93,16 @@ SIZE sizeOf(const std::wstring& text, HFONT font, UINT format, int width = 0) {
     return {area.right, area.bottom};
 }
 
+/// The end of such a window's caption is nobody's fault.
+bool isAsWideAsScreen(HWND window) {
+    RECT at{};
+    ::GetWindowRect(window, &at);
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    ::GetMonitorInfoW(::MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+    return at.right - at.left >= screen.rcWork.right - screen.rcWork.left;
+}
+
 class Inspection {
   public:
     explicit Inspection(int dpi) : dpi_(dpi) {}
@@ -118,7 +128,8 @@ class Inspection {
     }
 
     void inspectCaption(HWND window) {
-        if ((::GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) != WS_CAPTION) return;
+        if ((::GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) != WS_CAPTION || isAsWideAsScreen(window))
+            return;
         NONCLIENTMETRICSW metrics{};
         metrics.cbSize = sizeof metrics;
         ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);

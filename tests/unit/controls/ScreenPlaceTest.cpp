@@ -64,6 +64,14 @@ TEST(ScreenPlace, AWindowIsMadeNoLargerThanTheScreenThatShowsMostOfIt) {
     EXPECT_EQ(shrunkToScreen({100, 100, 5000, 4000}, {}), (Rect{100, 100, 5000, 4000}));
 }
 
+TEST(ScreenPlace, WhatIsCutInOneDirectionGrowsByTheBarInTheOther) {
+    constexpr Size kBars{17, 16};
+    EXPECT_EQ(shrunkToScreen({500, 500, 5000, 400}, kTwo, kBars), (Rect{500, 500, 1920, 416}));
+    EXPECT_EQ(shrunkToScreen({-1200, 300, 400, 4000}, kTwo, kBars), (Rect{-1200, 300, 417, 984}));
+    EXPECT_EQ(shrunkToScreen({-1280, 200, 1400, 980}, kTwo, kBars).height, 984) << "as far as there is room";
+    EXPECT_EQ(shrunkToScreen({100, 100, 400, 300}, kTwo, kBars), (Rect{100, 100, 400, 300}));
+}
+
 TEST(ScreenPlace, WithoutScreensNothingMoves) {
     const Rect window{5000, 100, 400, 300};
     EXPECT_EQ(movedOntoScreen(window, {}), window);

@@ -3,8 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "host/FrmMain.h"
+#include "support/PortsHarness.h"
 #include "support/win32/PeerHarness.h"
 #include "win32/WideText.h"
+#include "win32/forms/Win32Desktop.h"
 
 #include <oleacc.h>
 
@@ -139,6 +142,74 @@ TEST_F(AccessibilityTest, CellsCanBeReadAndFoundThroughTheListItself) {
     ASSERT_TRUE(::SendMessageW(list, LVM_GETSUBITEMRECT, 0, reinterpret_cast<LPARAM>(&cell)));
     EXPECT_EQ(cell.left, 120) << "behind the first column";
     EXPECT_GT(cell.bottom, cell.top);
+}
+
+/// The windows of the main form, both of its views.
+class MainFormAccessibilityTest : public testing::Test, protected PortsHarness {
+  protected:
+    MainFormAccessibilityTest() {
+        services_.host.set(host);
+        services_.configureTexts(*host, "Norvex - Process Manager");
+        host_ = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_CLIPCHILDREN, 0, 0, 1100, 900, nullptr,
+                                  nullptr, nullptr, nullptr);
+    }
+    ~MainFormAccessibilityTest() override {
+        main_.unload();
+        ::DestroyWindow(host_);
+    }
+    MainFormAccessibilityTest(const MainFormAccessibilityTest&) = delete;
+    MainFormAccessibilityTest& operator=(const MainFormAccessibilityTest&) = delete;
+
+    void show(FRView view) {
+        main_.SetView(view);
+        main_.embed(reinterpret_cast<WindowHandle>(host_));
+    }
+    std::vector<ControlPeer*> peers() const {
+        std::vector<ControlPeer*> found;
+        const auto add = [](HWND window, LPARAM all) -> BOOL {
+            if (ControlPeer* peer = ControlPeer::of(window))
+                reinterpret_cast<std::vector<ControlPeer*>*>(all)->push_back(peer);
+            return TRUE;
+        };
+        ::EnumChildWindows(reinterpret_cast<HWND>(main_.handle()), add, reinterpret_cast<LPARAM>(&found));
+        return found;
+    }
+    /// Boxes are called by the label before them.
+    static bool needsName(const Control& control) {
+        const Control::Kind kind = control.kind();
+        const bool isReached = kind == Control::Kind::Button || kind == Control::Kind::Grid ||
+                               kind == Control::Kind::Splitter || kind == Control::Kind::TabStrip;
+        for (const Control* each = &control; each != nullptr; each = each->parent()) {
+            if (!each->visible() && each->kind() != Control::Kind::Form) return false;
+        }
+        return isReached;
+    }
+
+    Win32Desktop windows_{::GetModuleHandleW(nullptr), operations};
+    Services services_{platformOn(windows_)};
+    HWND host_ = nullptr;
+    FrmMain main_{services_.forViews()};
+};
+
+TEST_F(MainFormAccessibilityTest, EverythingThatIsNoBoxHasANameOfItsOwn) {
+    for (const FRView view : {FRView::FRProcesses, FRView::FRProcesscase}) {
+        show(view);
+        int asked = 0;
+        for (const ControlPeer* peer : peers()) {
+            if (!needsName(*peer->control())) continue;
+            EXPECT_THAT(Spoken(peer->window()).name(), Not(IsEmpty())) << peer->control()->name();
+            ++asked;
+        }
+        EXPECT_GE(asked, 4);
+        main_.unload();
+    }
+}
+
+TEST_F(MainFormAccessibilityTest, ABarSaysWhatItStandsBetween) {
+    show(FRView::FRProcesscase);
+    EXPECT_EQ(Spoken(PeerHarness::of(main_, main_.SplitFilters)).name(), "Bar below the filters");
+    for (const Splitter* each : {&main_.SplitSteps, &main_.SplitStepsBeside})
+        EXPECT_EQ(Spoken(PeerHarness::of(main_, *each)).name(), "Bar between processes and steps");
 }
 
 TEST_F(AccessibilityTest, ATextThatIsTooLongForTheAskerIsCutOff) {

@@ -163,6 +163,57 @@ TEST_F(FormScrollTest, NothingMovesUnderAPressedMouse) {
     EXPECT_EQ(place(form->grid).top, before.top);
 }
 
+/// The second page's list of values, whose cells of the second column can be edited, in a form of which the
+/// window shows a part.
+class EditInSightTest : public FormScrollTest {
+  protected:
+    EditInSightTest() {
+        form->tabs.setIndex(1);
+        form->setMinimumSize(form->clientSize());
+        embedIn(250, 160);
+        focus(form->values);
+        form->values.select(3, 0);
+    }
+    /// The box over the cell, in the form's client area.
+    RECT box() const {
+        RECT at{};
+        ::GetWindowRect(::GetFocus(), &at);
+        ::MapWindowPoints(nullptr, window(), reinterpret_cast<POINT*>(&at), 2);
+        return at;
+    }
+    bool isEditing() const { return ::GetParent(::GetFocus()) == of(form->values); }
+    bool isBoxInView() const {
+        const RECT at = box();
+        return at.left >= 0 && at.top >= 0 && at.right <= room().cx && at.bottom <= room().cy;
+    }
+};
+
+TEST_F(EditInSightTest, TheCellThatIsEditedComesIntoViewAndStaysThereAfterwards) {
+    ASSERT_GT(place(form->values).right, room().cx) << "the list is wider than the window";
+    Person::press({VK_F2});
+    ASSERT_TRUE(isEditing());
+    EXPECT_TRUE(isBoxInView()) << box().left << " to " << box().right << " of " << room().cx;
+    const RECT during = place(form->values);
+    Person::press({VK_RETURN});
+    EXPECT_TRUE(hasFocus(form->values));
+    EXPECT_EQ(place(form->values).left, during.left);
+    EXPECT_EQ(place(form->values).top, during.top);
+}
+
+TEST_F(EditInSightTest, SoDoesACellWithChoices) {
+    form->values.select(1, 0);
+    Person::press({VK_MENU, VK_DOWN});
+    ASSERT_TRUE(isEditing());
+    EXPECT_TRUE(isBoxInView()) << box().left << " to " << box().right << " of " << room().cx;
+}
+
+TEST_F(EditInSightTest, UnderThePressedMouseNothingMoves) {
+    ::SendMessageW(window(), WM_HSCROLL, SB_LEFT, 0);
+    const RECT before = place(form->values);
+    Person::doubleClick(of(form->values), {140, 70});
+    EXPECT_EQ(place(form->values).left, before.left);
+}
+
 TEST_F(FormScrollTest, AFormWhoseNeedsGrowGetsItsBarsAtOnce) {
     embedIn(400, 300);
     EXPECT_FALSE(hasBar(WS_VSCROLL));
@@ -197,6 +248,19 @@ TEST_F(ModalScrollTest, AFixedDialogLargerThanTheScreenIsAsLargeAsThatAndScrolls
     EXPECT_TRUE(::EqualRect(&at, &screen)) << at.left << ' ' << at.top << ' ' << at.right << ' ' << at.bottom;
     EXPECT_TRUE(scrolls);
     EXPECT_EQ(laidOut, (Size{60000, 45000}));
+}
+
+TEST_F(ModalScrollTest, AFixedDialogThatIsOnlyTooWideDoesNotScrollUpAndDownForItsBar) {
+    form->setBorderStyle(BorderStyle::FixedDialog);
+    form->setClientSize({60000, 6000});
+    bool lying = false;
+    bool standing = true;
+    showModal([&] {
+        lying = hasBar(WS_HSCROLL);
+        standing = hasBar(WS_VSCROLL);
+    });
+    EXPECT_TRUE(lying);
+    EXPECT_FALSE(standing);
 }
 
 TEST_F(ModalScrollTest, ASizableDialogWhoseLeastIsLargerThanTheScreenIsToo) {

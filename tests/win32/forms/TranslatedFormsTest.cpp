@@ -80,16 +80,31 @@ class TranslatedFormsTest : public testing::TestWithParam<std::tuple<std::int16_
     std::vector<std::string> complaintsAbout(const Form& form) const {
         return test::complaintsAbout(reinterpret_cast<HWND>(form.handle()), dpi());
     }
-    /// As it opens, and as small as a person can make it.
+    /// As it opens on the screen that there is, as small as a person can make it, and as large.
     void expectRoom(Form& form) {
-        form.load();
-        ASSERT_TRUE(form.isLoaded());
-        EXPECT_THAT(complaintsAbout(form), IsEmpty());
-        if (!form.isSizable()) return;
-        ::SetWindowPos(reinterpret_cast<HWND>(form.handle()), nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
-        Person::pump();
+        const auto window = [&form] { return reinterpret_cast<HWND>(form.handle()); };
+        const Meanwhile meanwhile({[&] {
+                                       return form.isLoaded() && ::IsWindowVisible(window()) &&
+                                              ::GetActiveWindow() == window();
+                                   },
+                                   [&] {
+                                       EXPECT_THAT(complaintsAbout(form), IsEmpty());
+                                       if (form.isSizable()) expectRoomInEverySize(form);
+                                       form.unload();
+                                       return true;
+                                   }});
+        form.showModal({});
+        EXPECT_TRUE(meanwhile.isDone());
+    }
+    void expectRoomInEverySize(const Form& form) const {
+        const auto window = reinterpret_cast<HWND>(form.handle());
+        ::SetWindowPos(window, nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
         EXPECT_THAT(complaintsAbout(form), IsEmpty()) << "at its smallest";
-        form.unload();
+        RECT screen{};
+        ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+        ::SetWindowPos(window, nullptr, screen.left, screen.top, screen.right - screen.left,
+                       screen.bottom - screen.top, SWP_NOZORDER);
+        EXPECT_THAT(complaintsAbout(form), IsEmpty()) << "as large as the screen";
     }
     void expectRoomIn(FRView view, Size client) {
         const HiddenHost area(client, dpi());

@@ -69,7 +69,7 @@ TEST_F(CellTipTest, WhereThereIsNoRowThereIsNoTip) {
 
 TEST_F(CellTipTest, AListOfADialogHasTheSameTips) {
     form->tabs.setIndex(1);
-    form->members.setColumnHeaders({{"Members", 900}});
+    form->members.setColumnHeaders({{"Members", 900}, {"Unit", 900}});
     form->members.add("1", "Drill M8 with a long name");
     form->members.add("2", "M8");
     const HWND members = of(form->members);

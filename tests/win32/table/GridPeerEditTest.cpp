@@ -141,6 +141,92 @@ TEST_F(GridPeerEditTest, ADoubleClickOnAnEditableLineEditsIt) {
     EXPECT_EQ(doubleClicks, 0);
 }
 
+TEST_F(GridPeerEditTest, ACellBeyondTheEdgeComesIntoSight) {
+    values().setColWidth(0, 6000);
+    values().select(2, 0);
+    Person::press({VK_F2});
+    RECT area{};
+    RECT box{};
+    ::GetClientRect(of(values()), &area);
+    ::GetWindowRect(line(), &box);
+    ::MapWindowPoints(nullptr, of(values()), reinterpret_cast<POINT*>(&box), 2);
+    EXPECT_GE(box.left, 0);
+    EXPECT_LE(box.right, area.right);
+    Person::press({VK_ESCAPE});
+    ::SendMessageW(of(values()), LVM_SCROLL, static_cast<WPARAM>(-1000), 0);
+    values().setColWidth(1, 12000);
+    Person::press({VK_F2});
+    ::GetWindowRect(line(), &box);
+    ::MapWindowPoints(nullptr, of(values()), reinterpret_cast<POINT*>(&box), 2);
+    EXPECT_EQ(box.left, 0) << "wider than the window: its beginning";
+}
+
+/// Three columns, the last two of which can be edited.
+class GridPeerTabTest : public GridPeerEditTest {
+  protected:
+    GridPeerTabTest() {
+        values().setHeadings("Key|Value|Note");
+        values().setColEditable(1, true);
+        values().setColEditable(2, true);
+        values().setRows(4);
+        values().select(2, 0);
+    }
+};
+
+TEST_F(GridPeerTabTest, TabCommitsAndGoesOnInTheNextCellThatCanBeEdited) {
+    Person::press({VK_F2});
+    Person::type("H8");
+    Person::press({VK_TAB});
+    EXPECT_EQ(values().text(2, 1), "H8");
+    ASSERT_TRUE(values().isEditing());
+    EXPECT_EQ(values().editing()->row, 2);
+    EXPECT_EQ(values().editing()->col, 2);
+    Person::type("reamed");
+    Person::press({VK_TAB});
+    EXPECT_EQ(values().text(2, 2), "reamed");
+    EXPECT_FALSE(values().isEditing()) << "the last of the row";
+    EXPECT_TRUE(hasFocus(values()));
+}
+
+TEST_F(GridPeerTabTest, ShiftAndTabGoBack) {
+    values().setCurrent(2, 2);
+    Person::press({VK_F2});
+    ASSERT_EQ(values().editing()->col, 2);
+    Person::press({VK_SHIFT, VK_TAB});
+    ASSERT_TRUE(values().isEditing());
+    EXPECT_EQ(values().editing()->col, 1);
+    Person::press({VK_SHIFT, VK_TAB});
+    EXPECT_FALSE(values().isEditing());
+    EXPECT_TRUE(hasFocus(values()));
+}
+
+TEST_F(GridPeerTabTest, ARefusedValueKeepsThePersonInTheCell) {
+    const auto veto = values().validateEdit.subscribe([](CellEdit& edit) { edit.cancel = true; });
+    Person::press({VK_F2});
+    Person::type("bad");
+    Person::press({VK_TAB});
+    ASSERT_TRUE(values().isEditing());
+    EXPECT_EQ(values().editing()->col, 1);
+}
+
+TEST_F(GridPeerTabTest, ARowThatGoesWhenItsValueIsStoredIsNotEditedFurther) {
+    const auto stored = values().afterEdit.subscribe([&](int row, int) { values().removeRow(row); });
+    Person::press({VK_F2});
+    Person::type("H8");
+    Person::press({VK_TAB});
+    EXPECT_EQ(values().rows(), 3);
+    EXPECT_FALSE(values().isEditing());
+}
+
+TEST_F(GridPeerTabTest, AGridThatGoesWhenItsValueIsStoredIsLeftAlone) {
+    const auto stored = values().afterEdit.subscribe([&](int, int) { form->unload(); });
+    Person::press({VK_F2});
+    Person::type("H8");
+    Person::press({VK_TAB});
+    EXPECT_FALSE(form->isLoaded());
+    EXPECT_EQ(values().text(2, 1), "H8");
+}
+
 TEST_F(GridPeerEditTest, AColumnThatIsNotEditableStaysShut) {
     values().setColEditable(1, false);
     values().select(2, 0);

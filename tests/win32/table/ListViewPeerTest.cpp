@@ -39,6 +39,14 @@ class ListViewPeerTest : public ::testing::Test, protected PeerHarness {
         }
         return items;
     }
+    int shownWidth(int column) const {
+        return static_cast<int>(::SendMessageW(list_, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+    }
+    int clientWidth() const {
+        RECT client{};
+        ::GetClientRect(list_, &client);
+        return static_cast<int>(client.right);
+    }
     int shownItems() const { return static_cast<int>(::SendMessageW(list_, LVM_GETITEMCOUNT, 0, 0)); }
 
   private:
@@ -107,6 +115,26 @@ TEST_F(ListViewPeerTest, ADraggedDividerResizesTheColumn) {
     ::SendMessageW(header(), HDM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&rect));
     Person::drag(header(), {rect.right, 8}, {rect.right + 20, 8});
     EXPECT_NEAR(members().columnHeaders()[0].width, 2300, 60);
+}
+
+TEST_F(ListViewPeerTest, TheLastColumnReachesTheEdgeWhileNobodyHasChosenWidths) {
+    EXPECT_EQ(shownWidth(0), 133);
+    EXPECT_EQ(shownWidth(0) + shownWidth(1), clientWidth());
+    EXPECT_EQ(members().columnHeaders()[1].width, 900) << "the model keeps its width";
+    ::MoveWindow(reinterpret_cast<HWND>(form->handle()), 0, 0, 800, 500, TRUE);
+    EXPECT_EQ(shownWidth(0) + shownWidth(1), clientWidth());
+    members().setColumnWidth(0, 3000);
+    EXPECT_EQ(shownWidth(1), 60) << "as in a restored layout";
+}
+
+TEST_F(ListViewPeerTest, AResizedColumnLeavesTheLastOneAsItWasDrawn) {
+    const int drawn = shownWidth(1);
+    ASSERT_GT(drawn, 60);
+    Person::drag(header(), {shownWidth(0), 8}, {shownWidth(0) + 20, 8});
+    EXPECT_EQ(shownWidth(1), drawn);
+    EXPECT_EQ(members().columnHeaders()[1].width, drawn * 15);
+    ::MoveWindow(reinterpret_cast<HWND>(form->handle()), 0, 0, 800, 500, TRUE);
+    EXPECT_EQ(shownWidth(1), drawn);
 }
 
 TEST_F(ListViewPeerTest, ADoubleClickTellsItsItem) {

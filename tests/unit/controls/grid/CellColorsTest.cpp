@@ -93,7 +93,13 @@ TEST(CellColorsTest, ABackgroundIsTonedDownOnADarkWindowButStillSeen) {
 
 TEST(CellColorsTest, APaleSelectionTakesThePlaceOfTheBackgroundAndLeavesTextsReadable) {
     constexpr Color kPale = 0xF6E4CC;
-    EXPECT_EQ(shownColors(marked(kRed), kLight, kPale), (CellColors{kPale, kRed}));
+    for (const Color mark : {kRed, kGreen, kBlack}) {
+        const CellColors shown = shownColors(marked(mark), kLight, kPale);
+        EXPECT_EQ(shown.back, kPale);
+        EXPECT_GE(contrastIn(shown), kReadableContrast) << mark;
+    }
+    const Color green = shownColors(marked(kGreen), kLight, kPale).text;
+    EXPECT_EQ(green & 0xFF00FFU, 0U) << "darker, but green still";
     const CellColors white = shownColors(coloured(0xFF0000, kWhite), kLight, kPale);
     EXPECT_EQ(white.back, kPale);
     EXPECT_GE(contrastIn(white), kReadableContrast) << "white was for the blue that is not there";

@@ -1,4 +1,4 @@
-#include "controls/Viewport.h"
+#include "base/Viewport.h"
 
 #include <algorithm>
 
@@ -8,8 +8,8 @@ namespace {
 
 /// Where a page must begin to show a stretch of the contents, when it begins at `at` now.
 Twips revealing(Twips at, Twips page, Twips from, Twips length) {
-    const Twips last = from + std::min(length, page);
-    return std::clamp(at, last - page, from);
+    const Twips first = length > page ? from - page / 2 : from + length - page;
+    return std::clamp(at, first, from);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "controls/Viewport.h"
+#include "base/Viewport.h"
 
 #include <gtest/gtest.h>
 
@@ -82,8 +82,12 @@ TEST(ViewportTest, APartIsRevealedByAsLittleScrollingAsItTakes) {
 
 TEST(ViewportTest, OfAPartLargerThanThePageItsBeginningIsRevealed) {
     Viewport view = fitted({317, 217}, {640, 480});
+    EXPECT_FALSE(view.reveal({100, 50, 500, 400})) << "it is to be seen already";
+    EXPECT_TRUE(view.reveal({200, 150, 400, 300}));
+    EXPECT_EQ(view.at(), (Point{50, 50})) << "up to the middle of the page";
+    view.scrollTo({340, 280});
     EXPECT_TRUE(view.reveal({100, 50, 500, 400}));
-    EXPECT_EQ(view.at(), (Point{100, 50}));
+    EXPECT_EQ(view.at(), (Point{100, 50})) << "by as little as it takes";
 }
 
 TEST(ViewportTest, ABarThatLeavesJustEnoughMakesTheOtherUnnecessary) {

@@ -24,7 +24,8 @@ class Viewport {
     /// As far as there is something to be seen. False when nothing has moved.
     bool scrollTo(Point at);
     /// Shows a part of the contents by scrolling as little as it takes; of a part larger than the page its
-    /// beginning. False when nothing has moved.
+    /// beginning, which may stand up to the middle of the page, with what is before it in sight. False when
+    /// nothing has moved.
     bool reveal(const Rect& part);
 
   private:
