@@ -244,5 +244,14 @@ TEST_F(GridPagesTest, RowsBeginRightBelowTheirHeadings) {
     EXPECT_LE(lines[0].from.top, drawn(document, "P1").at.top);
 }
 
+TEST_F(GridPagesTest, ATextIsBrokenByTheWidthThatItsOwnFontTakes) {
+    printer.boldAdds = RecordingPrinter::kCharacter;
+    const std::string wide(40, 'w');
+    for (int row = 0; row < 3; ++row)
+        grid.setText(row, 1, wide);
+    const std::vector<std::string> texts = print().texts(0);
+    EXPECT_EQ(std::count(texts.begin(), texts.end(), wide), 2) << "the heading is bold and takes two lines";
+}
+
 }  // namespace
 }  // namespace pellmark::test
