@@ -58,7 +58,6 @@ void cPrinting::PrintString(PrintDocument& document, const std::string& text, Tw
         pen.printLine(line);
         top = pen.top() - kPullBack;
     }
-    pen.printLine("");
     document.end();
 }
 

@@ -12,8 +12,8 @@ bool beginsCharacter(char c) {
 
 class Drawing : public PrintDocument {
   public:
-    Drawing(RecordingPrinter::Document& document, Size page, std::size_t paper)
-        : document_(document), page_(page), paper_(paper) {}
+    Drawing(RecordingPrinter::Document& document, const RecordingPrinter& printer)
+        : document_(document), page_(printer.page), paper_(printer.paper), boldAdds_(printer.boldAdds) {}
     ~Drawing() override { document_.gone = true; }
 
     void setFont(const Font& font) override { font_ = font; }
@@ -24,13 +24,13 @@ class Drawing : public PrintDocument {
     Twips textWidth(std::string_view text) override {
         Twips width = 0;
         for (const char c : text)
-            width += beginsCharacter(c) ? RecordingPrinter::kCharacter : 0;
+            width += beginsCharacter(c) ? character() : 0;
         return width;
     }
     std::size_t fitting(std::string_view text, Twips width) override {
         std::size_t end = 0;
         for (Twips used = 0; end < text.size(); ++end) {
-            if (beginsCharacter(text[end]) && (used += RecordingPrinter::kCharacter) > width) break;
+            if (beginsCharacter(text[end]) && (used += character()) > width) break;
         }
         return end;
     }
@@ -48,9 +48,12 @@ class Drawing : public PrintDocument {
     void end() override { document_.ended = true; }
 
   private:
+    Twips character() const { return RecordingPrinter::kCharacter + (font_.bold ? boldAdds_ : 0); }
+
     RecordingPrinter::Document& document_;
     Size page_;
     std::size_t paper_;
+    Twips boldAdds_;
     Font font_;
 };
 
@@ -69,7 +72,7 @@ std::unique_ptr<PrintDocument> RecordingPrinter::begin(const std::string& name) 
     document.name = name;
     document.settings = settings();
     documents.push_back(std::move(document));
-    return std::make_unique<Drawing>(documents.back(), page, paper);
+    return std::make_unique<Drawing>(documents.back(), *this);
 }
 
 }  // namespace pellmark::test

@@ -9,8 +9,9 @@
 
 namespace pellmark::test {
 
-/// A printer without paper: every character is 100 twips wide and every line 24 times as high as the font has
-/// points, 240 twips where it leaves its size open. Keeps what was drawn.
+/// A printer without paper: every character is 100 twips wide, a bold one wider where a test says so, and
+/// every line 24 times as high as the font has points, 240 twips where it leaves its size open. Keeps what
+/// was drawn.
 class RecordingPrinter : public Printer {
   public:
     static constexpr Twips kCharacter = 100;
@@ -45,6 +46,7 @@ class RecordingPrinter : public Printer {
     std::unique_ptr<PrintDocument> begin(const std::string& name) override;
 
     Size page{10000, 14000};
+    Twips boldAdds = 0;  ///< to the width of a character
     bool installed = true;
     bool givenUp = false;       ///< the person cancels a question of the printer's own
     std::size_t paper = 10000;  ///< pages until the printer fails

@@ -347,6 +347,7 @@ TEST_F(FindInListsTest, MembersAreNotChosenFromAListThatARefreshCouldNotRead) {
     desktop.expectMessage("The knowledge base failed on purpose.");
     list().EditExistingProcesseswizard();
     EXPECT_THAT(changes(), IsEmpty());
+    EXPECT_THAT(trace.lines().back(), testing::HasSubstr(" from Pellmark.cProcess: "));
 }
 
 TEST_F(FindInListsTest, ADeletedProcessDoesNotComeBackWithTheNextLetter) {

@@ -27,6 +27,13 @@ TEST_F(ServicesTest, TheTitleIsLookedUp) {
     EXPECT_EQ(services.texts.title(), "Norvex - Prozess");
 }
 
+TEST_F(ServicesTest, BeforeTheFirstCallWhateverIsAskedOfTheHostSaysThatThereIsNone) {
+    CurrentHost none;
+    trap(trace, "test", [&none] { none.languageCode(); });
+    EXPECT_THAT(trace.lines(),
+                testing::ElementsAre(testing::HasSubstr(" from Pellmark: No host object was handed in yet")));
+}
+
 class CheckPermissionTest : public ServicesTest,
                             public testing::WithParamInterface<std::pair<int, const char*>> {};
 

@@ -169,6 +169,7 @@ TEST_F(FrmAddExistingProcessTest, ACaseOfNoUnitIsNotCreatedAndTheUserIsToldWhatT
         dialog.CmdCancel.click();
     });
     EXPECT_THAT(changes(), IsEmpty());
+    EXPECT_THAT(trace.lines().back(), testing::HasSubstr(" from Pellmark.FrmAddExistingProcess: "));
 }
 
 TEST_F(FrmAddExistingProcessTest, WithoutAFeatureTypeTheUserIsToldAndNothingOpens) {

@@ -133,6 +133,14 @@ TEST_F(CRegistryTest, ANumberWithTooFewBytesIsFilledUpWithZeros) {
     EXPECT_EQ(place.Value(), Variant(std::int32_t{0x3412}));
 }
 
+TEST_F(CRegistryTest, OfANumberWithTooManyBytesTheFirstFourCount) {
+    Registry::Key key = 0;
+    registry.createKey(Registry::kCurrentUser, kKey, 0x3F, key);
+    registry.setValue(key, "Name", 4, {0x12, 0x34, 0, 0, 0x81});
+    registry.closeKey(key);
+    EXPECT_EQ(place.Value(), Variant(std::int32_t{0x3412}));
+}
+
 TEST_F(CRegistryTest, AStringWithoutItsTerminatingZeroLosesItsLastCharacter) {
     Registry::Key key = 0;
     registry.createKey(Registry::kCurrentUser, kKey, 0x3F, key);

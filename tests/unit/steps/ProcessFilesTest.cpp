@@ -490,5 +490,20 @@ TEST_F(ProcessFilesTest, ExportImportExportGivesTheSameFile) {
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 
+TEST_F(ProcessFilesTest, AProcessFileHoldsTheWholeProcessWhateverIsLookedForInTheList) {
+    for (const char* name : {"Centre", "Drill", "Ream"})
+        base.addStep(process, name, 1, 602);
+    FindLine line(form, "FindProcessStep");
+    steps.offerFinding(line);
+    steps.RefreshList("");
+    line.open();
+    line.TxtFind.setText("ream");
+    ASSERT_THAT(names(), ElementsAre("Ream"));
+    save("C:\\Data\\out.prc");
+    EXPECT_EQ(technology.file("C:\\Data\\out.prc").size(), 3U);
+    save("C:\\Data\\out.csv");
+    EXPECT_THAT(files.contents("C:\\Data\\out.csv"), testing::Not(testing::HasSubstr("Centre")));
+}
+
 }  // namespace
 }  // namespace pellmark::test

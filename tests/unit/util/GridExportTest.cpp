@@ -181,11 +181,16 @@ TEST_F(GridExportTest, FormulasGetTheirApostropheWhereTheSettingAsks) {
 
 TEST_F(GridExportTest, ManyRowsShowHowFarTheyAre) {
     fill(std::vector<std::string>(60'000, "Drill"));
-    desktop.expectDialog("FrmProgress", [](Form& shown) {
-        EXPECT_EQ(static_cast<FrmProgress&>(shown).LblWhat.caption(), "The rows are being saved");
+    std::string done;
+    Subscription heard;
+    desktop.expectDialog("FrmProgress", [&](Form& shown) {
+        auto& progress = static_cast<FrmProgress&>(shown);
+        EXPECT_EQ(progress.LblWhat.caption(), "The rows are being saved");
+        heard = progress.LblDone.changed.subscribe([&](ControlChange) { done = progress.LblDone.caption(); });
     });
     saveAs(in("a.csv"));
     EXPECT_EQ(files.contents(in("a.csv")).size(), 11U + 60'000U * 10U);
+    EXPECT_EQ(done, "60000 / 60000") << "the headings are no row";
 }
 
 TEST_F(GridExportTest, ManyRowsCanBeCancelled) {

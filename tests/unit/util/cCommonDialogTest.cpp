@@ -78,6 +78,17 @@ TEST_F(CCommonDialogTest, ACancelLeavesTheRequestAsItWas) {
     EXPECT_EQ(dialog.ExtendedError(), 0U);
 }
 
+TEST_F(CCommonDialogTest, OnlyAConfirmedDialogThatNamesAFileIsAChoice) {
+    request.fileName = "old.prc";
+    ports.expectOpen([](const FileDialogHook&) {
+        return FileDialogResult{false, {"C:\\Data\\new.prc"}, "new.prc", 1, 0};
+    });
+    EXPECT_FALSE(dialog.VBGetOpenFileName(request));
+    ports.expectOpen([](const FileDialogHook&) { return FileDialogResult{true, {}, "", 1, 0}; });
+    EXPECT_FALSE(dialog.VBGetOpenFileName(request));
+    EXPECT_EQ(request.fileName, "old.prc");
+}
+
 TEST_F(CCommonDialogTest, TheOverwritePromptIsAFlagOfTheSaveDialog) {
     request.flags = filedialog::kPathMustExist;
     ports.expectSave("");

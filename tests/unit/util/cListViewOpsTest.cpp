@@ -78,7 +78,13 @@ TEST_F(CListViewOpsTest, AnEmptySourceMovesNothing) {
 
 TEST_F(CListViewOpsTest, AKeyThatTheTargetHasStopsTheMoveBeforeAnythingMoved) {
     target.add("{C}", "other");
-    EXPECT_THROW(cListViewOps::MoveListItems(source, target, true), Error);
+    try {
+        cListViewOps::MoveListItems(source, target, true);
+        ADD_FAILURE() << "nothing was thrown";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), errors::kNotUnique);
+        EXPECT_EQ(error.source(), "Pellmark.cListViewOps");
+    }
     EXPECT_EQ(source.count(), 4);
     EXPECT_EQ(target.count(), 1);
 }

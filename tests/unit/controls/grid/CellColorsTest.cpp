@@ -112,5 +112,12 @@ TEST(CellColorsTest, InHighContrastThereIsNothingBehindATextAndItsColourGoesWith
     EXPECT_EQ(shownColors(coloured(0xFF0000, kWhite), kHighContrastWhite), (CellColors{kWhite, kBlack}));
 }
 
+TEST(CellColorsTest, AColouredTextKeepsItsHueOverAColourOfItsOwnToo) {
+    const CellColors plain = shownColors(coloured(0x8080FF, kBlack), kDark);
+    const CellColors green = shownColors(coloured(0x8080FF, kGreen), kDark);
+    EXPECT_EQ(green.back, plain.back);
+    EXPECT_NE(green.text, plain.text);
+}
+
 }  // namespace
 }  // namespace pellmark

@@ -238,6 +238,19 @@ TEST_F(GridPagesTest, RowsBeginRightBelowTheirHeadings) {
     const Twips below = drawn(document, "P1").at.top - drawn(document, "Name").at.top;
     EXPECT_GE(below, RecordingPrinter::kLine);
     EXPECT_LT(below, 2 * RecordingPrinter::kLine);
+    const auto& lines = document.pages[0].lines;
+    ASSERT_EQ(lines.size(), 3U) << "below the headings and below each row";
+    EXPECT_GE(lines[0].from.top, drawn(document, "Name").at.top + RecordingPrinter::kLine);
+    EXPECT_LE(lines[0].from.top, drawn(document, "P1").at.top);
+}
+
+TEST_F(GridPagesTest, ATextIsBrokenByTheWidthThatItsOwnFontTakes) {
+    printer.boldAdds = RecordingPrinter::kCharacter;
+    const std::string wide(40, 'w');
+    for (int row = 0; row < 3; ++row)
+        grid.setText(row, 1, wide);
+    const std::vector<std::string> texts = print().texts(0);
+    EXPECT_EQ(std::count(texts.begin(), texts.end(), wide), 2) << "the heading is bold and takes two lines";
 }
 
 }  // namespace

@@ -120,6 +120,14 @@ TEST_F(GridTest, RowDataComesInOneBlockAndFindsItsRow) {
     EXPECT_EQ(records->cellsRead, 0);
 }
 
+TEST_F(GridTest, WhatIsBoundAnewHasNoneOfTheRowDataFromBefore) {
+    grid.bind(std::make_shared<CountingRecords>(3));
+    grid.setRowDataFromColumn(0);
+    grid.bind(std::make_shared<CountingRecords>(3));
+    EXPECT_EQ(grid.rowData(1), "");
+    EXPECT_EQ(grid.findRow(CountingRecords::idOf(0)), -1);
+}
+
 TEST_F(GridTest, TextsThatAreNoGuidsServeAsRowDataToo) {
     fill(3);
     EXPECT_EQ(grid.rowData(2), "id-b");

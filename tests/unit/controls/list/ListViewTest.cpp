@@ -336,5 +336,18 @@ TEST_F(ListViewTest, TheWindowHearsOfAnotherOrderOnceAndOnlyWhileTheListIsSorted
     EXPECT_EQ(told, std::vector(3, ListChange::What::Items));
 }
 
+TEST_F(ListViewTest, TheWindowHearsOfEveryItemThatComesOrGoes) {
+    int told = 0;
+    const auto onChange = list.listChanged.subscribe([&](const ListChange&) { ++told; });
+    fill({"a", "b"});
+    EXPECT_EQ(told, 2);
+    list.remove("key of a");
+    EXPECT_EQ(told, 3);
+    list.remove("key of a");
+    EXPECT_EQ(told, 3) << "it has gone before";
+    list.clear();
+    EXPECT_EQ(told, 4);
+}
+
 }  // namespace
 }  // namespace pellmark
