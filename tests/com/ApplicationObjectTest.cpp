@@ -3,9 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <thread>
-
 #include "base/Error.h"
+#include "com/ApplicationObjectFixture.h"
 #include "com/ErrorText.h"
 #include "com/RecordingCalls.h"
 #include "com/TestObject.h"
@@ -15,50 +14,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr const char* kWrongThread = "The component must be called on the thread that created it";
-
-/// The object under test, a host, and a late-bound caller.
-class ApplicationObjectTest : public testing::Test {
-  protected:
-    HRESULT invoke(Member member, std::vector<VariantArg> arguments, WORD flags = DISPATCH_METHOD,
-                   std::vector<DISPID> names = {}) {
-        std::vector<VARIANT> reversed;
-        for (auto each = arguments.rbegin(); each != arguments.rend(); ++each) {
-            reversed.push_back(each->get());
-        }
-        DISPPARAMS parameters{reversed.data(), names.data(), static_cast<UINT>(reversed.size()),
-                              static_cast<UINT>(names.size())};
-        badArgument_ = 99;
-        exception_ = EXCEPINFO{};
-        const HRESULT code =
-            object_->Invoke(static_cast<DISPID>(member), IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                            result_.receive(), &exception_, &badArgument_);
-        exceptionText_ = Bstr::adopt(exception_.bstrDescription).utf8();
-        exceptionSource_ = Bstr::adopt(exception_.bstrSource).utf8();
-        return code;
-    }
-    const RecordedCall& onlyCall() const {
-        if (log_.calls.size() != 1) throw std::runtime_error("not one call");
-        return log_.calls.front();
-    }
-    static void dispatchMessages() {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-            DispatchMessageW(&message);
-    }
-    VariantArg host() const { return ComPtr<IDispatch>(host_.get()); }
-    static VariantArg nothing() { return ComPtr<IDispatch>(); }
-
-    CallLog log_;
-    ComPtr<TestObject> host_ = TestObject::make();
-    ComPtr<_Application> object_ =
-        ComPtr<_Application>::adopt(new ApplicationObject(std::make_unique<RecordingCalls>(log_)));
-    VariantArg result_;
-    EXCEPINFO exception_{};
-    std::string exceptionText_;
-    std::string exceptionSource_;
-    UINT badArgument_ = 99;
-};
+class ApplicationObjectTest : public ApplicationObjectFixture {};
 
 TEST_F(ApplicationObjectTest, OmittedArgumentsTakeTheirDefaults) {
     ASSERT_EQ(invoke(Member::ShowWindowProcessCaseView, {host(), "value"}), S_OK);
@@ -278,21 +234,6 @@ TEST_F(ApplicationObjectTest, TheCurrentViewIsKeptForTheHost) {
     EXPECT_EQ(takeErrorText(), "CurrentView must be a 32-bit number; given was the text 'cases'");
 }
 
-TEST_F(ApplicationObjectTest, TheHostOfTheLastCallIsKeptUntilDispose) {
-    const ULONG before = host_->references();
-    ASSERT_EQ(invoke(Member::ShowWindowProcessesView, {host()}), S_OK);
-    ASSERT_EQ(invoke(Member::NorvexApplication, {}, DISPATCH_PROPERTYGET), S_OK);
-    EXPECT_EQ(result_.get().pdispVal, host_.get());
-    // a call without a host does not forget the one before
-    ASSERT_EQ(invoke(Member::ShowWindowProcessesView, {nothing()}), S_OK);
-    ComPtr<IDispatch> kept;
-    ASSERT_EQ(object_->get_NorvexApplication(kept.receive()), S_OK);
-    EXPECT_EQ(kept.get(), host_.get());
-    kept = nullptr;
-    ASSERT_EQ(invoke(Member::Dispose, {}), S_OK);
-    EXPECT_EQ(host_->references(), before);
-}
-
 TEST_F(ApplicationObjectTest, TheHostCanBeSetByReference) {
     ASSERT_EQ(invoke(Member::NorvexApplication, {host()}, DISPATCH_PROPERTYPUTREF, {DISPID_PROPERTYPUT}),
               S_OK);
@@ -302,129 +243,6 @@ TEST_F(ApplicationObjectTest, TheHostCanBeSetByReference) {
     ASSERT_EQ(object_->putref_NorvexApplication(nullptr), S_OK);
     ASSERT_EQ(object_->get_NorvexApplication(kept.receive()), S_OK);
     EXPECT_FALSE(kept);
-}
-
-TEST_F(ApplicationObjectTest, AfterDisposeCallsDoNothingAndGiveTheEmptyResult) {
-    ASSERT_EQ(invoke(Member::Dispose, {}), S_OK);
-    ASSERT_EQ(invoke(Member::Dispose, {}), S_OK);
-    log_.picked = "never";
-    ASSERT_EQ(invoke(Member::OpenProcess, {host(), nothing(), "v"}), S_OK);
-    EXPECT_EQ(Bstr::toUtf8(result_.get().bstrVal), "");
-    EXPECT_EQ(object_->putref_NorvexApplication(host_.get()), S_OK);
-    EXPECT_TRUE(log_.calls.empty());
-    EXPECT_EQ(log_.disposals, 1);
-}
-
-TEST_F(ApplicationObjectTest, ReleasingTheLastReferenceDisposes) {
-    ASSERT_EQ(invoke(Member::ShowWindowProcessesView, {host()}), S_OK);
-    object_ = nullptr;
-    EXPECT_EQ(log_.disposals, 1);
-    EXPECT_TRUE(log_.destroyed);
-    EXPECT_EQ(host_->references(), 1U);
-}
-
-TEST_F(ApplicationObjectTest, DisposingFromInsideACallWaitsForItsEnd) {
-    int disposalsDuringCall = -1;
-    log_.duringCall = [&] {
-        VARIANT result;
-        object_->Dispose(&result);
-        disposalsDuringCall = log_.disposals;
-    };
-    ASSERT_EQ(invoke(Member::EditProcess, {host(), nothing(), "v"}), S_OK);
-    EXPECT_EQ(disposalsDuringCall, 0);
-    EXPECT_EQ(log_.disposals, 1);
-    EXPECT_EQ(host_->references(), 1U);
-}
-
-TEST_F(ApplicationObjectTest, ReleasingTheLastReferenceFromInsideACallWaitsForItsEnd) {
-    _Application* const raw = object_.get();
-    bool destroyedDuringCall = true;
-    log_.duringCall = [&] {
-        object_ = nullptr;
-        destroyedDuringCall = log_.destroyed;
-    };
-    IDispatch* host = host_.get();
-    VARIANT result;
-    EXPECT_EQ(raw->ShowWindowProcessesView(&host, nullptr, &result), S_OK);
-    EXPECT_FALSE(destroyedDuringCall);
-    EXPECT_TRUE(log_.destroyed);
-    EXPECT_EQ(log_.disposals, 1);
-}
-
-TEST_F(ApplicationObjectTest, DisposingWhileAnEventOfAViewRunsWaitsForItsEnd) {
-    {
-        const Operations::Scope event(log_.operations);
-        ASSERT_EQ(invoke(Member::Dispose, {}), S_OK);
-        EXPECT_EQ(log_.disposals, 0);
-        ASSERT_EQ(invoke(Member::ShowWindowProcessesView, {host()}), S_OK);
-        EXPECT_TRUE(log_.calls.empty());
-    }
-    EXPECT_EQ(log_.disposals, 1);
-}
-
-TEST_F(ApplicationObjectTest, ReleasingTheLastReferenceWhileAnEventOfAViewRunsWaitsForItsEnd) {
-    {
-        const Operations::Scope event(log_.operations);
-        object_ = nullptr;
-        EXPECT_EQ(log_.disposals, 0);
-        EXPECT_FALSE(log_.destroyed);
-    }
-    EXPECT_EQ(log_.disposals, 1);
-    EXPECT_TRUE(log_.destroyed);
-}
-
-TEST_F(ApplicationObjectTest, DisposingAndReleasingWhileAnEventRunsEndTheComponentOnce) {
-    {
-        const Operations::Scope event(log_.operations);
-        ASSERT_EQ(invoke(Member::Dispose, {}), S_OK);
-        object_ = nullptr;
-        EXPECT_FALSE(log_.destroyed);
-    }
-    EXPECT_EQ(log_.disposals, 1);
-    EXPECT_TRUE(log_.destroyed);
-}
-
-TEST_F(ApplicationObjectTest, WhatTheComponentPutsOffWhileItEndsStillFindsIt) {
-    bool destroyedBefore = true;
-    log_.duringDispose = [&] { log_.operations.whenIdle([&] { destroyedBefore = log_.destroyed; }); };
-    object_ = nullptr;
-    EXPECT_FALSE(destroyedBefore);
-    EXPECT_TRUE(log_.destroyed);
-}
-
-TEST_F(ApplicationObjectTest, AHostThatIsCalledBackAtTheEndMayStillCallAndRelease) {
-    _Application* const raw = object_.get();
-    log_.duringDispose = [&] {
-        raw->AddRef();
-        raw->Release();
-        IDispatch* host = host_.get();
-        VARIANT result;
-        EXPECT_EQ(raw->ShowWindowProcessesView(&host, nullptr, &result), S_OK);
-        EXPECT_EQ(raw->Dispose(&result), S_OK);
-    };
-    object_ = nullptr;
-    EXPECT_EQ(log_.disposals, 1);
-    EXPECT_TRUE(log_.calls.empty());
-    EXPECT_TRUE(log_.destroyed);
-    EXPECT_EQ(host_->references(), 1U);
-}
-
-TEST_F(ApplicationObjectTest, AReferenceThatIsTakenAtTheEndKeepsTheObjectButNotTheComponent) {
-    ComPtr<_Application> taken;
-    log_.duringDispose = [&, raw = object_.get()] { taken = ComPtr<_Application>(raw); };
-    object_ = nullptr;
-    EXPECT_EQ(log_.disposals, 1);
-    EXPECT_FALSE(log_.destroyed);
-    taken = nullptr;
-    EXPECT_EQ(log_.disposals, 1);
-    EXPECT_TRUE(log_.destroyed);
-}
-
-TEST_F(ApplicationObjectTest, AFailureWhileTheComponentEndsIsTracedAndTheEndGoesOn) {
-    log_.duringDispose = [] { throw std::runtime_error("a layout cannot be stored"); };
-    object_ = nullptr;
-    EXPECT_TRUE(log_.trace.trapped("ApplicationObject::dispose"));
-    EXPECT_TRUE(log_.destroyed);
 }
 
 TEST_F(ApplicationObjectTest, AnEarlyBoundCallReachesTheComponent) {
@@ -470,93 +288,6 @@ TEST_F(ApplicationObjectTest, AnEarlyBoundFailureLeavesItsText) {
     const ComPtr<ISupportErrorInfo> support = object_.query<ISupportErrorInfo>();
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__Application), S_OK);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IUnknown), S_FALSE);
-}
-
-TEST_F(ApplicationObjectTest, ACallOnAnotherThreadThanItsOwnIsRefusedWithAText) {
-    HRESULT code = S_OK;
-    std::string text;
-    std::thread([&] {
-        code = invoke(Member::ShowWindowProcessesView, {host()});
-        text = takeErrorText();
-    }).join();
-    EXPECT_EQ(code, RPC_E_WRONG_THREAD);
-    EXPECT_EQ(text, kWrongThread);
-    EXPECT_TRUE(log_.calls.empty());
-}
-
-TEST_F(ApplicationObjectTest, ALateBoundPropertyOnAnotherThreadIsRefusedWithAText) {
-    std::thread([&] {
-        EXPECT_EQ(invoke(Member::CurrentView, {}, DISPATCH_PROPERTYGET), RPC_E_WRONG_THREAD);
-        EXPECT_EQ(takeErrorText(), kWrongThread);
-        EXPECT_EQ(invoke(Member::CurrentView, {std::int32_t{1}}, DISPATCH_PROPERTYPUT, {DISPID_PROPERTYPUT}),
-                  RPC_E_WRONG_THREAD);
-        EXPECT_EQ(invoke(Member::NorvexApplication, {host()}, DISPATCH_PROPERTYPUTREF, {DISPID_PROPERTYPUT}),
-                  RPC_E_WRONG_THREAD);
-    }).join();
-    EXPECT_EQ(log_.view, FRView::FRProcesses);
-    EXPECT_EQ(host_->references(), 1U);
-}
-
-TEST_F(ApplicationObjectTest, AnEarlyBoundPropertyOnAnotherThreadIsRefusedWithAText) {
-    std::thread([&] {
-        ::FRView view = FRProcesses;
-        ComPtr<IDispatch> kept;
-        EXPECT_EQ(object_->get_CurrentView(&view), RPC_E_WRONG_THREAD);
-        EXPECT_EQ(takeErrorText(), kWrongThread);
-        EXPECT_EQ(object_->put_CurrentView(FRProcesscase), RPC_E_WRONG_THREAD);
-        EXPECT_EQ(object_->get_NorvexApplication(kept.receive()), RPC_E_WRONG_THREAD);
-        EXPECT_EQ(object_->putref_NorvexApplication(host_.get()), RPC_E_WRONG_THREAD);
-    }).join();
-    EXPECT_EQ(log_.view, FRView::FRProcesses);
-    EXPECT_EQ(host_->references(), 1U);
-}
-
-TEST_F(ApplicationObjectTest, TheLastReleaseOnAnotherThreadEndsTheComponentOnItsOwn) {
-    std::thread([&] { object_ = nullptr; }).join();
-    EXPECT_EQ(log_.disposals, 0);
-    EXPECT_FALSE(log_.destroyed);
-    EXPECT_TRUE(module::Lock::any());
-    dispatchMessages();
-    EXPECT_EQ(log_.disposals, 1);
-    EXPECT_TRUE(log_.destroyed);
-    EXPECT_EQ(log_.destroyedBy, GetCurrentThreadId());
-    EXPECT_FALSE(module::Lock::any());
-}
-
-TEST_F(ApplicationObjectTest, TheLastReleaseOnAnotherThreadWaitsForWhatRuns) {
-    {
-        const Operations::Scope event(log_.operations);
-        std::thread([&] { object_ = nullptr; }).join();
-        dispatchMessages();
-        EXPECT_FALSE(log_.destroyed);
-    }
-    EXPECT_TRUE(log_.destroyed);
-}
-
-TEST_F(ApplicationObjectTest, ReleasesOnManyThreadsEndTheComponentOnce) {
-    constexpr int kThreads = 8;
-    std::vector<std::thread> threads;
-    for (int i = 0; i < kThreads; ++i)
-        threads.emplace_back([held = ComPtr<_Application>(object_.get())]() mutable { held = nullptr; });
-    object_ = nullptr;
-    for (std::thread& each : threads)
-        each.join();
-    dispatchMessages();
-    EXPECT_EQ(log_.disposals, 1);
-    EXPECT_EQ(log_.destroyedBy, GetCurrentThreadId());
-}
-
-// What it holds belongs to a thread that is gone; ending it elsewhere is worse than keeping it.
-TEST_F(ApplicationObjectTest, AnObjectWhoseThreadHasEndedIsKeptAndTraced) {
-    auto* log = new CallLog;  // what is kept points at it
-    _Application* orphan = nullptr;
-    std::thread([&] { orphan = new ApplicationObject(std::make_unique<RecordingCalls>(*log)); }).join();
-    EXPECT_EQ(orphan->Release(), 0U);
-    EXPECT_EQ(log->disposals, 0);
-    EXPECT_FALSE(log->destroyed);
-    EXPECT_TRUE(log->trace.trapped("ApplicationObject::Release"));
-    EXPECT_TRUE(module::Lock::any());
-    module::Lock::remove();  // the next tests count from zero again
 }
 
 TEST_F(ApplicationObjectTest, TheInterfacesOfTheObjectAreOneIdentity) {

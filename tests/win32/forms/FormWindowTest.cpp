@@ -3,26 +3,13 @@
 #include <gmock/gmock.h>
 
 #include "base/Error.h"
-#include "support/win32/PeerHarness.h"
+#include "support/win32/FormWindowFixture.h"
 #include "support/win32/ResourceCounts.h"
 
 namespace pellmark::test {
 namespace {
 
-class FormWindowTest : public ::testing::Test, protected PeerHarness {
-  protected:
-    void TearDown() override { EXPECT_THAT(trace.lines(), ::testing::IsEmpty()); }
-
-    HWND window() const { return reinterpret_cast<HWND>(form->handle()); }
-    bool isShownModally() const {
-        return form->isLoaded() && ::IsWindowVisible(window()) && ::GetActiveWindow() == window();
-    }
-    void runModal(std::initializer_list<Meanwhile::Step> steps) {
-        const Meanwhile meanwhile(steps);
-        form->showModal(reinterpret_cast<WindowHandle>(hostBox()));
-        EXPECT_TRUE(meanwhile.isDone());
-    }
-};
+class FormWindowTest : public FormWindowFixture {};
 
 TEST_F(FormWindowTest, AnEmbeddedFormIsABorderlessChildThatFillsItsParent) {
     embed();
@@ -93,51 +80,6 @@ TEST_F(FormWindowTest, TheOwnerIsEnabledBeforeTheModalFormHides) {
     EXPECT_TRUE(enabledAtHide);
 }
 
-TEST_F(FormWindowTest, EscapeInAModalFormClicksTheCancelButton) {
-    int clicks = 0;
-    const auto click = form->cancel.clicked.subscribe([&] {
-        ++clicks;
-        form->unload();
-    });
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  Person::sendKeys({VK_ESCAPE});
-                  return true;
-              }});
-    EXPECT_EQ(clicks, 1);
-}
-
-TEST_F(FormWindowTest, EscapeInAnEmbeddedFormLeavesItLoaded) {
-    embed();
-    focus(form->grid);
-    Person::press({VK_ESCAPE});
-    EXPECT_TRUE(form->isLoaded());
-    EXPECT_TRUE(::IsWindowVisible(window()));
-}
-
-TEST_F(FormWindowTest, F1PressesTheHelpButtonWhereverTheKeyboardIs) {
-    embed();
-    int helps = 0;
-    const auto help = form->help.clicked.subscribe([&] { ++helps; });
-    focus(form->grid);
-    Person::press({VK_F1});
-    focus(form->ok);
-    Person::press({VK_F1});
-    EXPECT_EQ(helps, 2);
-}
-
-TEST_F(FormWindowTest, F1WithAnotherKeyAndInAFormWithoutHelpIsTheHosts) {
-    embed();
-    int helps = 0;
-    const auto help = form->help.clicked.subscribe([&] { ++helps; });
-    focus(form->grid);
-    Person::press({VK_SHIFT, VK_F1});
-    Person::press({VK_CONTROL, VK_F1});
-    form->setHelpButton(nullptr);
-    Person::press({VK_F1});
-    EXPECT_EQ(helps, 0);
-}
-
 TEST_F(FormWindowTest, TheCloseBoxClosesAModalForm) {
     form->setCancelButton(nullptr);
     runModal({[&] { return isShownModally(); },
@@ -146,73 +88,6 @@ TEST_F(FormWindowTest, TheCloseBoxClosesAModalForm) {
                   return true;
               }});
     EXPECT_EQ(form->queryUnloads, 1);
-}
-
-TEST_F(FormWindowTest, EnterPressesTheDefaultButtonAndOnAnotherButtonThatOne) {
-    embed();
-    int oks = 0;
-    int helps = 0;
-    const auto ok = form->ok.clicked.subscribe([&] { ++oks; });
-    const auto help = form->help.clicked.subscribe([&] { ++helps; });
-    focus(form->grid);
-    Person::press({VK_RETURN});
-    focus(form->help);
-    Person::press({VK_RETURN});
-    EXPECT_EQ(oks, 1);
-    EXPECT_EQ(helps, 1);
-}
-
-TEST_F(FormWindowTest, TheTabKeyGoesRoundTheControlsOfAnEmbeddedForm) {
-    embed();
-    focus(form->ok);
-    Person::press({VK_TAB});
-    EXPECT_TRUE(hasFocus(form->cancel));
-    Person::press({VK_TAB});
-    Person::press({VK_TAB});
-    EXPECT_TRUE(hasFocus(form->tabs));
-    Person::press({VK_TAB});
-    EXPECT_TRUE(hasFocus(form->grid));
-    Person::press({VK_SHIFT, VK_TAB});
-    EXPECT_TRUE(hasFocus(form->tabs));
-}
-
-TEST_F(FormWindowTest, AnAccessKeyReachesItsButtonInAnEmbeddedForm) {
-    embed();
-    int helps = 0;
-    const auto help = form->help.clicked.subscribe([&] { ++helps; });
-    focus(form->grid);
-    Person::press({VK_MENU, 'H'});
-    EXPECT_EQ(helps, 1);
-}
-
-TEST_F(FormWindowTest, AnAccessKeyOfALabelLeadsToTheNextControl) {
-    form->tabs.setIndex(1);
-    embed();
-    focus(form->ok);
-    Person::press({VK_MENU, 'N'});
-    EXPECT_TRUE(hasFocus(form->name));
-}
-
-TEST_F(FormWindowTest, ControlTabAndControlPageDownStepThroughThePages) {
-    embed();
-    focus(form->grid);
-    Person::press({VK_CONTROL, VK_TAB});
-    EXPECT_EQ(form->tabs.index(), 1);
-    Person::press({VK_CONTROL, VK_NEXT});
-    EXPECT_EQ(form->tabs.index(), 0);
-    Person::press({VK_CONTROL, VK_SHIFT, VK_TAB});
-    EXPECT_EQ(form->tabs.index(), 1);
-}
-
-TEST_F(FormWindowTest, KeysForTheHostsOwnControlsStayTheHosts) {
-    embed();
-    ::SetFocus(hostBox());
-    Person::type("ab");
-    Person::press({VK_TAB});
-    char text[20] = "";
-    ::GetWindowTextA(hostBox(), text, sizeof text);
-    EXPECT_STREQ(text, "ab");
-    EXPECT_EQ(::GetFocus(), hostBox());
 }
 
 TEST_F(FormWindowTest, AModalFormMayBeUnloadedByItsOwnButton) {
@@ -267,105 +142,6 @@ TEST_F(FormWindowTest, QuittingDuringAModalFormReachesTheLoopAround) {
     MSG message{};
     ASSERT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(message.wParam, 42U);
-}
-
-TEST_F(FormWindowTest, AModalFormStandsCentredOnItsOwner) {
-    RECT at{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetWindowRect(window(), &at);
-                  form->unload();
-                  return true;
-              }});
-    RECT owner{};
-    ::GetWindowRect(host(), &owner);
-    EXPECT_NEAR(at.left + at.right, owner.left + owner.right, 2);
-    EXPECT_NEAR(at.top + at.bottom, owner.top + owner.bottom, 2);
-}
-
-TEST_F(FormWindowTest, AModalFormStandsWhereAPersonLeftIt) {
-    form->setBounds({1500, 2250, 10500, 7500});
-    RECT at{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetWindowRect(window(), &at);
-                  ::SetWindowPos(window(), nullptr, 120, 160, 800, 600, SWP_NOZORDER);
-                  form->unload();
-                  return true;
-              }});
-    EXPECT_EQ(at.left, 100);
-    EXPECT_EQ(at.top, 150);
-    EXPECT_EQ(at.right - at.left, 700);
-    EXPECT_EQ(form->bounds(), (Rect{1800, 2400, 12000, 9000}));
-}
-
-TEST_F(FormWindowTest, AFixedFormKeepsItsDesignedSizeWhateverIsRestored) {
-    form->setBorderStyle(BorderStyle::FixedDialog);
-    form->setBounds({1500, 2250, 10500, 7500});
-    RECT client{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetClientRect(window(), &client);
-                  form->unload();
-                  return true;
-              }});
-    EXPECT_EQ(client.right, 600);
-    EXPECT_EQ(client.bottom, 400);
-}
-
-TEST_F(FormWindowTest, AMaximizedFormIsShownSoAndKeepsItsNormalBounds) {
-    form->setBounds({1500, 2250, 10500, 7500});
-    form->setWindowState(WindowState::Maximized);
-    bool wasMaximized = false;
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  wasMaximized = ::IsZoomed(window()) != FALSE;
-                  form->unload();
-                  return true;
-              }});
-    EXPECT_TRUE(wasMaximized);
-    EXPECT_EQ(form->windowState(), WindowState::Maximized);
-    EXPECT_EQ(form->bounds(), (Rect{1500, 2250, 10500, 7500}));
-}
-
-TEST_F(FormWindowTest, ARestoredPlaceOffTheScreenIsBroughtIntoView) {
-    form->setBounds({-90000, -90000, 10500, 7500});
-    RECT at{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetWindowRect(window(), &at);
-                  form->unload();
-                  return true;
-              }});
-    EXPECT_GE(at.left, 0);
-    EXPECT_GE(at.top, 0);
-    EXPECT_EQ(form->bounds().left, at.left * 15) << "that is where the person has seen it";
-    EXPECT_EQ(form->bounds().width, 10500);
-}
-
-TEST_F(FormWindowTest, APlaceThatHangsOverTheEdgeOfTheScreenIsLeftAsThePersonLeftIt) {
-    form->setBounds({-1500, 2250, 10500, 7500});
-    RECT at{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetWindowRect(window(), &at);
-                  form->unload();
-                  return true;
-              }});
-    EXPECT_EQ(at.left, -100);
-    EXPECT_EQ(at.top, 150);
-}
-
-TEST_F(FormWindowTest, APlaceIsKnownOfAFormThatNobodyMoved) {
-    RECT at{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetWindowRect(window(), &at);
-                  form->unload();
-                  return true;
-              }});
-    EXPECT_EQ(form->bounds().left, at.left * 15);
-    EXPECT_EQ(form->bounds().top, at.top * 15);
 }
 
 TEST_F(FormWindowTest, AFormThatWasEmbeddedCanBeShownModally) {
@@ -430,85 +206,6 @@ TEST_F(FormWindowTest, TheFormRemembersWhichControlHadTheKeyboardUntilItIsLoaded
     EXPECT_EQ(form->focused(), nullptr);
 }
 
-TEST_F(FormWindowTest, AnEmbeddedFormComesBackWhereTheHostHadMovedIt) {
-    embed();
-    ::MoveWindow(window(), 40, 30, 500, 400, TRUE);
-    const auto place = form->embeddedPlace();
-    ASSERT_TRUE(place);
-    form->unload();
-    EXPECT_FALSE(form->embeddedPlace());
-    form->embed(*place);
-    RECT at{};
-    ::GetWindowRect(window(), &at);
-    ::MapWindowPoints(nullptr, ::GetParent(window()), reinterpret_cast<POINT*>(&at), 2);
-    EXPECT_EQ(at.left, 40);
-    EXPECT_EQ(at.top, 30);
-    EXPECT_EQ(at.right - at.left, 500);
-    EXPECT_EQ(at.bottom - at.top, 400);
-    EXPECT_EQ(form->clientSize(), (Size{7500, 6000}));
-}
-
-class ModalKeyboardTest : public FormWindowTest, public ::testing::WithParamInterface<BorderStyle> {};
-
-TEST_P(ModalKeyboardTest, TheFirstControlHasTheKeyboardAndTabGoesRoundAllOfThem) {
-    form->setBorderStyle(GetParam());
-    std::vector<Control*> visited;
-    const auto step = [&](std::initializer_list<WORD> keys) {
-        visited.push_back(form->focused());
-        Person::sendKeys(keys);
-        return true;
-    };
-    const auto moved = [&] { return form->focused() != visited.back(); };
-    runModal({[&] { return isShownModally() && hasFocus(form->ok); }, [&] { return step({VK_TAB}); },
-              [&] { return moved() && step({VK_TAB}); }, [&] { return moved() && step({VK_TAB}); },
-              [&] { return moved() && step({VK_TAB}); }, [&] { return moved() && step({VK_TAB}); },
-              [&] {
-                  return moved() && step({VK_SHIFT, VK_TAB});
-              },
-              [&] {
-                  if (!moved()) return false;
-                  visited.push_back(form->focused());
-                  form->unload();
-                  return true;
-              }});
-    EXPECT_THAT(visited, ::testing::ElementsAre(&form->ok, &form->cancel, &form->help, &form->tabs,
-                                                &form->grid, &form->ok, &form->grid));
-}
-
-TEST_P(ModalKeyboardTest, ALetterTypedIntoATextBoxIsNoAccessKey) {
-    form->setBorderStyle(GetParam());
-    form->tabs.setIndex(1);
-    form->name.setFocus();
-    int helps = 0;
-    const auto help = form->help.clicked.subscribe([&] { ++helps; });
-    runModal({[&] { return isShownModally() && hasFocus(form->name); },
-              [&] {
-                  Person::sendKeys({'H'});
-                  return true;
-              },
-              [&] {
-                  if (form->name.text().empty() && helps == 0) return false;
-                  form->unload();
-                  return true;
-              }});
-    EXPECT_EQ(form->name.text(), "h");
-    EXPECT_EQ(helps, 0);
-}
-
-TEST_P(ModalKeyboardTest, OnlyAnOrdinarySizableFormHasAMaximizeBoxAndOnlyAFixedOneCannotBeResized) {
-    form->setBorderStyle(GetParam());
-    form->load();
-    const auto style = ::GetWindowLongPtrW(window(), GWL_STYLE);
-    const auto exStyle = ::GetWindowLongPtrW(window(), GWL_EXSTYLE);
-    EXPECT_EQ((style & WS_MAXIMIZEBOX) != 0, GetParam() == BorderStyle::Sizable);
-    EXPECT_EQ((style & WS_THICKFRAME) != 0, GetParam() != BorderStyle::FixedDialog);
-    EXPECT_EQ((exStyle & WS_EX_TOOLWINDOW) != 0, GetParam() == BorderStyle::SizableToolWindow);
-}
-
-INSTANTIATE_TEST_SUITE_P(EveryKind, ModalKeyboardTest,
-                         ::testing::Values(BorderStyle::FixedDialog, BorderStyle::Sizable,
-                                           BorderStyle::SizableToolWindow));
-
 TEST_F(FormWindowTest, ShowingAndUnloadingLeaksNothing) {
     const auto showOnce = [&] {
         embed();
@@ -527,32 +224,6 @@ TEST_F(FormWindowTest, ShowingAndUnloadingLeaksNothing) {
     EXPECT_LE(grown.gdi, 2) << grown;
     EXPECT_LE(grown.kernel, 2) << grown;
 }
-
-class FormWindowAtResolutionTest : public FormWindowTest, public ::testing::WithParamInterface<int> {};
-
-TEST_P(FormWindowAtResolutionTest, TwipsBecomePixelsOfTheWindowsResolution) {
-    desktop.overrideDpi(GetParam());
-    RECT button{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetClientRect(of(form->ok), &button);
-                  form->unload();
-                  return true;
-              }});
-    EXPECT_NEAR(button.right, 1095 * GetParam() / 1440, 1);
-    EXPECT_EQ(form->clientSize(), (Size{9000, 6000}));
-}
-
-TEST_P(FormWindowAtResolutionTest, AChangeOfResolutionScalesWhatIsShown) {
-    embed();
-    desktop.overrideDpi(GetParam());
-    ::SendMessageW(window(), 0x02E3, 0, 0);
-    RECT strip{};
-    ::GetClientRect(of(form->cancel), &strip);
-    EXPECT_NEAR(strip.right, 1095 * GetParam() / 1440, 1);
-}
-
-INSTANTIATE_TEST_SUITE_P(Resolutions, FormWindowAtResolutionTest, ::testing::Values(96, 144, 192));
 
 }  // namespace
 }  // namespace pellmark::test

@@ -6,84 +6,15 @@
 #include <algorithm>
 
 #include "base/Error.h"
-#include "base/Text.h"
 #include "knowledge/MemoryRecordSet.h"
-#include "support/FormHarness.h"
+#include "support/GridFixture.h"
 
 namespace pellmark::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
-/// Answers any number of records without holding one, and counts what was read.
-class CountingRecords : public RecordSet {
-  public:
-    explicit CountingRecords(std::size_t count) : count_(count) {}
-    const std::vector<std::string>& fields() const override { return fields_; }
-    std::size_t count() override { return count_; }
-    std::string text(std::size_t record, std::size_t field) override {
-        ++cellsRead;
-        return field == 0 ? idOf(record).text() : "name " + std::to_string(record);
-    }
-    std::optional<std::vector<Guid>> keys() override {
-        ++keyBlocks;
-        std::vector<Guid> keys;
-        for (std::size_t i = 0; i < count_; ++i)
-            keys.push_back(idOf(i));
-        return keys;
-    }
-    static Guid idOf(std::size_t record) {
-        Guid guid;
-        for (std::size_t i = 0; i < 4; ++i)
-            guid.bytes[i] = static_cast<std::uint8_t>(record >> (8 * i));
-        return guid;
-    }
-
-    int cellsRead = 0;
-    int keyBlocks = 0;
-
-  private:
-    std::vector<std::string> fields_{"_Id", "_Name"};
-    std::size_t count_;
-};
-
-class GridTest : public testing::Test, protected FormHarness {
-  protected:
-    GridTest() {
-        grid.setHeadings("Id|Name|Unit");
-        grid.setColKey(0, "_Id");
-        grid.setColKey(1, "_Name");
-        grid.setColKey(2, "_Unit");
-    }
-
-    /// Binds rows "a", "b", ... with units and with their letter as row data.
-    void fill(int rows) {
-        auto records = std::make_shared<MemoryRecordSet>(std::vector<std::string>{"_Id", "_Name", "_Unit"});
-        for (int i = 0; i < rows; ++i) {
-            const std::string name(1, static_cast<char>('a' + i));
-            records->addRow({"id-" + name, name, i % 2 == 0 ? "70" : "71"});
-        }
-        grid.bind(records);
-        grid.setRowDataFromColumn(0);
-    }
-
-    std::vector<std::string> names() {
-        std::vector<std::string> all;
-        for (int row = grid.fixedRows(); row < grid.rows(); ++row)
-            all.push_back(grid.text(row, "_name"));
-        return all;
-    }
-
-    std::vector<int> selection() {
-        std::vector<int> rows;
-        for (int i = 0; i < grid.selectedRows(); ++i)
-            rows.push_back(grid.selectedRow(i));
-        return rows;
-    }
-
-    Grid grid{form, "VSFG"};
-};
+class GridTest : public GridFixture {};
 
 TEST_F(GridTest, HeadingsMakeTheFirstRowAndTheColumns) {
     EXPECT_EQ(grid.cols(), 3);
@@ -215,123 +146,6 @@ TEST_F(GridTest, ATextIsFoundInTheFirstRowThatHoldsItWhateverItsCase) {
     EXPECT_EQ(grid.findText("Ream", 2), -1) << "there is no such column";
 }
 
-TEST_F(GridTest, SelectionKeepsItsOrder) {
-    fill(7);
-    grid.setSelected(2, true);
-    grid.setSelected(7, true);
-    grid.setSelected(5, true);
-    EXPECT_THAT(selection(), ElementsAre(2, 7, 5));
-    grid.setSelected(7, false);
-    EXPECT_THAT(selection(), ElementsAre(2, 5));
-    grid.removeRow(2);
-    EXPECT_THAT(selection(), ElementsAre(4));
-    grid.select(1, 0);
-    EXPECT_THAT(selection(), ElementsAre(1));
-}
-
-TEST_F(GridTest, ASelectedBlockLeavesTheHeadingsOut) {
-    fill(3);
-    grid.selectBlock(0, 0, 2, 2);
-    EXPECT_THAT(selection(), ElementsAre(1, 2));
-    EXPECT_EQ(grid.row(), 1);
-    grid.clearSelection();
-    EXPECT_THAT(selection(), IsEmpty());
-}
-
-TEST_F(GridTest, ABlockJoinsTheSelectionAndLeavesRemovedRowsOut) {
-    grid.setRows(11);
-    grid.removeRow(4);
-    grid.setSelected(7, true);
-    grid.setSelected(8, 2, true);
-    EXPECT_THAT(selection(), ElementsAre(7, 2, 3, 4, 5, 6, 8));
-    grid.setSelected(3, 6, false);
-    EXPECT_THAT(selection(), ElementsAre(7, 2, 8));
-    std::vector<std::pair<int, int>> runs;
-    grid.eachSelectedRun([&](int first, int last) { runs.emplace_back(first, last); });
-    EXPECT_THAT(runs, ElementsAre(std::pair(2, 2), std::pair(7, 8)));
-}
-
-TEST_F(GridTest, SelectingOnlyABlockKeepsTheOrderOfWhatStays) {
-    grid.setRows(11);
-    for (const int row : {9, 5, 3})
-        grid.setSelected(row, true);
-    grid.selectOnly(3, 6);
-    EXPECT_THAT(selection(), ElementsAre(5, 3, 4, 6));
-    grid.selectOnly(10, 10);
-    EXPECT_THAT(selection(), ElementsAre(10));
-    grid.selectOnly(20, 30);
-    EXPECT_THAT(selection(), IsEmpty());
-}
-
-TEST_F(GridTest, SelectingAMillionRowsIsOneChangeOfOneRun) {
-    grid.bind(std::make_shared<CountingRecords>(1000000));
-    int changes = 0;
-    const auto changed = grid.gridChanged.subscribe([&](const GridChange&) { ++changes; });
-    grid.selectAll();
-    int runs = 0;
-    grid.eachSelectedRun([&](int, int) { ++runs; });
-    EXPECT_EQ(grid.selectedRows(), 1000000);
-    EXPECT_EQ(changes, 1);
-    EXPECT_EQ(runs, 1);
-}
-
-TEST_F(GridTest, AChangeWithRedrawingOffIsOneChangeOfTheCurrentRow) {
-    grid.setRows(11);
-    grid.select(2, 0);
-    int changes = 0;
-    const auto changed = grid.rowChanged.subscribe([&] { ++changes; });
-    {
-        Grid::RedrawOff off(grid);
-        grid.bind(std::make_shared<CountingRecords>(9));
-        grid.setRowDataFromColumn(0);
-        const Grid::RedrawOff inner(grid);
-        grid.select(1, 0);
-        grid.select(3, 0);
-        EXPECT_EQ(changes, 0);
-    }
-    EXPECT_EQ(changes, 1);
-}
-
-TEST_F(GridTest, RemovingSixRowsWithRedrawingOffIsOneChangeOfTheCurrentRow) {
-    grid.setRows(11);
-    grid.select(6, 0);
-    int changes = 0;
-    const auto changed = grid.rowChanged.subscribe([&] { ++changes; });
-    {
-        Grid::RedrawOff off(grid);
-        for (int row = 6; row > 0; --row)
-            grid.removeRow(row);
-    }
-    EXPECT_EQ(changes, 1);
-    EXPECT_EQ(grid.row(), 1);
-}
-
-TEST_F(GridTest, LeavingAndComingBackWithRedrawingOffIsNoChangeOfTheCurrentRow) {
-    grid.setRows(11);
-    grid.select(2, 0);
-    int changes = 0;
-    const auto changed = grid.rowChanged.subscribe([&] { ++changes; });
-    {
-        Grid::RedrawOff off(grid);
-        grid.select(5, 0);
-        grid.select(2, 0);
-    }
-    EXPECT_EQ(changes, 0);
-}
-
-TEST_F(GridTest, AnotherRecordInTheSameRowIsAChangeOfTheCurrentRow) {
-    grid.setRows(11);
-    grid.setRowData(2, "one");
-    grid.select(2, 0);
-    int changes = 0;
-    const auto changed = grid.rowChanged.subscribe([&] { ++changes; });
-    {
-        Grid::RedrawOff off(grid);
-        grid.setRowData(2, "other");
-    }
-    EXPECT_EQ(changes, 1);
-}
-
 TEST_F(GridTest, TheColourOfAColumnLeavesItalicsAndPicturesAlone) {
     grid.setRows(11);
     grid.setItalic(2, 1, true);
@@ -364,27 +178,6 @@ TEST_F(GridTest, EveryOrderOfSixColumnsCanBeRestored) {
         ++orders;
     } while (std::next_permutation(order.begin(), order.end()));
     EXPECT_EQ(orders, 720);
-}
-
-TEST_F(GridTest, SelectingABlockOfAnEmptyGridSelectsNothing) {
-    grid.selectBlock(1, 0, 0, 2);
-    EXPECT_THAT(selection(), IsEmpty());
-    EXPECT_EQ(grid.row(), -1);
-}
-
-TEST_F(GridTest, RowChangeIsHeardOncePerChange) {
-    fill(3);
-    int heard = 0;
-    const auto subscription = grid.rowChanged.subscribe([&] { ++heard; });
-    grid.select(2, 0);
-    grid.select(2, 1);
-    EXPECT_EQ(heard, 1);
-    grid.removeRow(1);
-    EXPECT_EQ(heard, 1);
-    EXPECT_EQ(grid.row(), 1);
-    grid.removeRow(1);
-    EXPECT_EQ(heard, 2);
-    EXPECT_EQ(grid.text(grid.row(), "_Name"), "c");
 }
 
 TEST_F(GridTest, AColumnColourForgetsTheColoursOfItsCells) {
@@ -473,82 +266,6 @@ TEST_F(GridTest, OnlyWhatAPersonDoesToColumnsRaisesTheirEvents) {
     grid.userMovedColumn(1, 2);
     EXPECT_EQ(heard, 2);
     EXPECT_EQ(grid.colWidth(1), 700);
-}
-
-TEST_F(GridTest, WithRedrawingOffThePeerHearsOnce) {
-    fill(3);
-    std::vector<GridChange::What> heard;
-    const auto subscription =
-        grid.gridChanged.subscribe([&](const GridChange& change) { heard.push_back(change.what); });
-    {
-        Grid::RedrawOff off(grid);
-        grid.setText(1, 1, "x");
-        grid.select(2, 1);
-        grid.showCell(2, 1);
-        EXPECT_THAT(heard, IsEmpty());
-    }
-    EXPECT_THAT(heard, ElementsAre(GridChange::What::All, GridChange::What::Scroll));
-}
-
-TEST_F(GridTest, ARowThatHasGoneMeanwhileIsNotScrolledTo) {
-    grid.setRows(11);
-    std::vector<GridChange::What> heard;
-    const auto changed =
-        grid.gridChanged.subscribe([&](const GridChange& change) { heard.push_back(change.what); });
-    {
-        const Grid::RedrawOff off(grid);
-        grid.showCell(10, 0);
-        grid.removeRow(10);
-    }
-    EXPECT_THAT(heard, ElementsAre(GridChange::What::All));
-}
-
-class GridEditTest : public GridTest {
-  protected:
-    GridEditTest() {
-        fill(2);
-        grid.setColEditable(1, true);
-    }
-};
-
-TEST_F(GridEditTest, AnEditIsAppliedInTwoSteps) {
-    std::vector<std::string> log;
-    const auto after =
-        grid.afterEdit.subscribe([&](int row, int col) { log.push_back(grid.text(row, col)); });
-    ASSERT_TRUE(grid.beginEdit(1, 1));
-    EXPECT_EQ(grid.text(1, 1), "a");
-    EXPECT_TRUE(grid.commitEdit("edited"));
-    EXPECT_THAT(log, ElementsAre("edited"));
-    EXPECT_FALSE(grid.isEditing());
-}
-
-TEST_F(GridEditTest, AHandlerMayRefuseTheBeginning) {
-    const auto veto = grid.beforeEdit.subscribe([](CellEdit& edit) { edit.cancel = true; });
-    EXPECT_FALSE(grid.beginEdit(1, 1));
-    EXPECT_FALSE(grid.isEditing());
-}
-
-TEST_F(GridEditTest, AHandlerMayRefuseTheValueAndTheEditGoesOn) {
-    const auto veto = grid.validateEdit.subscribe([](CellEdit& edit) { edit.cancel = edit.text.empty(); });
-    ASSERT_TRUE(grid.beginEdit(1, 1));
-    EXPECT_FALSE(grid.commitEdit(""));
-    EXPECT_TRUE(grid.isEditing());
-    EXPECT_TRUE(grid.commitEdit("fine"));
-    EXPECT_EQ(grid.text(1, 1), "fine");
-}
-
-TEST_F(GridEditTest, AnUnchangedValueTellsNobody) {
-    int heard = 0;
-    const auto after = grid.afterEdit.subscribe([&](int, int) { ++heard; });
-    ASSERT_TRUE(grid.beginEdit(1, 1));
-    EXPECT_TRUE(grid.commitEdit("a"));
-    EXPECT_EQ(heard, 0);
-}
-
-TEST_F(GridEditTest, HeadingsAndLockedColumnsAreNotEdited) {
-    EXPECT_FALSE(grid.beginEdit(0, 1));
-    EXPECT_FALSE(grid.beginEdit(1, 0));
-    EXPECT_FALSE(grid.beginEdit(9, 1));
 }
 
 }  // namespace
