@@ -32,9 +32,14 @@ class ListsFixture : public testing::Test, protected CaseHarness {
         return key.handled;
     }
     static void sortBy(Grid& of, const char* key) { of.headingClicked.raise(of.colIndex(key)); }
-    static void selectNamed(Grid& of, const std::string& name) {
-        of.select(of.findText(name, of.colIndex(field::kName)), 1);
+    /// The row of a name; -1 when there is none.
+    static int rowNamed(const Grid& of, const std::string& name) {
+        int row = of.rows() - 1;
+        while (row > 0 && of.text(row, field::kName) != name)
+            --row;
+        return row > 0 ? row : -1;
     }
+    static void selectNamed(Grid& of, const std::string& name) { of.select(rowNamed(of, name), 1); }
     std::optional<Color> colorOf(const Grid& of, const std::string& id) {
         return of.style(of.findRow(id), of.colIndex(field::kName)).fore;
     }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/Error.h"
 #include "base/Text.h"
 
 namespace pellmark {
@@ -197,14 +196,6 @@ int Grid::findRow(std::string_view rowData) const {
 int Grid::findRow(const Guid& rowData) const {
     const auto slot = cells_.find(rowData, rows_.order());
     return slot ? rows_.rowOf(*slot) : -1;
-}
-
-int Grid::findText(std::string_view value, int col) const {
-    if (!columns_.contains(col)) return -1;
-    for (int row = fixedRows(); row < rows(); ++row) {
-        if (equalNoCase(cells_.text(rows_.slotOf(row), col), value)) return row;
-    }
-    return -1;
 }
 
 int Grid::addRow() {

@@ -135,8 +135,6 @@ class Grid : public Control {
     /// The first data row with that row data, case ignored; -1 when there is none.
     int findRow(std::string_view rowData) const;
     int findRow(const Guid& rowData) const;
-    /// The first data row whose cell has that stored text, case ignored; -1 when none. Walks the rows.
-    int findText(std::string_view value, int col) const;
     int addRow();
     void removeRow(int row);
 

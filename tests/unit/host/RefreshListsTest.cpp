@@ -31,13 +31,13 @@ TEST_F(RefreshListsTest, ADeletedProcessDoesNotComeBackWithTheNextLetter) {
 TEST_F(RefreshListsTest, F5ShowsWhatIsStoredNowAndKeepsTheSelection) {
     openTaps();
     selectNamed(grid, "Tap M3");
-    grid.setSelected(grid.findText("Ream", 1), true);
+    grid.setSelected(rowNamed(grid, "Ream"), true);
     base.addProcess("A new one");
     EXPECT_TRUE(press(grid, KeyPress::kF5));
     EXPECT_EQ(names(grid).front(), "A new one");
     EXPECT_EQ(current(grid), "Tap M3");
     EXPECT_EQ(grid.selectedRows(), 2);
-    EXPECT_TRUE(grid.isSelected(grid.findText("Ream", 1)));
+    EXPECT_TRUE(grid.isSelected(rowNamed(grid, "Ream")));
 }
 
 TEST_F(RefreshListsTest, F5InTheLineRefreshesTheList) {

@@ -42,12 +42,12 @@ TEST_F(SortListsTest, AnotherHeadingBeginsUpwards) {
 TEST_F(SortListsTest, TheWholeSelectionIsKeptWhenTheRowsMove) {
     openTaps();
     selectNamed(grid, "Tap M10");
-    grid.setSelected(grid.findText("Ream", 1), true);
+    grid.setSelected(rowNamed(grid, "Ream"), true);
     sortBy(grid, field::kName);
     sortBy(grid, field::kName);
     EXPECT_EQ(grid.selectedRows(), 2);
-    EXPECT_TRUE(grid.isSelected(grid.findText("Ream", 1)));
-    EXPECT_TRUE(grid.isSelected(grid.findText("Tap M10", 1)));
+    EXPECT_TRUE(grid.isSelected(rowNamed(grid, "Ream")));
+    EXPECT_TRUE(grid.isSelected(rowNamed(grid, "Tap M10")));
     EXPECT_EQ(grid.text(grid.selectedRow(0), field::kName), "Tap M10") << "in the order of selecting";
 }
 

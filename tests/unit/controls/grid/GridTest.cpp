@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "base/Error.h"
+#include "base/Text.h"
 #include "knowledge/MemoryRecordSet.h"
 #include "support/GridFixture.h"
 
@@ -133,17 +134,6 @@ TEST_F(GridTest, SettingTheNumberOfRowsCutsOrGrowsTheEnd) {
     EXPECT_THAT(names(), ElementsAre("a", "b", ""));
     grid.setRows(0);
     EXPECT_EQ(grid.rows(), 1);
-}
-
-TEST_F(GridTest, ATextIsFoundInTheFirstRowThatHoldsItWhateverItsCase) {
-    grid.setHeadings("Id|Name");
-    grid.setRows(4);
-    grid.setText(2, 1, "Ream");
-    grid.setText(3, 1, "REAM");
-    EXPECT_EQ(grid.findText("reaM", 1), 2);
-    EXPECT_EQ(grid.findText("Name", 1), -1) << "a heading is no row";
-    EXPECT_EQ(grid.findText("Ream", 0), -1);
-    EXPECT_EQ(grid.findText("Ream", 2), -1) << "there is no such column";
 }
 
 TEST_F(GridTest, TheColourOfAColumnLeavesItalicsAndPicturesAlone) {
