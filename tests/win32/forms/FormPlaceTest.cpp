@@ -9,12 +9,7 @@ class FormPlaceTest : public FormWindowFixture {};
 
 TEST_F(FormPlaceTest, AModalFormStandsCentredOnItsOwner) {
     RECT at{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetWindowRect(window(), &at);
-                  form->unload();
-                  return true;
-              }});
+    showModal([&] { ::GetWindowRect(window(), &at); });
     RECT owner{};
     ::GetWindowRect(host(), &owner);
     EXPECT_NEAR(at.left + at.right, owner.left + owner.right, 2);
@@ -24,13 +19,10 @@ TEST_F(FormPlaceTest, AModalFormStandsCentredOnItsOwner) {
 TEST_F(FormPlaceTest, AModalFormStandsWhereAPersonLeftIt) {
     form->setBounds({1500, 2250, 10500, 7500});
     RECT at{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetWindowRect(window(), &at);
-                  ::SetWindowPos(window(), nullptr, 120, 160, 800, 600, SWP_NOZORDER);
-                  form->unload();
-                  return true;
-              }});
+    showModal([&] {
+        ::GetWindowRect(window(), &at);
+        ::SetWindowPos(window(), nullptr, 120, 160, 800, 600, SWP_NOZORDER);
+    });
     EXPECT_EQ(at.left, 100);
     EXPECT_EQ(at.top, 150);
     EXPECT_EQ(at.right - at.left, 700);
@@ -41,12 +33,7 @@ TEST_F(FormPlaceTest, AFixedFormKeepsItsDesignedSizeWhateverIsRestored) {
     form->setBorderStyle(BorderStyle::FixedDialog);
     form->setBounds({1500, 2250, 10500, 7500});
     RECT client{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetClientRect(window(), &client);
-                  form->unload();
-                  return true;
-              }});
+    showModal([&] { ::GetClientRect(window(), &client); });
     EXPECT_EQ(client.right, 600);
     EXPECT_EQ(client.bottom, 400);
 }
@@ -55,12 +42,7 @@ TEST_F(FormPlaceTest, AMaximizedFormIsShownSoAndKeepsItsNormalBounds) {
     form->setBounds({1500, 2250, 10500, 7500});
     form->setWindowState(WindowState::Maximized);
     bool wasMaximized = false;
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  wasMaximized = ::IsZoomed(window()) != FALSE;
-                  form->unload();
-                  return true;
-              }});
+    showModal([&] { wasMaximized = ::IsZoomed(window()) != FALSE; });
     EXPECT_TRUE(wasMaximized);
     EXPECT_EQ(form->windowState(), WindowState::Maximized);
     EXPECT_EQ(form->bounds(), (Rect{1500, 2250, 10500, 7500}));
@@ -69,12 +51,7 @@ TEST_F(FormPlaceTest, AMaximizedFormIsShownSoAndKeepsItsNormalBounds) {
 TEST_F(FormPlaceTest, ARestoredPlaceOffTheScreenIsBroughtIntoView) {
     form->setBounds({-90000, -90000, 10500, 7500});
     RECT at{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetWindowRect(window(), &at);
-                  form->unload();
-                  return true;
-              }});
+    showModal([&] { ::GetWindowRect(window(), &at); });
     EXPECT_GE(at.left, 0);
     EXPECT_GE(at.top, 0);
     EXPECT_EQ(form->bounds().left, at.left * 15) << "that is where the person has seen it";
@@ -84,24 +61,14 @@ TEST_F(FormPlaceTest, ARestoredPlaceOffTheScreenIsBroughtIntoView) {
 TEST_F(FormPlaceTest, APlaceThatHangsOverTheEdgeOfTheScreenIsLeftAsThePersonLeftIt) {
     form->setBounds({-1500, 2250, 10500, 7500});
     RECT at{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetWindowRect(window(), &at);
-                  form->unload();
-                  return true;
-              }});
+    showModal([&] { ::GetWindowRect(window(), &at); });
     EXPECT_EQ(at.left, -100);
     EXPECT_EQ(at.top, 150);
 }
 
 TEST_F(FormPlaceTest, APlaceIsKnownOfAFormThatNobodyMoved) {
     RECT at{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetWindowRect(window(), &at);
-                  form->unload();
-                  return true;
-              }});
+    showModal([&] { ::GetWindowRect(window(), &at); });
     EXPECT_EQ(form->bounds().left, at.left * 15);
     EXPECT_EQ(form->bounds().top, at.top * 15);
 }
@@ -129,12 +96,7 @@ class FormWindowAtResolutionTest : public FormPlaceTest, public ::testing::WithP
 TEST_P(FormWindowAtResolutionTest, TwipsBecomePixelsOfTheWindowsResolution) {
     desktop.overrideDpi(GetParam());
     RECT button{};
-    runModal({[&] { return isShownModally(); },
-              [&] {
-                  ::GetClientRect(of(form->ok), &button);
-                  form->unload();
-                  return true;
-              }});
+    showModal([&] { ::GetClientRect(of(form->ok), &button); });
     EXPECT_NEAR(button.right, 1095 * GetParam() / 1440, 1);
     EXPECT_EQ(form->clientSize(), (Size{9000, 6000}));
 }
