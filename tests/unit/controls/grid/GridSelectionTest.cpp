@@ -59,6 +59,13 @@ TEST_F(GridSelectionTest, SelectingOnlyABlockKeepsTheOrderOfWhatStays) {
     EXPECT_THAT(selection(), IsEmpty());
 }
 
+TEST_F(GridSelectionTest, SelectingOnlyABlockLeavesNoneOfItsNeighboursSelected) {
+    fill(6);
+    grid.selectAll();
+    grid.selectOnly(3, 4);
+    EXPECT_THAT(selection(), ElementsAre(3, 4));
+}
+
 TEST_F(GridSelectionTest, SelectingAMillionRowsIsOneChangeOfOneRun) {
     grid.bind(std::make_shared<CountingRecords>(1000000));
     int changes = 0;
