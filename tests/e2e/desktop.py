@@ -8,6 +8,7 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PRODUCTS = ROOT / "build" / "win64" / "bin"
 PICTURES = ROOT / "build" / "e2e"
+LOGS = ROOT / "build" / "logs"
 
 WAIT_SECONDS = 20
 DOUBLE_CLICK_SECONDS = 0.6

@@ -9,9 +9,11 @@ import subprocess
 import unittest
 import uuid
 
-from desktop import PICTURES, PRODUCTS, Desktop, wait_for
+from desktop import LOGS, PICTURES, PRODUCTS, Desktop, wait_for
 
 START_SECONDS = 60
+# What the program and the system below it said: the only trace that an end of the display's connection leaves.
+SAID = LOGS / "e2e-workbench.log"
 
 
 def windows_path(path):
@@ -50,19 +52,24 @@ class Workbench:
     def _start(self, view):
         ready = self.folder / "ready"
         ready.unlink(missing_ok=True)
-        self.process = subprocess.Popen(
-            ["wine", str(PRODUCTS / "Workbench.exe"), "--kb", r"C:\Norvex\knowledge.db", "--view", view,
-             "--screenshot-ready", windows_path(ready), *self._options],
-            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        with SAID.open("wb") as said:
+            self.process = subprocess.Popen(
+                ["wine", str(PRODUCTS / "Workbench.exe"), "--kb", r"C:\Norvex\knowledge.db", "--view", view,
+                 "--screenshot-ready", windows_path(ready), *self._options],
+                stdin=subprocess.DEVNULL, stdout=said, stderr=said, env={**os.environ, "WINEDEBUG": "fixme-all"})
         try:
             self._wait_for_start(ready)
             if self.process.poll() is not None:
-                raise AssertionError(f"the workbench ended with {self.process.returncode}")
+                raise AssertionError(f"the workbench ended with {self.process.returncode}, and said: {self._said()}")
             self.refresh()
         except AssertionError as error:
             seen = self.desktop.windows()
             self.kill()
             raise AssertionError(f"{error}; there are {seen}") from None
+
+    @staticmethod
+    def _said():
+        return SAID.read_text(errors="replace")[-4000:]
 
     def _wait_for_start(self, ready):
         wait_for("the workbench's first view", lambda: ready.exists() or self.process.poll() is not None,
