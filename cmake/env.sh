@@ -106,13 +106,14 @@ trap 'exit 143' TERM
 wineserver_path() { command -v wineserver || echo /usr/lib/wine/wineserver; }
 
 # Starts a virtual display of its own, of the given size, and points DISPLAY at it. The server itself picks the
-# first free number, so that two runs on one machine do not meet.
+# first free number, so that two runs on one machine do not meet. It does not begin anew when its last client goes, as
+# it does by itself between two programs: one that connects at that moment is thrown out, and ends with 1.
 start_display() {
     local size=${1:-1600x1200x24} pipe number
     mkdir -p "$logs"
     pipe=$(mktemp -u)
     mkfifo "$pipe"
-    Xvfb -displayfd 3 -screen 0 "$size" -nolisten tcp 3> "$pipe" 2> "$logs/xvfb.log" &
+    Xvfb -displayfd 3 -screen 0 "$size" -noreset -nolisten tcp 3> "$pipe" 2> "$logs/xvfb.log" &
     started+=($!)
     read -r -t 20 number < "$pipe" || die "The virtual display did not start: $(cat "$logs/xvfb.log")"
     rm -f "$pipe"

@@ -4,6 +4,8 @@ import pathlib
 import sys
 import unittest
 
+from desktop import Desktop
+
 HERE = pathlib.Path(__file__).resolve().parent
 
 
@@ -37,10 +39,13 @@ class LineResult(unittest.TestResult):
 
 
 def main():
-    sys.path.insert(0, str(HERE))
     result = LineResult()
     pattern = f"test_*{sys.argv[1]}*.py" if len(sys.argv) > 1 else "test_*.py"
-    unittest.TestLoader().discover(str(HERE), pattern, str(HERE)).run(result)
+    # One that lasts over all tests, as the session of a person does: without it, the system's own desktop would end
+    # after each test, at the very moment when the next one begins.
+    with Desktop() as session:
+        session.windows()
+        unittest.TestLoader().discover(str(HERE), pattern, str(HERE)).run(result)
     return 0 if result.good else 1
 
 

@@ -59,21 +59,23 @@ class Workbench:
                 stdin=subprocess.DEVNULL, stdout=said, stderr=said, env={**os.environ, "WINEDEBUG": "fixme-all"})
         try:
             self._wait_for_start(ready)
-            if self.process.poll() is not None:
-                raise AssertionError(f"the workbench ended with {self.process.returncode}, and said: {self._said()}")
             self.refresh()
         except AssertionError as error:
-            seen = self.desktop.windows()
+            seen = f"{self.how_it_is()}; there are {self.desktop.windows()}"
             self.kill()
-            raise AssertionError(f"{error}; there are {seen}") from None
+            raise AssertionError(f"{error}; {seen}") from None
 
-    @staticmethod
-    def _said():
-        return SAID.read_text(errors="replace")[-4000:]
+    def how_it_is(self):
+        """Whether the program runs, and the last that was said."""
+        state = "runs" if self.process.poll() is None else f"ended with {self.process.returncode}"
+        said = " | ".join(SAID.read_text(errors="replace").splitlines()[-20:])
+        return f"the workbench {state}; it said: {said}"
 
     def _wait_for_start(self, ready):
         wait_for("the workbench's first view", lambda: ready.exists() or self.process.poll() is not None,
                  START_SECONDS)
+        if self.process.poll() is not None:
+            raise AssertionError("the workbench ended before its first view")
 
     def _add_processes(self, count):
         """Adds processes to the knowledge base while no program has it open."""
@@ -169,6 +171,7 @@ class WorkbenchTest(unittest.TestCase):
         failed = outcome and any(test is self for test, _ in outcome.failures + outcome.errors)
         if failed:
             self.desktop.picture(PICTURES / f"{self.id()}.png")
+            print("   ", self.workbench.how_it_is())
 
     def keep_trying(self, what, condition):
         return wait_for(what, condition)
