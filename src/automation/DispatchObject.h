@@ -43,7 +43,7 @@ class DispatchResult {
 /// An object of the host, called late-bound by name. The numbers of its members are asked for once. A
 /// member's own failure is thrown as Error with the host's number and description and the member's name as
 /// its source; a missing member, a wrong number of arguments or the like as errors::kHostInterface that names
-/// the member.
+/// the member; an object that is gone with its process with the code that the system has for that.
 class DispatchObject {
   public:
     /// `name` stands for the object in error texts. Throws errors::kHostInterface for Nothing.
