@@ -96,14 +96,17 @@ void DispatchResult::failBecause(const std::string& reason) const {
     throwInterfaceError(member_, reason);
 }
 
+void DispatchResult::failAsNo(const std::string& meant) const {
+    failBecause("did not answer with " + meant + ", but with " + describe(value_.get()) + ".");
+}
+
 VariantArg DispatchResult::converted(VARTYPE type, const char* meant) const {
     VariantArg result;
     const bool value = value_.type() != VT_EMPTY && value_.type() != VT_NULL &&
                        value_.type() != VT_DISPATCH && value_.type() != VT_UNKNOWN;
     if (!value || FAILED(VariantChangeTypeEx(result.receive(), const_cast<VARIANT*>(&value_.get()),
                                              kInvariantEnglish, VARIANT_NOUSEROVERRIDE, type))) {
-        failBecause(std::string("did not answer with ") + meant + ", but with " + describe(value_.get()) +
-                    ".");
+        failAsNo(meant);
     }
     return result;
 }

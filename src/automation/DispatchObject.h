@@ -32,6 +32,8 @@ class DispatchResult {
     /// "Norvex.KnowledgeBaseService.IsConnected"
     const std::string& member() const { return member_; }
     [[noreturn]] void failBecause(const std::string& reason) const;
+    /// Says beside what was meant ("a text") what was answered.
+    [[noreturn]] void failAsNo(const std::string& meant) const;
 
   private:
     VariantArg converted(VARTYPE type, const char* meant) const;
