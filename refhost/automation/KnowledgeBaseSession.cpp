@@ -1,8 +1,8 @@
 #include "refhost/automation/KnowledgeBaseSession.h"
 
-#include "base/Error.h"
 #include "base/Text.h"
 #include "refhost/automation/HostConfiguration.h"
+#include "refhost/texts/HostError.h"
 #include "refhost/windows/LocalDisk.h"
 
 namespace norvex {
@@ -27,11 +27,13 @@ SqliteUserRights& KnowledgeBaseSession::userRights() {
 bool KnowledgeBaseSession::isAllowed(int operation) {
     if (!userRights().may(operation)) return false;
     if (!service().base()->isReadOnly()) return true;
-    const std::string why = configuration::texts().of(
-        "The knowledge base is read-only: it can be looked at, but not changed. Remove the write protection "
-        "of "
-        "the file and its folder, or copy it to a folder that you may write to, and open it again.");
-    throw pellmark::Error(pellmark::errors::kKnowledgeBase, "Norvex.UserRights", why + "\n\n" + path_);
+    throw HostError(
+        pellmark::errors::kKnowledgeBase, "Norvex.UserRights",
+        Sentence(
+            "The knowledge base is read-only: it can be looked at, but not changed. Remove the write "
+            "protection of the file and its folder, or copy it to a folder that you may write to, and open "
+            "it again."),
+        path_);
 }
 
 }  // namespace norvex

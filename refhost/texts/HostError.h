@@ -12,8 +12,12 @@ namespace norvex {
 /// the same in every language; the description is English.
 class HostError : public pellmark::Error {
   public:
-    HostError(std::int32_t number, const std::string& source, Sentence sentence)
-        : Error(number, source, sentence.english()), sentence_(std::move(sentence)) {}
+    /// `detail` stands below the sentence, the same in every language: a path, say.
+    HostError(std::int32_t number, const std::string& source, Sentence sentence,
+              const std::string& detail = {})
+        : Error(number, source, withDetail(sentence.english(), detail)),
+          sentence_(std::move(sentence)),
+          detail_(detail) {}
 
     /// The failure as it is handed on to the person. Where its description is no longer English, the source
     /// holds the English one: sources are for the trace, and whoever reads that helps people in all
@@ -21,7 +25,10 @@ class HostError : public pellmark::Error {
     pellmark::Error translated(const Sentence::LookUp& lookUp) const;
 
   private:
+    static std::string withDetail(const std::string& text, const std::string& detail);
+
     Sentence sentence_;
+    std::string detail_;
 };
 
 }  // namespace norvex

@@ -47,6 +47,13 @@ TEST_F(HostErrorTest, ATranslatedFailureKeepsItsNumberAndItsEnglishTextForTheTra
     EXPECT_EQ(told.source(), "KnowledgeBase: it was moved.");
 }
 
+TEST_F(HostErrorTest, ADetailStandsBelowTheSentenceInEveryLanguage) {
+    const HostError error(26104, "KnowledgeBase", Sentence("it was moved."), "C:\\a.db");
+    EXPECT_STREQ(error.what(), "it was moved.\n\nC:\\a.db");
+    EXPECT_EQ(error.translated([](const std::string&) { return "Verschoben."; }).description(),
+              "Verschoben.\n\nC:\\a.db");
+}
+
 TEST_F(HostErrorTest, InEnglishTheSourceIsTheSourceAlone) {
     const HostError error(26104, "KnowledgeBase", Sentence("it was moved."));
     EXPECT_EQ(error.translated([](const std::string& text) { return text; }).source(), "KnowledgeBase");
