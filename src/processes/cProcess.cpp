@@ -207,7 +207,7 @@ void cProcess::fillFeatureCase(const std::string& selectId) {
     // The limit is one of the list's own order, exact matches before partial ones, whatever is wanted of it.
     const int most = std::max(settings_.orDefault(option::kMaxProcessReturnNum), 0);
     auto records = firstRecords(ofCase_, static_cast<std::size_t>(most));
-    if (arrangement_) records = arrangement_->arranged(records);
+    if (arrangement_) records = arrangement_->arranged(std::move(records));
     grid_->bind(std::move(records));
     gridOps_.SetRowDataToIds(*grid_);
     markMatches(*grid_, results_, person_.texts);

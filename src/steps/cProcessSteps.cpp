@@ -143,7 +143,7 @@ void cProcessSteps::fill(const std::string& selectId) {
     hideInternalColumns(*grid_, kStepColumns, services_.settings.orDefault(option::kDebugMode) == 0);
     if (shownProcess_.empty()) return;
     auto steps = store().steps(shownProcess_);
-    if (arrangement_) steps = arrangement_->arranged(steps);
+    if (arrangement_) steps = arrangement_->arranged(std::move(steps));
     grid_->bind(std::move(steps));
     services_.gridOps.SetRowDataToIds(*grid_);
     selectStep(selectId);
