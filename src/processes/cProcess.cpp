@@ -66,8 +66,11 @@ void cProcess::Init(Grid& grid) {
     subscriptions_.clear();
     onGrid(grid.rowChanged.subscribe([this] {
         if (heldBack_ > 0) return;
-        const OneChange change(*this);
-        refreshWhereGone();
+        // A row that the knowledge base cannot give is no reason to leave the grid in the midst of a change.
+        trap(person_.operations(), "cProcess::rowChanged", [this] {
+            const OneChange change(*this);
+            refreshWhereGone();
+        });
     }));
     onGrid(grid.doubleClicked.subscribe([this](int row) {
         if (row >= grid_->fixedRows()) Editwizard();
