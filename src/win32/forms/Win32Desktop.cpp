@@ -39,7 +39,6 @@ class FormWindowPeer : public FormPeer {
     void runWhile(WindowHandle owner, const std::function<void()>& work) override {
         window_->runWhile(reinterpret_cast<HWND>(owner), work);
     }
-    void hide() override { window_->hide(); }
     void popUp(Menu& menu, Control& over, Point at) override { window_->popUp(menu, over, at); }
 
   private:
