@@ -31,6 +31,8 @@ class ScriptedObject : public IDispatch {
         failures_[name] = {code, details};
         return on(name, VariantArg());
     }
+    /// The next question for a name is refused.
+    void refuseTheNextName(HRESULT code) { refusal_ = code; }
 
     int calls(const std::wstring& name) const {
         const auto found = calls_.find(name);
@@ -66,6 +68,7 @@ class ScriptedObject : public IDispatch {
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
         ++nameLookups_;
+        if (const HRESULT refusal = std::exchange(refusal_, S_OK); refusal != S_OK) return refusal;
         for (std::size_t at = 0; at < members_.size(); ++at) {
             if (_wcsicmp(members_[at].first.c_str(), names[0]) != 0) continue;
             ids[0] = static_cast<DISPID>(at);
@@ -100,6 +103,7 @@ class ScriptedObject : public IDispatch {
     std::map<std::wstring, std::pair<HRESULT, EXCEPINFO>> failures_;
     std::map<std::wstring, int> calls_;
     int nameLookups_ = 0;
+    HRESULT refusal_ = S_OK;
     WORD lastFlags_ = 0;
     ULONG references_ = 0;
 };
