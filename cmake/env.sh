@@ -193,7 +193,11 @@ use_prefix() {
 }
 
 make_prefix() {
+    local server
     say "Creating the Wine prefix build/$1"
+    # Debian's Wine names there the temporary folder of the prefix's server, and leaves it behind.
+    server=$(cat "$WINEPREFIX/wineserver" 2>/dev/null)
+    [[ $server != wine-* ]] || rm -rf "${TMPDIR:-/tmp}/$server"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX" "$logs"
     {
