@@ -5,6 +5,7 @@
 #include "refhost/automation/HostConfiguration.h"
 #include "refhost/automation/Resources.h"
 #include "refhost/windows/DialogScroll.h"
+#include "refhost/windows/HostTexts.h"
 #include "refhost/windows/Placing.h"
 
 namespace norvex {
@@ -14,13 +15,6 @@ namespace {
 constexpr const wchar_t* kTerms[] = {
     L"Diameter", L"Depth", L"Width", L"Length", L"CornerRadius", L"Tolerance", L"Thread", L"Ra",  L" = ",
     L" <> ",     L" < ",   L" <= ",  L" > ",    L" >= ",         L" and ",     L" or ",   L"not "};
-
-std::wstring textOf(HWND control) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
-    text.resize(
-        static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
 
 }  // namespace
 

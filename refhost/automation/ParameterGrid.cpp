@@ -20,12 +20,6 @@ constexpr const char* kHeadings[kColumns] = {"Parameter", "Value", "Unit", "Sour
 constexpr int kShares[kColumns] = {36, 34, 13, 17};  // of the width, in hundredths
 constexpr WPARAM kLastUnprintable = 0x20;
 
-std::string textOf(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return fromWide(text);
-}
-
 }  // namespace
 
 void ParameterGrid::attach(HWND list) {
@@ -170,7 +164,7 @@ void ParameterGrid::beginEdit(wchar_t first) {
 
 bool ParameterGrid::endEdit() {
     if (input_ == nullptr || isEnding_) return true;
-    const std::string reason = editor_.setText(static_cast<std::size_t>(inputRow_), textOf(input_));
+    const std::string reason = editor_.setText(static_cast<std::size_t>(inputRow_), fromWide(textOf(input_)));
     tried(reason);
     if (!reason.empty()) {
         SendMessageW(input_, EM_SETSEL, 0, -1);

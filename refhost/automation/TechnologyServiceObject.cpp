@@ -1,7 +1,7 @@
 #include "refhost/automation/TechnologyServiceObject.h"
 
+#include "automation/ArrayReader.h"
 #include "automation/Coercion.h"
-#include "automation/Guard.h"
 #include "refhost/automation/HostConfiguration.h"
 #include "refhost/automation/Identifiers.h"
 #include "refhost/automation/ProcessFileObject.h"
@@ -10,7 +10,6 @@
 
 namespace norvex {
 
-using pellmark::CallError;
 using pellmark::ComPtr;
 using pellmark::VariantArg;
 
@@ -23,23 +22,12 @@ HWND windowFrom(std::int32_t handle) {
     return reinterpret_cast<HWND>(static_cast<std::intptr_t>(handle));
 }
 
-/// The objects of an array of variants.
+/// The objects of an array.
 std::vector<VariantArg> elementsOf(const VARIANT& argument) {
-    const VARIANT& value = pellmark::innermost(argument);
-    LONG lower = 0;
-    LONG upper = -1;
-    if (value.vt != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(value.parray) != 1 ||
-        FAILED(SafeArrayGetLBound(value.parray, 1, &lower)) ||
-        FAILED(SafeArrayGetUBound(value.parray, 1, &upper))) {
-        throw CallError(DISP_E_TYPEMISMATCH, "The operations of a file are an array of technologies");
-    }
+    const pellmark::ArrayReader array(pellmark::innermost(argument));
     std::vector<VariantArg> elements;
-    for (std::int64_t at = lower; at <= upper; ++at) {
-        LONG index = static_cast<LONG>(at);
-        elements.emplace_back();
-        if (FAILED(SafeArrayGetElement(value.parray, &index, elements.back().receive())))
-            throw CallError(DISP_E_BADINDEX, "The array of technologies cannot be read");
-    }
+    for (std::size_t at = 0; at < array.size(); ++at)
+        elements.push_back(VariantArg::dereferenced(array[at]));
     return elements;
 }
 

@@ -1,5 +1,7 @@
 #include "refhost/store/ProcessOrders.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <limits>
 #include <numeric>
@@ -28,10 +30,12 @@ ProcessRows rowsOf(Connection& connection, const char* sql) {
 }
 
 /// Rows of equal keys stand in the list's own order: each key's rows are dealt out in that order to the
-/// places that the key has.
+/// places that the key has. There must be one key for each row and no other: the file may have been anywhere.
 ProcessRows rowsByKey(Connection& connection, const char* sql, const std::vector<std::uint32_t>& own) {
+    constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
     std::vector<std::uint32_t> keyOfRow;
     std::vector<std::uint32_t> places;  // how many rows have each key
+    std::size_t keyed = 0;
     std::string last;
     Statement list(connection, sql);
     while (list.step()) {
@@ -42,9 +46,13 @@ ProcessRows rowsByKey(Connection& connection, const char* sql, const std::vector
             last = key;
         }
         ++places.back();
-        if (row >= keyOfRow.size()) keyOfRow.resize(row + std::size_t{1}, 0);
+        if (row >= keyOfRow.size()) keyOfRow.resize(row + std::size_t{1}, kNone);
         keyOfRow[row] = static_cast<std::uint32_t>(places.size() - 1);
+        ++keyed;
     }
+    const auto hasKey = [&](std::uint32_t row) { return row < keyOfRow.size() && keyOfRow[row] != kNone; };
+    if (keyed != own.size() || !std::all_of(own.begin(), own.end(), hasKey))
+        throw FileError(connection.path(), SQLITE_CORRUPT, {});
     std::exclusive_scan(places.begin(), places.end(), places.begin(), 0U);
     auto rows = std::make_shared<std::vector<std::uint32_t>>(own.size());
     for (const std::uint32_t row : own)

@@ -98,7 +98,7 @@ std::int16_t SqliteStepStore::nextPriority(const std::string& processId) {
     find.bindId(processId);
     if (!find.step() || find.isNull(0)) return 1;
     constexpr std::int64_t kGreatest = std::numeric_limits<std::int16_t>::max();
-    return static_cast<std::int16_t>(std::min(find.integer(0) + 1, kGreatest));
+    return static_cast<std::int16_t>(std::min(find.integer(0), kGreatest - 1) + 1);
 }
 
 std::shared_ptr<RecordSet> SqliteStepStore::values(const std::string& stepId) {

@@ -33,9 +33,9 @@ std::string putFeed(Operation& operation, const CuttingRow& row) {
         if (feed <= 0) return sentence("The feed of a thread is its pitch: enter the pitch first.");
     } else if (row.ofDiameter) {
         const double diameter = operation.figure(code::kToolDiameter);
-        if (diameter <= 0)
-            return sentence("The feed depends on the tool diameter: enter the diameter first.");
         feed = rounded(row.feed * diameter, decimals(Quantity::Feed, unitCode));
+        if (diameter <= 0 || !std::isfinite(feed))
+            return sentence("The feed depends on the tool diameter: enter the diameter first.");
     }
     operation.set(code, feed, Origin::Table);
     return {};
@@ -96,6 +96,7 @@ double spindleSpeedOf(const Operation& operation) {
     if (speed <= 0 || diameter <= 0) return 0;
     const double lengthsPerSpeed = operation.unit() == unit::kInch ? 12 : 1000;
     const double revolutions = speed * lengthsPerSpeed / (std::numbers::pi * diameter);
+    if (!std::isfinite(revolutions)) return 0;
     // Machines are set to tens; a large cutter turns slowly enough for ones to matter.
     return revolutions < 100 ? std::max(std::round(revolutions), 1.0) : std::round(revolutions / 10) * 10;
 }
@@ -113,7 +114,8 @@ double feedRateOf(const Operation& operation) {
     const double perTooth = operation.figure(code::kFeedPerTooth) * operation.figure(code::kToolTeeth);
     const double perRevolution = operation.figure(code::kFeedPerRevolution);
     const double feed = revolutions * (perTooth > 0 ? perTooth : perRevolution);
-    return rounded(feed, decimals(Quantity::FeedRate, operation.unit()));
+    const double rate = rounded(feed, decimals(Quantity::FeedRate, operation.unit()));
+    return std::isfinite(rate) ? rate : 0;
 }
 
 }  // namespace norvex

@@ -44,12 +44,14 @@ std::optional<Work> workOf(const CuttingCycle& cycle);
 /// feed depends on it: the answer is the reason why nothing was done, a sentence() or "".
 std::string takeFromTable(Operation& operation, const CuttingRow& row);
 
-/// The spindle speed that cutting speed and diameter ask for; 0 while one of them is missing.
+/// The spindle speed that cutting speed and diameter ask for; 0 while one of them is missing or no
+/// such figure exists.
 double spindleSpeedOf(const Operation& operation);
 /// Puts it into the operation. The answer is the reason why nothing was done, a sentence() or "".
 std::string computeSpindleSpeed(Operation& operation);
 
-/// The feed rate that follows from spindle speed, feed and teeth; 0 while one is missing.
+/// The feed rate that follows from spindle speed, feed and teeth; 0 while one is missing or no
+/// such figure exists.
 double feedRateOf(const Operation& operation);
 
 }  // namespace norvex

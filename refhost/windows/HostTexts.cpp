@@ -10,12 +10,6 @@ namespace {
 using pellmark::fromWide;
 using pellmark::toWide;
 
-std::wstring textOf(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 std::wstring textOf(HMENU menu, UINT position) {
     std::wstring text(static_cast<std::size_t>(GetMenuStringW(menu, position, nullptr, 0, MF_BYPOSITION)) + 1,
                       L'\0');
@@ -25,6 +19,12 @@ std::wstring textOf(HMENU menu, UINT position) {
 }
 
 }  // namespace
+
+std::wstring textOf(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
 
 HostTexts::HostTexts(const std::wstring& folder, std::int16_t languageCode)
     : table_(bytesOf(folder + L"\\Norvex.csv"), languageCode) {}

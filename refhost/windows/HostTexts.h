@@ -9,6 +9,9 @@
 
 namespace norvex {
 
+/// What the title of a window, or a control, reads.
+std::wstring textOf(HWND window);
+
 /// The texts of the host's own windows in one language, from the table Norvex.csv. Keys are the English texts
 /// as the resources have them, access keys included.
 class HostTexts {

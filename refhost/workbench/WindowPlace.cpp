@@ -44,8 +44,9 @@ std::optional<WindowPlace> WindowPlace::from(const std::string& text) {
     }
     const auto [left, top, width, height, dpi, maximized] = figures;
     constexpr int kGreatest = 100'000;
-    const bool isPossible = std::abs(left) < kGreatest && std::abs(top) < kGreatest && width > 0 &&
-                            width < kGreatest && height > 0 && height < kGreatest && dpi >= 48 && dpi <= 960;
+    const auto isNear = [](int figure) { return figure > -kGreatest && figure < kGreatest; };
+    const bool isPossible = isNear(left) && isNear(top) && width > 0 && width < kGreatest && height > 0 &&
+                            height < kGreatest && dpi >= 48 && dpi <= 960;
     if (!isPossible) return std::nullopt;
     return WindowPlace{{left, top, left + width, top + height}, dpi, maximized != 0};
 }

@@ -3,6 +3,7 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "automation/Guard.h"
 #include "base/Error.h"
@@ -59,7 +60,9 @@ const char* methodOf(int id) {
 
 }  // namespace
 
-WorkbenchWindow::WorkbenchWindow(const CommandLine& options) : options_(options) {
+WorkbenchWindow::WorkbenchWindow(const CommandLine& options) : options_(options) {}
+
+void WorkbenchWindow::start() {
     createWindows();
     firstShow_ = restorePlace(window_, kFirstSizeAt96);
     session_ = std::make_unique<HostSession>(area_);
@@ -150,10 +153,10 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
                 return std::string();
             });
             DestroyWindow(window_);
+            PostQuitMessage(0);
             return 0;
         case WM_NCDESTROY:
             window_ = nullptr;
-            PostQuitMessage(0);
             return 0;
         default:
             break;
@@ -191,6 +194,7 @@ void WorkbenchWindow::focusView() {
 }
 
 void WorkbenchWindow::run() {
+    start();
     ShowWindow(window_, firstShow_);
     openKnowledgeBase(options_.knowledgeBase);
     showFirstView();
@@ -227,18 +231,23 @@ void WorkbenchWindow::showFirstView() {
     if (session_->knowledgeBase() == nullptr) return;
     if (options_.view == StartView::Processes) command(IDM_PROCESSES_VIEW);
     if (options_.view == StartView::Case) {
-        trapAndTell("ShowWindowProcessCaseView", [this] {
-            manager_->showProcessCase({});
-            return texts_.of("the view is shown");
-        });
-        fitView();
+        trapAndTell("ShowWindowProcessCaseView",
+                    [this] { return shown([this] { manager_->showProcessCase({}); }); });
     }
+}
+
+std::string WorkbenchWindow::shown(std::function<void()> show) {
+    show();
+    fitView();
+    showAgain_ = std::move(show);
+    return texts_.of("the view is shown");
 }
 
 void WorkbenchWindow::openKnowledgeBase(const std::string& file) {
     std::string failure;
     pellmark::trapAndTell([&](const std::string& why) { failure = why; },
                           [&] {
+                              showAgain_ = nullptr;
                               manager_->dispose();  // it holds on to the knowledge base that it was made with
                               session_->open(file);
                           });
@@ -280,11 +289,8 @@ void WorkbenchWindow::command(int id) {
             return;
         case IDM_PROCESSES_VIEW:
             if (!hasKnowledgeBase()) return;
-            trapAndTell("ShowWindowProcessesView", [this] {
-                manager_->showProcesses("");
-                return texts_.of("the view is shown");
-            });
-            return fitView();
+            return trapAndTell("ShowWindowProcessesView",
+                               [this] { return shown([this] { manager_->showProcesses(""); }); });
         case IDM_CASE_VIEW:
         case IDM_OPEN_PROCESS:
         case IDM_OPEN_FEATURE_CASE:
@@ -293,6 +299,7 @@ void WorkbenchWindow::command(int id) {
             return callForCase(id);
         case IDM_CLOSE_MANAGER:
             return trapAndTell("Dispose", [this] {
+                showAgain_ = nullptr;
                 manager_->dispose();
                 return texts_.of("the Process Manager is closed");
             });
@@ -316,9 +323,9 @@ void WorkbenchWindow::command(int id) {
 
 void WorkbenchWindow::reopenView() {
     // captions are set when the component's windows are made
-    if (session_->knowledgeBase() == nullptr) return;
+    if (!showAgain_) return;
     manager_->dispose();
-    manager_->showProcesses("");
+    showAgain_();
     fitView();
 }
 
@@ -334,11 +341,8 @@ void WorkbenchWindow::callForCase(int id) {
     trapAndTell(id == IDM_CASE_VIEW ? "ShowWindowProcessCaseView" : methodOf(id), [&]() -> std::string {
         const auto description = CaseDialog(*session_->knowledgeBase(), texts_).show(window_);
         if (!description) return texts_.of("cancelled");
-        if (id == IDM_CASE_VIEW) {
-            manager_->showProcessCase(*description);
-            fitView();
-            return texts_.of("the view is shown");
-        }
+        if (id == IDM_CASE_VIEW)
+            return shown([this, given = *description] { manager_->showProcessCase(given); });
         return outcomeOf(id, manager_->callModal(methodOf(id), *description));
     });
 }

@@ -24,12 +24,15 @@ class WorkbenchWindow {
     WorkbenchWindow& operator=(const WorkbenchWindow&) = delete;
     ~WorkbenchWindow();
 
-    /// Opens the knowledge base and the first view, and handles messages until the window is closed.
+    /// Makes the window, opens the knowledge base and the first view, and handles messages until the window
+    /// is closed. Throws pellmark::Error when the window or the host's objects cannot be made.
     void run();
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM data);
     LRESULT handle(UINT message, WPARAM wide, LPARAM data);
+    /// Not in the constructor: whatever fails, the destructor takes the window away.
+    void start();
     void createWindows();
     void layOut();
     void fitView();
@@ -43,6 +46,8 @@ class WorkbenchWindow {
     void showTitle();
     void command(int id);
     void showFirstView();
+    /// Shows a view and keeps how that is done; what the call came to, in words.
+    std::string shown(std::function<void()> show);
     void openKnowledgeBase(const std::string& file);
     void askForKnowledgeBase();
     void callForCase(int id);
@@ -50,6 +55,7 @@ class WorkbenchWindow {
     std::string outcomeOf(int id, const std::string& result);
     /// Says so in the status line when there is none.
     bool hasKnowledgeBase();
+    /// Shows the view that is shown anew, if there is one.
     void reopenView();
     void announceReady();
     /// Runs a call of the host or the component; its failure becomes one message. The status line says what
@@ -67,6 +73,7 @@ class WorkbenchWindow {
     std::unique_ptr<ProcessManager> manager_;
     int firstShow_ = SW_SHOWNORMAL;
     bool readyPending_ = false;
+    std::function<void()> showAgain_;  ///< the view that is shown; empty while there is none
 };
 
 }  // namespace norvex

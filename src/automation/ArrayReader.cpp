@@ -104,6 +104,8 @@ void ArrayReader::lock() {
 }
 
 VARIANT ArrayReader::operator[](std::size_t at) const {
+    // a structure has whatever size its host says, a variant room for eight bytes
+    if (type_ == VT_RECORD) refuse("has structures where values belong");
     const std::byte* const place = data_ + at * elementSize_;
     if (type_ == VT_VARIANT) return innermost(*reinterpret_cast<const VARIANT*>(place));
     VARIANT element{};

@@ -33,7 +33,7 @@ class ArrayReader {
     std::size_t size() const { return size_; }
 
     /// One element as a variant that borrows it and must not be cleared; a variant in the array is given
-    /// without references. Not for structures.
+    /// without references. Throws CallError for a structure, which is read by its fields.
     VARIANT operator[](std::size_t at) const;
     /// The elements' memory, for bulk data.
     std::span<const std::byte> bytes() const { return {data_, size_ * elementSize_}; }

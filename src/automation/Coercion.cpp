@@ -104,7 +104,10 @@ std::string describeSimple(const VARIANT& value) {
     constexpr std::size_t kLongest = 40;
     std::u16string_view shown = Bstr::units(text.get().bstrVal);
     const bool isCut = shown.size() > kLongest;
-    if (isCut) shown = shown.substr(0, kLongest);
+    if (isCut) {
+        const bool isWithinCharacter = shown[kLongest] >= 0xDC00 && shown[kLongest] <= 0xDFFF;
+        shown = shown.substr(0, isWithinCharacter ? kLongest - 1 : kLongest);
+    }
     const std::string whole = toUtf8(shown) + (isCut ? "..." : "");
     return value.vt == VT_BSTR ? "the text '" + whole + "'" : "the number " + whole;
 }
@@ -130,7 +133,7 @@ const VARIANT& innermost(const VARIANT& value) {
     constexpr int kDeepest = 8;
     const VARIANT* inner = &value;
     for (int depth = 0; inner->vt == (VT_BYREF | VT_VARIANT); ++depth) {
-        if (depth == kDeepest || inner->pvarVal == nullptr) mismatch("is a reference that leads nowhere");
+        if (depth == kDeepest || inner->pvarVal == nullptr) mismatch("must be a value");
         inner = inner->pvarVal;
     }
     return *inner;

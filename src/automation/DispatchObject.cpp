@@ -200,7 +200,8 @@ std::optional<DISPID> DispatchObject::find(std::string_view member) {
     }
     std::optional<DISPID> found;
     if (SUCCEEDED(result)) found = id;
-    ids_.emplace(member, found);
+    // what a host that is busy refuses now it may answer later
+    if (found || result == DISP_E_UNKNOWNNAME) ids_.emplace(member, found);
     return found;
 }
 

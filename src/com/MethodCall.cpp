@@ -90,16 +90,17 @@ MethodCall readCall(Member member, const DISPPARAMS& arguments) {
     const std::span<const Parameter> parameters = parametersOf(member);
     const std::vector<std::optional<UINT>> places = matchArguments(member, arguments);
     for (std::size_t i = 0; i < parameters.size(); ++i) {
+        bool isGiven = places[i].has_value();
         try {
-            if (places[i] && !isMissing(arguments.rgvarg[*places[i]])) {
+            isGiven = isGiven && !isMissing(arguments.rgvarg[*places[i]]);
+            if (isGiven) {
                 assign(call, parameters[i], arguments.rgvarg[*places[i]]);
             } else if (i < requiredParametersOf(member)) {
                 throw CallError(DISP_E_PARAMNOTOPTIONAL, "must be given");
             }
         } catch (const CallError& error) {
             std::string text = nameInCall(member, parameters[i]) + " " + error.what();
-            if (places[i] && !isMissing(arguments.rgvarg[*places[i]]))
-                text += "; given was " + describe(arguments.rgvarg[*places[i]]);
+            if (isGiven) text += "; given was " + describe(arguments.rgvarg[*places[i]]);
             throw CallError(error.code(), text, places[i]);
         }
         // without a host nothing will be done, so nothing else is looked at

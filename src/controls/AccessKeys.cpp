@@ -3,6 +3,7 @@
 #include <set>
 #include <string>
 
+#include "base/CaseFolding.h"
 #include "base/Text.h"
 #include "controls/Form.h"
 
@@ -14,12 +15,12 @@ bool isAscii(char16_t unit, char16_t first, char16_t last) {
     return unit >= first && unit <= last;
 }
 
-/// The key of a character, 0 for one that no key types.
+/// The key of a character, the same for a capital and a small letter; 0 for one that no key types.
 char16_t keyOf(char16_t unit) {
-    if (isAscii(unit, u'a', u'z') || isAscii(unit, u'0', u'9')) return unit;
-    if (isAscii(unit, u'A', u'Z')) return static_cast<char16_t>(unit + 0x20);
-    const bool isLetterBeyondAscii = unit >= 0x00C0 && unit < 0x2000 && unit != 0x00D7 && unit != 0x00F7;
-    return isLetterBeyondAscii ? unit : u'\0';
+    const char16_t key = foldCase(unit);
+    if (isAscii(key, u'a', u'z') || isAscii(key, u'0', u'9')) return key;
+    const bool isLetterBeyondAscii = key >= 0x00C0 && key < 0x2000 && key != 0x00D7 && key != 0x00F7;
+    return isLetterBeyondAscii ? key : u'\0';
 }
 
 std::string withAccessKey(const std::string& caption, std::set<char16_t>& taken) {

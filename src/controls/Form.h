@@ -31,7 +31,7 @@ class Form : public Container {
     /// Form_QueryUnload, then the window goes. A modal show returns. Does nothing when not loaded.
     void unload();
     bool isLoaded() const { return peer_ != nullptr; }
-    /// True from embed or showModal to unload or hide.
+    /// True from embed or showModal to unload.
     bool isShown() const { return shown_; }
     bool isEmbedded() const { return embeddedIn_ != 0; }
     WindowHandle embeddedIn() const { return embeddedIn_; }

@@ -25,8 +25,9 @@ std::vector<Choice> choicesOf(RecordSet& records) {
     return choices;
 }
 
-int numberOf(const std::string& text) {
-    int number = kOpen;
+/// What is no such number leaves the filter open.
+std::int16_t numberOf(const std::string& text) {
+    std::int16_t number = kOpen;
     std::from_chars(text.data(), text.data() + text.size(), number);
     return number;
 }

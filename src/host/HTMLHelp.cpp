@@ -1,19 +1,16 @@
 #include "host/HTMLHelp.h"
 
-#include <cmath>
-
+#include "base/Convert.h"
 #include "ports/FileTests.h"
 
 namespace pellmark {
 
 void HTMLHelp::OpenHTMLHelp(WindowHandle owner, const Variant& topic) {
     bool shown = true;
-    if (const auto* number = std::get_if<std::int16_t>(&topic)) {
-        shown = viewer_.openContext(owner, HelpFile, std::int32_t{*number});
-    } else if (const auto* longNumber = std::get_if<std::int32_t>(&topic)) {
-        shown = viewer_.openContext(owner, HelpFile, *longNumber);
-    } else if (const auto* single = std::get_if<float>(&topic)) {
-        shown = viewer_.openContext(owner, HelpFile, static_cast<std::int32_t>(std::nearbyint(*single)));
+    const bool isNumber = std::holds_alternative<std::int16_t>(topic) ||
+                          std::holds_alternative<std::int32_t>(topic) || std::holds_alternative<float>(topic);
+    if (isNumber) {
+        shown = viewer_.openContext(owner, HelpFile, toInt32(topic));
     } else if (const auto* text = std::get_if<std::string>(&topic)) {
         shown = viewer_.openContext(owner, HelpFile, *text);
     }

@@ -25,7 +25,8 @@ class HTMLHelp : public HelpLauncher {
     void openHelp(WindowHandle owner) override { OpenHTMLHelp(owner, Variant(kContext)); }
 
     /// A 16-bit, 32-bit or single-precision topic opens the file at that context; a text is sent in the
-    /// number's place, as the host's help files expect; every other type opens nothing.
+    /// number's place, as the host's help files expect; every other type opens nothing. Throws Error
+    /// (overflow) for a number that is no context.
     void OpenHTMLHelp(WindowHandle owner, const Variant& topic);
 
     /// The first of the pages that stand for a help file without a viewer.

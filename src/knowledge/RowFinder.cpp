@@ -16,6 +16,8 @@ namespace {
 constexpr std::size_t kRecordsPerStep = 2048;
 
 std::optional<double> numberOf(const std::string& text) {
+    // The conversion knows "inf" and "nan", which are words to a person, and which stand in no order.
+    if (text.find_first_not_of("0123456789.-") != std::string::npos) return std::nullopt;
     double number = 0;
     const auto [end, failure] =
         std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);

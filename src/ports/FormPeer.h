@@ -34,7 +34,6 @@ class FormPeer {
     virtual void endModal() = 0;
     /// The same while the work runs instead of a loop. What it throws is thrown on.
     virtual void runWhile(WindowHandle owner, const std::function<void()>& work) = 0;
-    virtual void hide() = 0;
     /// Pops a menu up and returns when it has been closed; the chosen item's handler has run by then. A
     /// negative place means where the keyboard is in the control: at a grid's current row.
     virtual void popUp(Menu& menu, Control& over, Point at) = 0;

@@ -66,8 +66,11 @@ void cProcess::Init(Grid& grid) {
     subscriptions_.clear();
     onGrid(grid.rowChanged.subscribe([this] {
         if (heldBack_ > 0) return;
-        const OneChange change(*this);
-        refreshWhereGone();
+        // A row that the knowledge base cannot give is no reason to leave the grid in the midst of a change.
+        trap(person_.operations(), "cProcess::rowChanged", [this] {
+            const OneChange change(*this);
+            refreshWhereGone();
+        });
     }));
     onGrid(grid.doubleClicked.subscribe([this](int row) {
         if (row >= grid_->fixedRows()) Editwizard();
@@ -207,7 +210,7 @@ void cProcess::fillFeatureCase(const std::string& selectId) {
     // The limit is one of the list's own order, exact matches before partial ones, whatever is wanted of it.
     const int most = std::max(settings_.orDefault(option::kMaxProcessReturnNum), 0);
     auto records = firstRecords(ofCase_, static_cast<std::size_t>(most));
-    if (arrangement_) records = arrangement_->arranged(records);
+    if (arrangement_) records = arrangement_->arranged(std::move(records));
     grid_->bind(std::move(records));
     gridOps_.SetRowDataToIds(*grid_);
     markMatches(*grid_, results_, person_.texts);

@@ -143,7 +143,7 @@ void cProcessSteps::fill(const std::string& selectId) {
     hideInternalColumns(*grid_, kStepColumns, services_.settings.orDefault(option::kDebugMode) == 0);
     if (shownProcess_.empty()) return;
     auto steps = store().steps(shownProcess_);
-    if (arrangement_) steps = arrangement_->arranged(steps);
+    if (arrangement_) steps = arrangement_->arranged(std::move(steps));
     grid_->bind(std::move(steps));
     services_.gridOps.SetRowDataToIds(*grid_);
     selectStep(selectId);
@@ -230,11 +230,17 @@ void cProcessSteps::deleteSteps(const std::vector<std::string>& ids) {
     {
         const Grid::RedrawOff off(*grid_);
         for (const std::string& id : ids) {
-            // One step that fails must not keep the others from being deleted; the first failure is told.
+            // One step that fails must not keep the others from being deleted; the first failure is told,
+            // the others are traced.
             try {
                 if (store().deleteStep(id)) grid_->removeRow(grid_->findRow(id));
             } catch (...) {
-                if (!failure) failure = std::current_exception();
+                if (failure) {
+                    services_.person.operations().trace().record("cProcessSteps::Delete",
+                                                                 describeCurrentException());
+                } else {
+                    failure = std::current_exception();
+                }
             }
         }
         if (grid_->selectedRows() == 0) grid_->select(grid_->row(), firstShownColumn(*grid_));

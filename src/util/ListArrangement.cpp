@@ -165,7 +165,7 @@ void ListArrangement::checkSortable(RecordSet& records) {
     grid_.setSortMark({});
 }
 
-std::shared_ptr<RecordSet> ListArrangement::arranged(const std::shared_ptr<RecordSet>& all) {
+std::shared_ptr<RecordSet> ListArrangement::arranged(std::shared_ptr<RecordSet> all) {
     if (isPlain() || !all) return all;
     checkSortable(*all);
     std::optional<std::vector<std::uint32_t>> places;
@@ -188,7 +188,7 @@ std::shared_ptr<RecordSet> ListArrangement::arranged(const std::shared_ptr<Recor
     }
     if (!places) return all;
     tellFound(places->size(), all->count(), false);
-    return std::make_shared<ArrangedRecords>(all, std::move(*places));
+    return std::make_shared<ArrangedRecords>(std::move(all), std::move(*places));
 }
 
 void ListArrangement::tellFound(std::size_t found, std::size_t all, bool more) {

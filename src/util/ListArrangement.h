@@ -32,7 +32,7 @@ class ListArrangement {
     /// The records in memory as the person wants them. A long walk shows how far it is and lets the person go
     /// on typing, or leave it with Escape; what is wanted by then counts. Lists too long to be sorted here
     /// keep their own order, and the person is told.
-    std::shared_ptr<RecordSet> arranged(const std::shared_ptr<RecordSet>& all);
+    std::shared_ptr<RecordSet> arranged(std::shared_ptr<RecordSet> all);
     /// Shows how many of how many rows are found; `more` where the list ends early.
     void tellFound(std::size_t found, std::size_t all, bool more);
 

@@ -227,6 +227,14 @@ TEST(CoercionTest, WhatWasGivenIsDescribedInWords) {
     EXPECT_EQ(describe(nowhere), "a reference that leads nowhere");
 }
 
+TEST(CoercionTest, ATextIsNotCutWithinACharacter) {
+    const std::string spanner = "\xF0\x9F\x94\xA7";  // two units of UTF-16
+    EXPECT_EQ(describe(VariantArg(std::string(39, 'x') + spanner + "xx").get()),
+              "the text '" + std::string(39, 'x') + "...'");
+    EXPECT_EQ(describe(VariantArg(std::string(38, 'x') + spanner + "xx").get()),
+              "the text '" + std::string(38, 'x') + spanner + "...'");
+}
+
 TEST(CoercionTest, AnElementThatIsNoTextIsNamedByItsPlace) {
     const ComPtr<TestObject> object = TestObject::make();
     try {

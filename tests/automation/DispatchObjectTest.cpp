@@ -56,6 +56,13 @@ TEST_F(DispatchObjectTest, AMissingMemberIsAskedForOnceToo) {
     EXPECT_EQ(script_->nameLookups(), 1);
 }
 
+TEST_F(DispatchObjectTest, AMemberThatABusyHostRefusedIsAskedForAgain) {
+    script_->on(L"Count", VariantArg(3));
+    script_->refuseTheNextName(RPC_E_CALL_REJECTED);
+    EXPECT_FALSE(object().has("Count"));
+    EXPECT_EQ(object().call("Count").int16(), 3);
+}
+
 TEST_F(DispatchObjectTest, AMissingMemberIsNamedInTheError) {
     expectError(errors::kHostInterface, "Host.CurrentUnit is missing", [&] { object().call("CurrentUnit"); });
 }

@@ -138,6 +138,20 @@ TEST_F(ApplicationObjectTest, AnArgumentThatDoesNotFitIsRefusedWithItsPlaceAndIt
     EXPECT_EQ(takeErrorText(), "OwnerForm of OpenProcess must be an object; given was the text 'owner'");
 }
 
+TEST_F(ApplicationObjectTest, AReferenceThatLeadsNowhereIsRefusedWithItsPlaceAndItsName) {
+    VariantArg nowhere;
+    nowhere.get().vt = VT_BYREF | VT_VARIANT;
+    EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {host(), nowhere}), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(badArgument_, 0U);
+    EXPECT_EQ(takeErrorText(),
+              "ProcessGuid of ShowWindowProcessesView must be a value; given was a reference that leads "
+              "nowhere");
+    EXPECT_EQ(invoke(Member::ShowWindowProcessesView, {nowhere}), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(takeErrorText(),
+              "NvxApplication of ShowWindowProcessesView must be a value; given was a reference that leads "
+              "nowhere");
+}
+
 TEST_F(ApplicationObjectTest, EveryParameterOfEveryMethodNamesItselfItsMethodWhatItWantsAndWhatWasGiven) {
     for (const Member member :
          {Member::ShowWindowProcessesView, Member::ShowWindowProcessCaseView, Member::OpenProcess,

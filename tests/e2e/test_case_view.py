@@ -35,6 +35,15 @@ class TheProcessCaseView(WorkbenchTest):
         case = [row["cells"][:2] for row in self.lists()[0]["rows"]]
         self.assertEqual(case, [["Feature Type", TYPE], ["Thread", "M6"], ["Hole", "Through"]])
 
+    def test_is_shown_again_when_the_language_of_the_host_changes(self):
+        self.desktop.key("alt+s")
+        self.desktop.one("#32768")
+        self.desktop.key("l", "d")
+        wait_for("the host to say its new language",
+                 lambda: "Deutsch" in self.desktop.one("msctls_statusbar32").text)
+        self.assertEqual(len(self.workbench.lists()), 3)
+        self.assertEqual([row["cells"][1] for row in self.lists()[0]["rows"]], [TYPE, "M6", "Through"])
+
     def test_lists_the_exactly_matching_process_first(self):
         exact = [name for name, in self.workbench.query(EXACT)]
         self.assertEqual(len(exact), 1)

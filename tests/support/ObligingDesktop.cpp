@@ -29,7 +29,6 @@ class ObligingDesktop::Peer : public FormPeer {
         if (!ended_) form_.close();
     }
     void endModal() override { ended_ = true; }
-    void hide() override {}
     void popUp(Menu& menu, Control&, Point) override {
         desktop_.shown("menu " + menu.name());
         for (const MenuItem& item : menu.items()) {

@@ -37,7 +37,6 @@ class ScriptedDesktop::Peer : public FormPeer {
         work();
     }
     void endModal() override { ended_ = true; }
-    void hide() override { note("hide"); }
     void popUp(Menu& menu, Control&, Point) override {
         Expected expected;
         if (desktop_.take("menu", menu.name(), expected)) expected.onMenu(menu);

@@ -342,9 +342,13 @@ void Grid::clearSelection() {
 
 bool Grid::beginEdit(int row, int col) {
     if (editing_ || !rows_.isData(row) || !columns_.contains(col) || !columns_.at(col).editable) return false;
-    CellEdit edit{row, col, text(row, col), false};
+    const std::string id = rowData(row);
+    const std::string before = text(row, col);
+    CellEdit edit{row, col, before, false};
     beforeEdit.raise(edit);
-    if (edit.cancel) return false;
+    // Whoever was asked may have let others act: the row may be another one by now, or gone.
+    const bool isSame = rows_.isData(row) && rowData(row) == id && text(row, col) == before;
+    if (edit.cancel || editing_ || !isSame) return false;
     editing_ = edit;
     return true;
 }
@@ -356,7 +360,8 @@ bool Grid::commitEdit(const std::string& value) {
     if (value != editing_->text) {
         CellEdit edit{row, col, value, false};
         validateEdit.raise(edit);
-        if (edit.cancel) return false;
+        // Where the rows have changed meanwhile, the edit has ended with them.
+        if (edit.cancel || !editing_) return false;
         editing_.reset();
         setText(row, col, edit.text);
         afterEdit.raise(row, col);

@@ -183,8 +183,8 @@ class Grid : public Control {
     /// Selects these rows and no others; those that were selected keep their place in the order.
     void selectOnly(int row1, int row2);
     void selectAll();
-    /// The first and last row of each run of selected rows, from the top; neighbours that were selected at
-    /// different times are runs of their own.
+    /// The first and last row of each run of selected rows, from the top. Where rows between two have been
+    /// removed, neighbours may be runs of their own.
     void eachSelectedRun(const std::function<void(int first, int last)>& visit) const {
         selection_.eachRun(visit);
     }
@@ -193,12 +193,14 @@ class Grid : public Control {
     void clearSelection();
 
     // --- in-place editing: begin, veto, apply ------------------------------------------------------------
-    /// False when the cell cannot be edited or a handler refuses; changes nothing yet.
+    /// False when the cell cannot be edited, a handler refuses, or the cell is another one once the handlers
+    /// have been asked; changes nothing yet.
     bool beginEdit(int row, int col);
     bool isEditing() const { return editing_.has_value(); }
     const std::optional<CellEdit>& editing() const { return editing_; }
     /// Offers the new stored value to the handlers and applies it unless one refuses, in which case the edit
-    /// goes on and false comes back.
+    /// goes on and false comes back. False, too, when the rows have changed meanwhile: the edit has ended
+    /// then.
     bool commitEdit(const std::string& value);
     void cancelEdit();
 

@@ -131,16 +131,6 @@ void ListView::clear() {
     notify({What::Items});
 }
 
-int ListView::findPrefix(std::string_view prefix, int from) const {
-    const int all = count();
-    for (int step = 0; step < all; ++step) {
-        const int index = (std::max(from, 0) + step) % all;
-        const std::string& caption = slots_[slotAt(index)].item.text;
-        if (equalNoCase(std::string_view(caption).substr(0, prefix.size()), prefix)) return index;
-    }
-    return -1;
-}
-
 /// Items moved to and fro must not leave ever more holes behind; closing them when they outnumber the items
 /// costs each removal a constant share.
 void ListView::dropHoles() {

@@ -72,9 +72,6 @@ class ListView : public Control {
     bool remove(std::string_view key);
     /// Removes the items; keeps columns and sorting.
     void clear();
-    /// The first item from `from` on, and then from the start, whose caption begins with a text, ASCII case
-    /// ignored: what typing into the list looks for. -1 when there is none.
-    int findPrefix(std::string_view prefix, int from) const;
 
     // --- selection ---------------------------------------------------------------------------------------
     bool isSelected(int index) const;

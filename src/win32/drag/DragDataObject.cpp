@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "win32/WideText.h"
+#include "win32/ports/Win32CodePage.h"
 
 namespace pellmark {
 
@@ -17,17 +18,6 @@ FORMATETC onMemory(CLIPFORMAT format) {
 
 std::string bytesOf(const std::wstring& text) {
     return {reinterpret_cast<const char*>(text.c_str()), (text.size() + 1) * sizeof(wchar_t)};
-}
-
-std::string ansiOf(const std::wstring& text) {
-    // A character that the code page lacks must not turn into a look-alike.
-    const auto convert = [&](char* to, int room) {
-        return ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text.c_str(),
-                                     static_cast<int>(text.size() + 1), to, room, nullptr, nullptr);
-    };
-    std::string ansi(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
-    convert(ansi.data(), static_cast<int>(ansi.size()));
-    return ansi;
 }
 
 }  // namespace
@@ -65,7 +55,7 @@ std::vector<CLIPFORMAT> DragDataObject::formats() const {
 
 std::string DragDataObject::bytes(CLIPFORMAT format) const {
     if (format == CF_UNICODETEXT) return bytesOf(text_);
-    if (format == CF_TEXT) return ansiOf(text_);
+    if (format == CF_TEXT) return Win32CodePage().toAnsi(fromWide(text_)) + '\0';
     DROPFILES head{};
     head.pFiles = sizeof head;
     head.fWide = TRUE;

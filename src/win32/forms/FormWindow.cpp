@@ -323,12 +323,6 @@ void FormWindow::endModal() {
     if (modal_) modal_->end();
 }
 
-void FormWindow::hide() {
-    endModal();
-    if (modal_) modal_->releaseOwner();
-    ::ShowWindow(window(), SW_HIDE);
-}
-
 void FormWindow::popUp(Menu& menu, Control& over, Point at) {
     ControlPeer* peer = find(over);
     if (peer == nullptr) return;

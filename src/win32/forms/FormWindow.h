@@ -37,7 +37,6 @@ class FormWindow : public ContainerPeer {
     void runModal(HWND owner);
     void runWhile(HWND owner, const std::function<void()>& work);
     void endModal();
-    void hide();
     void popUp(Menu& menu, Control& over, Point at);
 
     // --- for the peers within ----------------------------------------------------------------------------

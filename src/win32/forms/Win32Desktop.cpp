@@ -25,6 +25,25 @@ UINT iconOf(MessageIcon icon) {
     return 0;
 }
 
+/// Keeps the first window that a person could work with and goes no further.
+BOOL CALLBACK takeUsable(HWND window, LPARAM found) {
+    const LONG_PTR style = ::GetWindowLongPtrW(window, GWL_STYLE);
+    const bool isUsable = (style & WS_VISIBLE) != 0 && (style & WS_DISABLED) == 0;
+    if (!isUsable || (style & WS_CAPTION) != WS_CAPTION) return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
+/// The active window of this thread: the dialog on top, or the host's window around an embedded form. While
+/// another program is in front there is none, and the uppermost window that can be used is the one: a box
+/// without an owner would be lost behind it, and leave the host usable.
+HWND ownerOfABox() {
+    HWND owner = ::GetActiveWindow();
+    if (owner == nullptr)
+        ::EnumThreadWindows(::GetCurrentThreadId(), &takeUsable, reinterpret_cast<LPARAM>(&owner));
+    return owner;
+}
+
 /// What a form holds: the window itself may have to outlive it.
 class FormWindowPeer : public FormPeer {
   public:
@@ -39,7 +58,6 @@ class FormWindowPeer : public FormPeer {
     void runWhile(WindowHandle owner, const std::function<void()>& work) override {
         window_->runWhile(reinterpret_cast<HWND>(owner), work);
     }
-    void hide() override { window_->hide(); }
     void popUp(Menu& menu, Control& over, Point at) override { window_->popUp(menu, over, at); }
 
   private:
@@ -59,8 +77,7 @@ MessageAnswer Win32Desktop::showMessage(const MessageBox& message) {
     const HWND focus = ::GetFocus();
     const ActivationContext::Active themed(surroundings_->theme());
     const CentredBox centred;
-    // The active window of this thread is the dialog on top, or the host's window around an embedded form.
-    const int answer = ::MessageBoxW(::GetActiveWindow(), toWide(wholeText(message)).c_str(), title.c_str(),
+    const int answer = ::MessageBoxW(ownerOfABox(), toWide(wholeText(message)).c_str(), title.c_str(),
                                      buttons | iconOf(message.icon));
     if (::IsWindow(focus)) ::SetFocus(focus);
     return answer == IDOK ? MessageAnswer::Ok : MessageAnswer::Cancel;

@@ -30,6 +30,7 @@ void failPrinting(const std::string& what) {
 
 Win32PrintDocument::Win32PrintDocument(PrinterContext context)
     : context_(std::move(context)),
+      job_(context_.get()),
       dpiX_(std::max(::GetDeviceCaps(context_.get(), LOGPIXELSX), 1)),
       dpiY_(std::max(::GetDeviceCaps(context_.get(), LOGPIXELSY), 1)),
       pen_(::CreatePen(PS_SOLID, std::max(dpiY_ / 200, 1), kLineColor)),
@@ -40,7 +41,6 @@ Win32PrintDocument::Win32PrintDocument(PrinterContext context)
 }
 
 Win32PrintDocument::~Win32PrintDocument() {
-    if (!ended_) ::AbortDoc(context_.get());
     // Fonts and pen are still chosen, and what is chosen cannot be deleted.
     ::SelectObject(context_.get(), firstFont_);
     ::SelectObject(context_.get(), firstPen_);
@@ -154,7 +154,7 @@ void Win32PrintDocument::newPage() {
 void Win32PrintDocument::end() {
     if (::EndPage(context_.get()) <= 0) failPrinting("The printer does not end the page.");
     if (::EndDoc(context_.get()) <= 0) failPrinting("The printer does not take the document.");
-    ended_ = true;
+    job_.release();
 }
 
 }  // namespace pellmark

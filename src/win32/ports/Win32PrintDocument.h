@@ -12,6 +12,8 @@
 namespace pellmark {
 
 using PrinterContext = Handle<HDC, &::DeleteDC>;
+/// A document that has begun on a context, which stays its owner's; given up unless it has been ended.
+using PrintJob = Handle<HDC, &::AbortDoc>;
 using PenHandle = Handle<HPEN, &::DeleteObject>;
 
 /// A document on a printer's device context. It begins its first page at once and is given up when it goes
@@ -47,6 +49,7 @@ class Win32PrintDocument : public PrintDocument {
 
     static constexpr int kTwipsPerInch = 1440;
     PrinterContext context_;
+    PrintJob job_;
     int dpiX_;
     int dpiY_;
     std::map<FontKey, FontHandle> fonts_;
@@ -55,7 +58,6 @@ class Win32PrintDocument : public PrintDocument {
     PenHandle pen_;
     HGDIOBJ firstFont_;
     HGDIOBJ firstPen_;
-    bool ended_ = false;
 };
 
 /// Throws Error (printer) with what the system says about its last error.

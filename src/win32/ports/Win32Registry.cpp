@@ -78,9 +78,10 @@ std::int32_t Win32Registry::enumerateValue(Key key, std::uint32_t index, std::st
     const LONG known = ::RegQueryInfoKeyA(systemKey(key), nullptr, nullptr, nullptr, nullptr, nullptr,
                                           nullptr, nullptr, &longest, nullptr, nullptr, nullptr);
     if (known != ERROR_SUCCESS) return known;
-    // The length is in characters, of which one may take several bytes, and without the terminating zero.
-    constexpr DWORD kBytesPerCharacter = 2;
-    std::string buffer(longest * kBytesPerCharacter + 1, '\0');
+    // The length is in units of UTF-16, of which one may take several bytes in the code page (four at most,
+    // in one that holds all of Unicode), and without the terminating zero.
+    constexpr std::size_t kBytesPerUnit = 4;
+    std::string buffer(longest * kBytesPerUnit + 1, '\0');
     auto length = static_cast<DWORD>(buffer.size());
     const LONG outcome =
         ::RegEnumValueA(systemKey(key), index, buffer.data(), &length, nullptr, nullptr, nullptr, nullptr);

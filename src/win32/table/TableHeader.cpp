@@ -153,19 +153,11 @@ void TableHeader::fit(int column, const Scale& scale, HFONT font) {
     takeChanges(scale);
 }
 
-int TableHeader::hit(POINT at, UINT parts) const {
+int TableHeader::columnAt(POINT at) const {
     HDHITTESTINFO test{};
     test.pt = at;
     ::SendMessageW(header_, HDM_HITTEST, 0, reinterpret_cast<LPARAM>(&test));
-    return (test.flags & parts) != 0 ? test.iItem : -1;
-}
-
-int TableHeader::columnAt(POINT at) const {
-    return hit(at, HHT_ONHEADER);
-}
-
-int TableHeader::dividerAt(POINT at) const {
-    return hit(at, HHT_ONDIVIDER | HHT_ONDIVOPEN);
+    return (test.flags & HHT_ONHEADER) != 0 ? test.iItem : -1;
 }
 
 RECT TableHeader::columnRect(int column) const {

@@ -29,13 +29,10 @@ class TableHeader {
 
     /// The column under a point of the header, -1 beside them; dividers belong to no column.
     int columnAt(POINT at) const;
-    /// The column that the divider under the point resizes, -1 when there is none.
-    int dividerAt(POINT at) const;
     /// The heading's rectangle in the list's client area.
     RECT columnRect(int column) const;
 
   private:
-    int hit(POINT at, UINT parts) const;
     std::vector<int> shownOrder() const;
     int shownWidth(int column) const;
     void takeStretch(const Scale& scale);

@@ -179,6 +179,19 @@ TEST_F(KnowledgeBaseAdapterTest, NoFoundProcessesMayComeAsAnEmptyArrayOfThatReco
     EXPECT_TRUE(adapter_.featureCaseStore().processesOfValues({}, 0).empty());
 }
 
+TEST_F(KnowledgeBaseAdapterTest, RecordsInThePlaceOfValuesAreAnError) {
+    cases_->on(L"ProcessesOfValues", [](const ScriptedObject::Values&) {
+        VariantArg records;
+        records.get().parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
+        records.get().vt = VT_ARRAY | VT_VARIANT;
+        // as many as a record has values
+        *static_cast<VARIANT*>(records.get().parray->pvData) = arrayOfNodes(std::vector<pNode>(7)).release();
+        return records;
+    });
+    expectError(errors::kHostInterface, "has structures where values belong",
+                [&] { adapter_.featureCaseStore().processesOfValues({}, 0); });
+}
+
 TEST_F(KnowledgeBaseAdapterTest, ARecordOfAnotherKindIsAnErrorThatNamesTheMember) {
     processes_->on(L"Process", [](const ScriptedObject::Values&) { return arrayOfNodes({pNode{}}); });
     expectError(errors::kHostInterface, "ProcessStore.Process answered with an array that has structures of",

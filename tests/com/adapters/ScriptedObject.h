@@ -31,7 +31,8 @@ class ScriptedObject : public IDispatch {
         failures_[name] = {code, details};
         return on(name, VariantArg());
     }
-
+    /// The next question for a name is refused.
+    void refuseTheNextName(HRESULT code) { refusal_ = code; }
     /// From now on nothing can be asked any more, as after the end of the object's process.
     void goneWith(HRESULT code) { goneWith_ = code; }
 
@@ -70,6 +71,7 @@ class ScriptedObject : public IDispatch {
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
         ++nameLookups_;
         if (goneWith_ != S_OK) return goneWith_;
+        if (const HRESULT refusal = std::exchange(refusal_, S_OK); refusal != S_OK) return refusal;
         for (std::size_t at = 0; at < members_.size(); ++at) {
             if (_wcsicmp(members_[at].first.c_str(), names[0]) != 0) continue;
             ids[0] = static_cast<DISPID>(at);
@@ -105,6 +107,7 @@ class ScriptedObject : public IDispatch {
     std::map<std::wstring, int> calls_;
     int nameLookups_ = 0;
     HRESULT goneWith_ = S_OK;
+    HRESULT refusal_ = S_OK;
     WORD lastFlags_ = 0;
     ULONG references_ = 0;
 };

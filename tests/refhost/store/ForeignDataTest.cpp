@@ -61,5 +61,21 @@ TEST_F(ForeignDataTest, BytesThatAreNoTextDoNoHarm) {
     EXPECT_FALSE(all->text(0, 1).empty());
 }
 
+TEST_F(ForeignDataTest, SortingKeysThatAreNotThoseOfTheProcessesAreDamageAndNoCrash) {
+    insert("'A', 71, '', ''");
+    const auto sort = [this] {
+        pellmark::RowQuery byName;
+        byName.sortField = "_Name";
+        return service.processStore().findProcesses(byName)->count();
+    };
+    ASSERT_EQ(sort(), 1U);
+    for (const char* spoil : {"INSERT INTO process_key VALUES (99, x'02', x'02', x'02')",
+                              "DELETE FROM process_key WHERE process <> 99", "DELETE FROM process_key"}) {
+        service.base()->connection().execute(spoil);
+        EXPECT_THROW(sort(), FileError) << spoil;
+    }
+    EXPECT_EQ(service.processStore().processes("")->count(), 1U) << "the list itself can be read";
+}
+
 }  // namespace
 }  // namespace norvex

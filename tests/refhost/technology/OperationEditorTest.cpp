@@ -279,6 +279,28 @@ TEST_F(OperationEditorTest, AStoredTextThatIsNoFigureIsKeptUntilItIsAccepted) {
     EXPECT_THAT(editor.problem()->reason, HasSubstr("'six' is none"));
 }
 
+TEST_F(OperationEditorTest, StoredFiguresTooLargeToReckonWithCanBeCorrected) {
+    Operation operation = Operation::withDefaults(cycle::kDrilling, unit::kMetric);
+    operation.set(code::kSpindleSpeed, 1e200, Origin::Given);
+    operation.set(code::kFeedPerRevolution, 1e200, Origin::Given);
+    operation.set(code::kCuttingSpeed, 1e300, Origin::Given);
+    operation.set(code::kToolDiameter, 1e-300, Origin::Given);
+    editor = {operation, table()};
+    EXPECT_EQ(value("Feed rate"), "");
+    EXPECT_EQ(editor.hint(), "");
+    EXPECT_THAT(editor.computeSpindleSpeed(), HasSubstr("needs a cutting speed and a diameter"));
+    EXPECT_EQ(type("Spindle speed", "2550"), "");
+    EXPECT_EQ(type("Feed per revolution", "0.2"), "");
+    EXPECT_EQ(value("Feed rate"), "510");
+}
+
+TEST_F(OperationEditorTest, TheTableHelpsWithNoDiameterThatIsTooLargeToReckonWith) {
+    Operation operation = Operation::withDefaults(cycle::kDrilling, unit::kMetric);
+    operation.set(code::kToolDiameter, 1e307, Origin::Given);
+    editor = {operation, table()};
+    EXPECT_THAT(editor.takeFromTable('P'), HasSubstr("enter the diameter first"));
+}
+
 TEST_F(OperationEditorTest, ACycleThatNobodyKnowsHasEveryParameterAndNoFigures) {
     editor = of(77);
     EXPECT_EQ(editor.count(), definitions().size());

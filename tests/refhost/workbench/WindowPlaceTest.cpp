@@ -87,8 +87,9 @@ TEST_F(WindowPlaceTest, WhatIsNoPlaceCountsAsNone) {
     EXPECT_TRUE(EqualRect(&again->area, &place.area));
     EXPECT_EQ(again->dpi, 144);
     EXPECT_TRUE(again->isMaximized);
-    for (const char* text : {"", "1 2 3 4 96", "a b c d e f", "0 0 0 100 96 0", "0 0 100 -1 96 0",
-                             "0 0 100 100 0 0", "999999 0 100 100 96 0", "99999999999 0 100 100 96 0"}) {
+    for (const char* text :
+         {"", "1 2 3 4 96", "a b c d e f", "0 0 0 100 96 0", "0 0 100 -1 96 0", "0 0 100 100 0 0",
+          "999999 0 100 100 96 0", "99999999999 0 100 100 96 0", "-2147483648 0 100 100 96 0"}) {
         EXPECT_FALSE(WindowPlace::from(text)) << text;
     }
 }

@@ -56,5 +56,15 @@ TEST_F(AccessKeysTest, LettersBeyondAsciiAreKeysToo) {
     EXPECT_EQ(form.name.caption(), "&\xC3\x84nderung");
 }
 
+TEST_F(AccessKeysTest, CapitalAndSmallLettersBeyondAsciiAreOneKey) {
+    form.name.setCaption("\xD0\x95\xD0\xB4");            // Cyrillic capital ie, small de
+    form.number.setCaption("\xD0\xB5\xD0\x94\xD1\x8F");  // small ie, capital de, small ya
+    form.nun.setCaption("\xD0\xB4\xD1\x8E");             // small de, small yu
+    assignAccessKeys(form);
+    EXPECT_EQ(form.name.caption(), "&\xD0\x95\xD0\xB4");
+    EXPECT_EQ(form.number.caption(), "\xD0\xB5&\xD0\x94\xD1\x8F");
+    EXPECT_EQ(form.nun.caption(), "\xD0\xB4&\xD1\x8E");
+}
+
 }  // namespace
 }  // namespace pellmark::test

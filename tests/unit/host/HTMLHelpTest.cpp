@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
+#include "base/Error.h"
 #include "support/PortsHarness.h"
 
 namespace pellmark::test {
@@ -42,6 +45,11 @@ TEST_F(HTMLHelpTest, WholeAndSingleNumbersOpenTheirContext) {
     EXPECT_THAT(topicsFor(4999.75F), ElementsAre("5000"));
     EXPECT_THAT(topicsFor(5000.5F), ElementsAre("5000")) << "a half goes to the even number";
     EXPECT_THAT(topicsFor(5001.5F), ElementsAre("5002"));
+}
+
+TEST_F(HTMLHelpTest, ANumberThatIsNoContextIsAFailure) {
+    EXPECT_THROW(topicsFor(1e20F), Error);
+    EXPECT_THROW(topicsFor(std::numeric_limits<float>::quiet_NaN()), Error);
 }
 
 TEST_F(HTMLHelpTest, ATextIsSentInTheNumbersPlace) {

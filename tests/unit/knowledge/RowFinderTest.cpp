@@ -77,6 +77,17 @@ TEST_F(RowFinderTest, AColumnOfNumbersIsSortedByValue) {
     EXPECT_THAT(find(sorting("_Number")), ElementsAre(1, 4, 2, 3, 0, 5)) << "as texts, then";
 }
 
+TEST_F(RowFinderTest, WordsThatOnlyAProgramTakesForNumbersAreTexts) {
+    add("Nan", "nan");
+    add("Infeed", "inf");
+    add("Bore", "10");
+    add("Drill", "9");
+    EXPECT_THAT(find(sorting("_Number")), ElementsAre(3, 2, 1, 0));
+    add("Hexadecimal", "0x1");
+    add("Signed", "-3");
+    EXPECT_THAT(find(sorting("_Number")), ElementsAre(5, 4, 3, 2, 1, 0));
+}
+
 TEST_F(RowFinderTest, AColumnIsSortedByWhatIsSeenOfIt) {
     add("a", "", "71");
     add("b", "", "70");

@@ -134,6 +134,35 @@ TEST_F(CProcessTest, AFailingStoreLeavesATraceAndNoException) {
     EXPECT_THAT(trace.lines(), Contains(HasSubstr("cProcess::RefreshList: error 26104")));
 }
 
+TEST_F(CProcessTest, ARowThatCannotBeReadCanBeSelected) {
+    class Unreadable : public RecordSet {
+      public:
+        const std::vector<std::string>& fields() const override { return fields_; }
+        std::size_t count() override { return 2; }
+        std::string text(std::size_t, std::size_t) override {
+            throw Error(errors::kKnowledgeBase, "test", "The file is locked.");
+        }
+        std::optional<std::vector<Guid>> keys() override {
+            return std::vector{Guid::random(), Guid::random()};
+        }
+
+      private:
+        std::vector<std::string> fields_{field::kId};
+    };
+    start();
+    grid.bind(std::make_shared<Unreadable>());
+    grid.setRowDataFromColumn(0);
+    int heard = 0;
+    const auto told = list.currentChanged.subscribe([&] { ++heard; });
+    {
+        const Grid::RedrawOff off(grid);
+        grid.select(2, 0);
+    }
+    EXPECT_EQ(grid.row(), 2);
+    EXPECT_EQ(heard, 1);
+    EXPECT_THAT(trace.lines(), Contains(HasSubstr("cProcess::rowChanged: error 26104")));
+}
+
 TEST_F(CProcessTest, UpdateFromDbShowsWhatTheStoreHoldsNow) {
     const std::string id = base.addProcess("old", unit::kInch);
     start();

@@ -68,6 +68,14 @@ TEST_F(ListArrangementTest, WhatIsTypedDuringAWalkCounts) {
     EXPECT_EQ(line.LblFound.caption(), "111 of 10000");
 }
 
+TEST_F(ListArrangementTest, RecordsThatTheirOwnerLetsGoDuringAWalkAreWalkedToTheEnd) {
+    fill(10000);
+    arrangement.find();
+    slow.act = [&] { all.reset(); };
+    type("n9");
+    EXPECT_EQ(grid.dataRows(), 1111);
+}
+
 TEST_F(ListArrangementTest, EscapeDuringAWalkShowsTheWholeList) {
     fill(10000);
     arrangement.find();

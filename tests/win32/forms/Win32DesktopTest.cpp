@@ -59,6 +59,14 @@ TEST_F(Win32DesktopTest, TheBoxIsOwnedByTheHostAndTheFocusReturnsToTheGrid) {
     EXPECT_TRUE(hasFocus(form->grid));
 }
 
+TEST_F(Win32DesktopTest, ABoxThatComesWhileAnotherProgramIsInFrontIsOwnedByTheHostAllTheSame) {
+    embed();
+    ::SetForegroundWindow(::GetDesktopWindow());
+    ASSERT_EQ(::GetActiveWindow(), nullptr);
+    answerWith(VK_RETURN, MessageButtons::Ok);
+    EXPECT_EQ(owner_, host());
+}
+
 TEST_F(Win32DesktopTest, TheBoxStandsOverTheMiddleOfItsOwner) {
     embed();
     for (const POINT corner : {POINT{20, 30}, POINT{500, 300}}) {

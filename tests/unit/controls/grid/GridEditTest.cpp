@@ -56,5 +56,29 @@ TEST_F(GridEditTest, HeadingsAndLockedColumnsAreNotEdited) {
     EXPECT_FALSE(grid.beginEdit(9, 1));
 }
 
+TEST_F(GridEditTest, ARowThatIsAnotherOneByTheTimeItMayBeEditedIsNotEdited) {
+    const auto host = grid.beforeEdit.subscribe([this](CellEdit&) { grid.removeRow(1); });
+    EXPECT_FALSE(grid.beginEdit(1, 1));
+    EXPECT_FALSE(grid.beginEdit(1, 1)) << "the last one, which is gone now";
+    EXPECT_FALSE(grid.isEditing());
+}
+
+TEST_F(GridEditTest, ACellThatReadsOtherwiseByTheTimeItMayBeEditedIsNotEdited) {
+    const auto host = grid.beforeEdit.subscribe([this](CellEdit&) { grid.setText(1, 1, "other"); });
+    EXPECT_FALSE(grid.beginEdit(1, 1));
+    EXPECT_TRUE(grid.beginEdit(1, 1));
+}
+
+TEST_F(GridEditTest, AValueIsNotAppliedToRowsThatCameWhileItWasChecked) {
+    int heard = 0;
+    const auto after = grid.afterEdit.subscribe([&](int, int) { ++heard; });
+    const auto host = grid.validateEdit.subscribe([this](CellEdit&) { fill(2); });
+    ASSERT_TRUE(grid.beginEdit(1, 1));
+    EXPECT_FALSE(grid.commitEdit("edited"));
+    EXPECT_THAT(names(), ElementsAre("a", "b"));
+    EXPECT_FALSE(grid.isEditing());
+    EXPECT_EQ(heard, 0);
+}
+
 }  // namespace
 }  // namespace pellmark::test

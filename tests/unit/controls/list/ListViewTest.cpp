@@ -212,14 +212,6 @@ TEST_F(ListViewTest, TurningSortingOffKeepsTheOrderShown) {
     EXPECT_EQ(list.indexOf("key of b"), 1);
 }
 
-TEST_F(ListViewTest, TypingFindsTheNextCaptionThatBeginsSoAndGoesRound) {
-    fill({"Drill", "Ream", "drift", "Tap"});
-    EXPECT_EQ(list.findPrefix("dr", 0), 0);
-    EXPECT_EQ(list.findPrefix("DR", 1), 2);
-    EXPECT_EQ(list.findPrefix("dr", 3), 0);
-    EXPECT_EQ(list.findPrefix("drills", 0), -1);
-}
-
 TEST_F(ListViewTest, AnotherFontIsToldOnce) {
     std::vector<ListChange::What> changes;
     const auto heard =
