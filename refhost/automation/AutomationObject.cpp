@@ -5,6 +5,8 @@
 #include "automation/Coercion.h"
 #include "automation/Guard.h"
 #include "automation/TypeLibrary.h"
+#include "refhost/automation/HostConfiguration.h"
+#include "refhost/texts/HostError.h"
 
 namespace norvex {
 
@@ -88,7 +90,7 @@ HRESULT AutomationObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPA
     if (result != nullptr) VariantInit(result);
     const pellmark::ComPtr<IDispatch> alive(this);  // a member may release the last reference of its caller
     return pellmark::trapAsResult(name_, exception, argument, [&] {
-        VariantArg value = invoke(id, flags, *parameters);
+        VariantArg value = invokeTranslated(id, flags, *parameters);
         if (result != nullptr) *result = value.release();
     });
 }
@@ -105,6 +107,15 @@ const AutomationObject::Member* AutomationObject::find(DISPID id) const {
     const auto found = std::find_if(members_.begin(), members_.end(),
                                     [id](const Member& member) { return member.id == id; });
     return found == members_.end() ? nullptr : &*found;
+}
+
+VariantArg AutomationObject::invokeTranslated(DISPID id, WORD flags, const DISPPARAMS& parameters) {
+    try {
+        return invoke(id, flags, parameters);
+    } catch (const HostError& error) {
+        const HostTexts texts = configuration::texts();
+        throw error.translated([&texts](const std::string& english) { return texts.of(english); });
+    }
 }
 
 VariantArg AutomationObject::invoke(DISPID id, WORD flags, const DISPPARAMS& parameters) {

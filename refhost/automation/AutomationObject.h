@@ -74,6 +74,8 @@ class AutomationObject : public IDispatch {
 
     const Member* find(DISPID id) const;
     pellmark::VariantArg invoke(DISPID id, WORD flags, const DISPPARAMS& parameters);
+    /// The same; what fails is told in the language of the moment.
+    pellmark::VariantArg invokeTranslated(DISPID id, WORD flags, const DISPPARAMS& parameters);
 
     const char* name_;
     IID interfaceId_;

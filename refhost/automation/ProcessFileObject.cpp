@@ -1,8 +1,8 @@
 #include "refhost/automation/ProcessFileObject.h"
 
-#include "base/Error.h"
 #include "refhost/automation/Identifiers.h"
 #include "refhost/automation/TechnologyObject.h"
+#include "refhost/texts/HostError.h"
 
 namespace norvex {
 
@@ -19,8 +19,8 @@ ProcessFileObject::ProcessFileObject(const std::string& path)
 VariantArg ProcessFileObject::next() {
     auto operation = reader_.next();
     if (!operation) {
-        throw pellmark::Error(pellmark::errors::kNotFound, "Norvex.ProcessFile",
-                              "All operations of the file have been read.");
+        throw HostError(pellmark::errors::kNotFound, "Norvex.ProcessFile",
+                        Sentence("All operations of the file have been read."));
     }
     return makeObject<TechnologyObject>(*std::move(operation));
 }

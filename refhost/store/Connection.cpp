@@ -29,28 +29,42 @@ void refuseWhatNoFileNeeds(sqlite3* database) {
     sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
 }
 
-std::string adviceFor(int resultCode, const std::string& detail) {
+Sentence adviceFor(const std::string& path, int resultCode, const std::string& detail) {
     switch (resultCode & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            return "is in use by another program that does not let go of it. Try again, or close the other "
-                   "program.";
+            return Sentence(
+                "The knowledge base '%1' is in use by another program that does not let go of it. Try "
+                "again, or close the other program.",
+                {path});
         case SQLITE_NOTADB:
         case SQLITE_CORRUPT:
-            return "is damaged or not a knowledge base. It has been left as it is; restore it from a backup.";
+            return Sentence(
+                "The knowledge base '%1' is damaged or not a knowledge base. It has been left as it is; "
+                "restore it from a backup.",
+                {path});
         case SQLITE_READONLY:
-            return "is read-only: it can be looked at, but not changed. Remove the write protection of the "
-                   "file "
-                   "and its folder, or copy it to a folder that you may write to, and open it again.";
+            return Sentence(
+                "The knowledge base '%1' is read-only: it can be looked at, but not changed. Remove the "
+                "write protection of the file and its folder, or copy it to a folder that you may write to, "
+                "and open it again.",
+                {path});
         case SQLITE_CANTOPEN:
-            return "cannot be opened. Check that it is a file, and that you may read and write it and its "
-                   "folder.";
+            return Sentence(
+                "The knowledge base '%1' cannot be opened. Check that it is a file, and that you may read "
+                "and write it and its folder.",
+                {path});
         case SQLITE_FULL:
-            return "cannot grow because the disk is full. Make room and try again.";
+            return Sentence(
+                "The knowledge base '%1' cannot grow because the disk is full. Make room and try again.",
+                {path});
         case SQLITE_IOERR:
-            return "cannot be read or written (" + detail + "). Check the disk or the network drive.";
+            return Sentence(
+                "The knowledge base '%1' cannot be read or written (%2). Check the disk or the network "
+                "drive.",
+                {path, detail});
         default:
-            return "could not be used (" + detail + ").";
+            return Sentence("The knowledge base '%1' could not be used (%2).", {path, detail});
     }
 }
 
@@ -89,8 +103,7 @@ std::string frozenAddress(const std::string& path) {
 }  // namespace
 
 FileError::FileError(const std::string& path, int resultCode, const std::string& detail)
-    : Error(pellmark::errors::kKnowledgeBase, "KnowledgeBase",
-            "The knowledge base '" + path + "' " + adviceFor(resultCode, detail)),
+    : HostError(pellmark::errors::kKnowledgeBase, "KnowledgeBase", adviceFor(path, resultCode, detail)),
       resultCode_(resultCode) {}
 
 bool FileError::deniesWriting() const {

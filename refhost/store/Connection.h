@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/Error.h"
+#include "refhost/texts/HostError.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -15,9 +15,9 @@ struct sqlite3_stmt;
 namespace norvex {
 
 /// A failure on the file of a knowledge base (kKnowledgeBase).
-class FileError : public pellmark::Error {
+class FileError : public HostError {
   public:
-    /// `resultCode` and `detail` are SQLite's.
+    /// `resultCode` and `detail` are SQLite's; the detail stands as it is in every language.
     FileError(const std::string& path, int resultCode, const std::string& detail);
 
     /// What failed was writing, or what SQLite must be able to write for it; reading may still be possible.

@@ -8,15 +8,14 @@
 #include <fstream>
 #include <string_view>
 
-#include "base/Error.h"
 #include "refhost/store/Schema.h"
 #include "refhost/store/Statement.h"
+#include "refhost/texts/HostError.h"
 
 namespace norvex {
 
 namespace {
 
-using pellmark::Error;
 namespace errors = pellmark::errors;
 
 constexpr std::size_t kHeaderSize = 100;
@@ -50,9 +49,11 @@ void requireFolderOf(const std::filesystem::path& file, const std::string& path)
     std::error_code failure;
     if (folder.empty() || std::filesystem::is_directory(folder, failure)) return;
     const std::u8string name = folder.u8string();
-    throw Error(errors::kKnowledgeBase, "KnowledgeBase",
-                "The knowledge base '" + path + "' cannot be opened: there is no folder '" +
-                    std::string(name.begin(), name.end()) + "'. Check the path, or make the folder first.");
+    throw HostError(
+        errors::kKnowledgeBase, "KnowledgeBase",
+        Sentence("The knowledge base '%1' cannot be opened: there is no folder '%2'. Check the path, or "
+                 "make the folder first.",
+                 {path, std::string(name.begin(), name.end())}));
 }
 
 /// Something stands beside the file in which there may be what the file itself does not hold yet, or what
@@ -118,18 +119,18 @@ void checkContents(Connection& connection) {
     const std::int64_t objects = pragma(connection, "SELECT count(*) FROM sqlite_master");
     const bool isEmpty = version == 0 && objects == 0;
     if (!isEmpty && !hasKnowledgeBaseMark(connection)) {
-        throw Error(
+        throw HostError(
             errors::kKnowledgeBase, "KnowledgeBase",
-            "'" + connection.path() +
-                "' is a database of another program and no knowledge base. It has been left as it is; "
-                "choose another file.");
+            Sentence("'%1' is a database of another program and no knowledge base. It has been left as it "
+                     "is; choose another file.",
+                     {connection.path()}));
     }
     if (version > currentSchemaVersion()) {
-        throw Error(errors::kKnowledgeBase, "KnowledgeBase",
-                    "The knowledge base '" + connection.path() +
-                        "' was written by a newer program (version " + std::to_string(version) +
-                        ", this one reads up to " + std::to_string(currentSchemaVersion()) +
-                        "). It has been left as it is; update this program.");
+        throw HostError(
+            errors::kKnowledgeBase, "KnowledgeBase",
+            Sentence("The knowledge base '%1' was written by a newer program (version %2, this one reads up "
+                     "to %3). It has been left as it is; update this program.",
+                     {connection.path(), std::to_string(version), std::to_string(currentSchemaVersion())}));
     }
     checkPages(connection);
 }

@@ -3,7 +3,6 @@
 #include <thread>
 #include <utility>
 
-#include "base/Error.h"
 #include "refhost/store/CuttingData.h"
 #include "refhost/store/FileCheck.h"
 #include "refhost/store/ProcessKeys.h"
@@ -40,16 +39,21 @@ std::shared_ptr<KnowledgeBase> KnowledgeBase::openToLookAt(const std::string& pa
     std::shared_ptr<KnowledgeBase> base(new KnowledgeBase(path, openingToLookAt(path), options));
     const int version = schemaVersion(base->connection_);
     if (version == currentSchemaVersion()) return base;
-    const std::string what = version == 0
-                                 ? "is empty"
-                                 : "was written by an older program (version " + std::to_string(version) +
-                                       ", this one needs " + std::to_string(currentSchemaVersion()) + ")";
-    throw pellmark::Error(
+    if (version == 0) {
+        throw HostError(
+            pellmark::errors::kKnowledgeBase, "KnowledgeBase",
+            Sentence("The knowledge base '%1' is empty and cannot be brought up to date, because it is "
+                     "read-only. Remove the write protection of the file and its folder, or copy it to a "
+                     "folder that you may write to, and open it again.",
+                     {path}));
+    }
+    throw HostError(
         pellmark::errors::kKnowledgeBase, "KnowledgeBase",
-        "The knowledge base '" + path + "' " + what +
-            " and cannot be brought up to date, because it is read-only. Remove the write "
-            "protection of the file and its folder, or copy it to a folder that you may write "
-            "to, and open it again.");
+        Sentence(
+            "The knowledge base '%1' was written by an older program (version %2, this one needs %3) and "
+            "cannot be brought up to date, because it is read-only. Remove the write protection of the file "
+            "and its folder, or copy it to a folder that you may write to, and open it again.",
+            {path, std::to_string(version), std::to_string(currentSchemaVersion())}));
 }
 
 KnowledgeBase::KnowledgeBase(const std::string& path, Opening opening, const OpenOptions& options)

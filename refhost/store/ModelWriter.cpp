@@ -19,7 +19,7 @@ std::string ModelWriter::addMaterialClass(const std::string& name) {
 
 std::string ModelWriter::addMaterial(const std::string& name, const std::string& classId) {
     return addOwned("material", name, "material_class",
-                    requireRow(connection_, "material_class", "material class", classId));
+                    requireRow(connection_, kind::kMaterialClass, classId));
 }
 
 void ModelWriter::addNvxFeatureType(std::int16_t id, const std::string& name) {
@@ -49,12 +49,11 @@ std::string ModelWriter::addFeatureType(const std::string& name, std::int16_t nv
 
 std::string ModelWriter::addKey(const std::string& featureTypeId, const std::string& name) {
     return addOwned("feature_key", name, "feature_type",
-                    requireRow(connection_, "feature_type", "feature type", featureTypeId));
+                    requireRow(connection_, kind::kFeatureType, featureTypeId));
 }
 
 std::string ModelWriter::addValue(const std::string& keyId, const std::string& name) {
-    return addOwned("feature_value", name, "feature_key",
-                    requireRow(connection_, "feature_key", "key", keyId));
+    return addOwned("feature_value", name, "feature_key", requireRow(connection_, kind::kKey, keyId));
 }
 
 void ModelWriter::addCuttingCycle(std::int16_t id, const std::string& name, int type) {
@@ -64,7 +63,7 @@ void ModelWriter::addCuttingCycle(std::int16_t id, const std::string& name, int 
 
 void ModelWriter::protectProcess(const std::string& processId) {
     Statement protect(connection_, "UPDATE process SET protected = 1 WHERE row = ?");
-    protect.bind(requireRow(connection_, "process", "process", processId)).run();
+    protect.bind(requireRow(connection_, kind::kProcess, processId)).run();
 }
 
 std::string ModelWriter::addNamed(const std::string& table, const std::string& name) {

@@ -7,7 +7,6 @@
 #include <numeric>
 #include <string_view>
 
-#include "base/Error.h"
 #include "base/Text.h"
 #include "knowledge/Records.h"
 #include "refhost/store/Statement.h"
@@ -75,8 +74,8 @@ const char* keysOf(const std::string& name) {
 
 std::uint32_t rowNumber(const Connection& connection, std::int64_t row) {
     if (row >= 0 && row <= std::numeric_limits<std::uint32_t>::max()) return static_cast<std::uint32_t>(row);
-    throw pellmark::Error(pellmark::errors::kKnowledgeBase, "KnowledgeBase",
-                          "The knowledge base '" + connection.path() + "' has used up its row numbers.");
+    throw HostError(pellmark::errors::kKnowledgeBase, "KnowledgeBase",
+                    Sentence("The knowledge base '%1' has used up its row numbers.", {connection.path()}));
 }
 
 std::int64_t ProcessOrders::state(Connection& connection) {

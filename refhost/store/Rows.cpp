@@ -1,6 +1,7 @@
 #include "refhost/store/Rows.h"
 
-#include "base/Error.h"
+#include <utility>
+
 #include "refhost/store/Statement.h"
 
 namespace norvex {
@@ -13,18 +14,16 @@ std::optional<std::int64_t> findRow(Connection& connection, const std::string& t
     return find.step() ? std::optional(find.integer(0)) : std::nullopt;
 }
 
-std::int64_t requireRow(Connection& connection, const std::string& table, const std::string& what,
-                        const std::string& id) {
-    const auto row = findRow(connection, table, id);
-    if (!row) throwNotFound(what);
+std::int64_t requireRow(Connection& connection, const RecordKind& kind, const std::string& id) {
+    const auto row = findRow(connection, kind.table, id);
+    if (!row) throwNotFound(Sentence(kind.gone));
     return *row;
 }
 
-void throwNotFound(const std::string& what) {
-    throw pellmark::Error(
-        pellmark::errors::kNotFound, "KnowledgeBase",
-        "The " + what +
-            " no longer exists; it may have been deleted by somebody else. Refresh the list and try again.");
+void throwNotFound(Sentence gone) {
+    throw HostError(pellmark::errors::kNotFound, "KnowledgeBase",
+                    Sentence("%1 It may have been deleted by somebody else. Refresh the list and try again.",
+                             {std::move(gone)}));
 }
 
 }  // namespace norvex

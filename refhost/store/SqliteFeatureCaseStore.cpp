@@ -3,7 +3,6 @@
 #include <set>
 #include <utility>
 
-#include "base/Error.h"
 #include "knowledge/MemoryRecordSet.h"
 #include "refhost/store/Rows.h"
 #include "refhost/store/Statement.h"
@@ -101,8 +100,8 @@ SqliteFeatureCaseStore::SqliteFeatureCaseStore(std::shared_ptr<KnowledgeBase> ba
 std::vector<pNode> SqliteFeatureCaseStore::processesOfValues(const FeatureCaseDescription& description,
                                                              int style) {
     if (style != 0 && style != 1) {
-        throw pellmark::Error(pellmark::errors::kInvalidArgument, kSource,
-                              "There are only the list styles 0 and 1.");
+        throw HostError(pellmark::errors::kInvalidArgument, kSource,
+                        Sentence("There are only the list styles 0 and 1."));
     }
     const AskedValues asked(description.valueIds);
     const Filters filters{description.processUnit >= 0, !description.materialClassId.empty(), style == 0};
@@ -127,7 +126,7 @@ std::string SqliteFeatureCaseStore::createFeatureCase(const FeatureCaseDescripti
                   "INSERT INTO feature_case (id, feature_type, nvx_feature_type, part_type, unit, "
                   "material_class, process_unit) VALUES (?, ?, ?, ?, ?, ?, ?)");
     add.bind(id);
-    add.bind(requireRow(connection(), "feature_type", "feature type", description.featureTypeId));
+    add.bind(requireRow(connection(), kind::kFeatureType, description.featureTypeId));
     add.bind(std::int64_t{description.nvxFeatureType});
     bindRow(add, findRow(connection(), "part_type", description.partTypeId));
     add.bind(std::int64_t{description.unit});
@@ -140,8 +139,8 @@ std::string SqliteFeatureCaseStore::createFeatureCase(const FeatureCaseDescripti
 
 void SqliteFeatureCaseStore::addValue(const std::string& valueId, const std::string& featureCaseId) {
     Transaction change(connection(), Transaction::Kind::Write);
-    const std::int64_t featureCase = requireRow(connection(), "feature_case", "feature case", featureCaseId);
-    const std::int64_t value = requireRow(connection(), "feature_value", "value", valueId);
+    const std::int64_t featureCase = requireRow(connection(), kind::kFeatureCase, featureCaseId);
+    const std::int64_t value = requireRow(connection(), kind::kValue, valueId);
     Statement add(connection(),
                   "INSERT OR IGNORE INTO feature_case_value (feature_case, value) VALUES (?, ?)");
     add.bind(featureCase).bind(value).run();

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "base/Guid.h"
-#include "knowledge/FieldLimits.h"
 #include "knowledge/MemoryRecordSet.h"
+#include "refhost/store/Lengths.h"
 #include "refhost/store/ProcessFinder.h"
 #include "refhost/store/ProcessKeys.h"
 #include "refhost/store/ProcessRecordSet.h"
@@ -71,7 +71,7 @@ std::shared_ptr<RecordSet> SqliteProcessStore::findProcesses(const RowQuery& que
 ProcessRecord SqliteProcessStore::process(const std::string& id) {
     Statement find(connection(), kOneProcess);
     find.bindId(id);
-    if (!find.step()) throwNotFound("process");
+    if (!find.step()) throwNotFound(Sentence(kind::kProcess.gone));
     return recordOf(find);
 }
 
@@ -100,7 +100,7 @@ std::shared_ptr<RecordSet> SqliteProcessStore::orphanProcesses() {
 }
 
 std::string SqliteProcessStore::addProcess(const ProcessRecord& record) {
-    checkLengths(record, kSource);
+    checkLengths(record);
     const Guid id = Guid::random();
     Statement add(connection(),
                   "INSERT INTO process (id, name, unit, rule, description) VALUES (?, ?, ?, ?, ?)");
@@ -110,12 +110,12 @@ std::string SqliteProcessStore::addProcess(const ProcessRecord& record) {
 }
 
 void SqliteProcessStore::updateProcess(const ProcessRecord& record) {
-    checkLengths(record, kSource);
+    checkLengths(record);
     Statement update(connection(),
                      "UPDATE process SET name = ?, unit = ?, rule = ?, description = ? WHERE id = ?");
     update.bind(record.Name).bind(std::int64_t{record.Unit}).bind(record.Rule).bind(record.Description);
     update.bindId(record.Id).run();
-    if (connection().changes() == 0) throwNotFound("process");
+    if (connection().changes() == 0) throwNotFound(Sentence(kind::kProcess.gone));
 }
 
 bool SqliteProcessStore::deleteProcess(const std::string& id) {
@@ -126,8 +126,8 @@ bool SqliteProcessStore::deleteProcess(const std::string& id) {
 
 void SqliteProcessStore::attach(const std::string& processId, const std::string& featureCaseId) {
     Transaction change(connection(), Transaction::Kind::Write);
-    const std::int64_t process = requireRow(connection(), "process", "process", processId);
-    const std::int64_t featureCase = requireRow(connection(), "feature_case", "feature case", featureCaseId);
+    const std::int64_t process = requireRow(connection(), kind::kProcess, processId);
+    const std::int64_t featureCase = requireRow(connection(), kind::kFeatureCase, featureCaseId);
     Statement add(connection(), "INSERT OR IGNORE INTO attachment (feature_case, process) VALUES (?, ?)");
     add.bind(featureCase).bind(process).run();
     change.commit();
@@ -144,8 +144,8 @@ bool SqliteProcessStore::detach(const std::string& featureCaseId, const std::str
 
 void SqliteProcessStore::addMaterial(const std::string& processId, const std::string& materialId) {
     Transaction change(connection(), Transaction::Kind::Write);
-    const std::int64_t process = requireRow(connection(), "process", "process", processId);
-    const std::int64_t material = requireRow(connection(), "material", "material", materialId);
+    const std::int64_t process = requireRow(connection(), kind::kProcess, processId);
+    const std::int64_t material = requireRow(connection(), kind::kMaterial, materialId);
     Statement add(connection(), "INSERT OR IGNORE INTO process_material (process, material) VALUES (?, ?)");
     add.bind(process).bind(material).run();
     change.commit();

@@ -3,10 +3,9 @@
 #include <limits>
 #include <utility>
 
-#include "base/Error.h"
 #include "base/Guid.h"
-#include "knowledge/FieldLimits.h"
 #include "knowledge/MemoryRecordSet.h"
+#include "refhost/store/Lengths.h"
 #include "refhost/store/Rows.h"
 #include "refhost/store/Statement.h"
 
@@ -25,12 +24,12 @@ namespace {
 
 constexpr const char* kSource = "KnowledgeBase";
 
-/// What a message calls a value of a step.
-std::string nameOfValue(Connection& connection, std::int64_t step, std::int32_t code) {
+/// A sentence with two places: the code of a value and the name of its step.
+Sentence aboutValue(const char* english, Connection& connection, std::int64_t step, std::int32_t code) {
     Statement find(connection, "SELECT name FROM process_step WHERE row = ?");
     find.bind(step);
     const std::string name = find.step() ? find.text(0) : std::string();
-    return "value " + std::to_string(code) + " of the process step '" + name + "'";
+    return Sentence(english, {std::to_string(code), name});
 }
 
 }  // namespace
@@ -55,32 +54,32 @@ ProcessStepRecord SqliteStepStore::step(const std::string& id) {
                    "SELECT s.id, s.name, p.id, s.priority, s.cutting_cycle FROM process_step s "
                    "JOIN process p ON p.row = s.process WHERE s.id = ?");
     find.bindId(id);
-    if (!find.step()) throwNotFound("process step");
+    if (!find.step()) throwNotFound(Sentence(kind::kStep.gone));
     return {find.id(0), find.text(1), find.id(2), static_cast<std::int16_t>(find.integer(3)),
             static_cast<std::int16_t>(find.integer(4))};
 }
 
 std::string SqliteStepStore::addStep(const ProcessStepRecord& record) {
-    checkLengths(record, kSource);
+    checkLengths(record);
     Transaction change(connection(), Transaction::Kind::Write);
     const Guid id = Guid::random();
     Statement add(
         connection(),
         "INSERT INTO process_step (id, process, priority, name, cutting_cycle) VALUES (?, ?, ?, ?, ?)");
-    add.bind(id).bind(requireRow(connection(), "process", "process", record.processId));
+    add.bind(id).bind(requireRow(connection(), kind::kProcess, record.processId));
     add.bind(std::int64_t{record.priority}).bind(record.name).bind(std::int64_t{record.cuttingCycleId}).run();
     change.commit();
     return id.text();
 }
 
 void SqliteStepStore::updateStep(const ProcessStepRecord& record) {
-    checkLengths(record, kSource);
+    checkLengths(record);
     Transaction change(connection(), Transaction::Kind::Write);
-    const std::int64_t step = requireRow(connection(), "process_step", "process step", record.id);
+    const std::int64_t step = requireRow(connection(), kind::kStep, record.id);
     Statement update(connection(),
                      "UPDATE process_step SET process = ?, priority = ?, name = ?, cutting_cycle = ? "
                      "WHERE row = ?");
-    update.bind(requireRow(connection(), "process", "process", record.processId));
+    update.bind(requireRow(connection(), kind::kProcess, record.processId));
     update.bind(std::int64_t{record.priority}).bind(record.name).bind(std::int64_t{record.cuttingCycleId});
     update.bind(step).run();
     change.commit();
@@ -116,29 +115,32 @@ std::shared_ptr<RecordSet> SqliteStepStore::values(const std::string& stepId) {
 
 void SqliteStepStore::addValue(const StepValueRecord& record) {
     Transaction change(connection(), Transaction::Kind::Write);
-    const std::int64_t step = requireRow(connection(), "process_step", "process step", record.stepId);
+    const std::int64_t step = requireRow(connection(), kind::kStep, record.stepId);
     Statement add(connection(), "INSERT OR IGNORE INTO step_value (step, code, value) VALUES (?, ?, ?)");
     add.bind(step).bind(std::int64_t{record.clFileCode}).bind(record.value).run();
     if (connection().changes() == 0) {
-        throw pellmark::Error(
-            errors::kNotUnique, kSource,
-            "The " + nameOfValue(connection(), step, record.clFileCode) + " exists already.");
+        throw HostError(errors::kNotUnique, kSource,
+                        aboutValue(sentence("The value %1 of the process step '%2' exists already."),
+                                   connection(), step, record.clFileCode));
     }
     change.commit();
 }
 
 void SqliteStepStore::updateValue(const StepValueRecord& record) {
     Transaction change(connection(), Transaction::Kind::Write);
-    const std::int64_t step = requireRow(connection(), "process_step", "process step", record.stepId);
+    const std::int64_t step = requireRow(connection(), kind::kStep, record.stepId);
     Statement update(connection(), "UPDATE step_value SET value = ? WHERE step = ? AND code = ?");
     update.bind(record.value).bind(step).bind(std::int64_t{record.clFileCode}).run();
-    if (connection().changes() == 0) throwNotFound(nameOfValue(connection(), step, record.clFileCode));
+    if (connection().changes() == 0) {
+        throwNotFound(aboutValue(sentence("The value %1 of the process step '%2' no longer exists."),
+                                 connection(), step, record.clFileCode));
+    }
     change.commit();
 }
 
 void SqliteStepStore::setValue(const StepValueRecord& record) {
     Transaction change(connection(), Transaction::Kind::Write);
-    const std::int64_t step = requireRow(connection(), "process_step", "process step", record.stepId);
+    const std::int64_t step = requireRow(connection(), kind::kStep, record.stepId);
     Statement set(connection(),
                   "INSERT INTO step_value (step, code, value) VALUES (?, ?, ?) "
                   "ON CONFLICT (step, code) DO UPDATE SET value = excluded.value");
@@ -171,7 +173,7 @@ std::vector<TechnologySource> SqliteStepStore::technologySources(const std::vect
 
 void SqliteStepStore::setTechnologySource(const std::string& stepId, TechnologySource source) {
     Transaction change(connection(), Transaction::Kind::Write);
-    const std::int64_t step = requireRow(connection(), "process_step", "process step", stepId);
+    const std::int64_t step = requireRow(connection(), kind::kStep, stepId);
     Statement update(connection(), "UPDATE process_step SET source = ? WHERE row = ?");
     update.bind(static_cast<std::int64_t>(source)).bind(step).run();
     change.commit();

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "base/Error.h"
 #include "refhost/store/Statement.h"
 
 namespace norvex {
@@ -31,8 +30,8 @@ void SqliteUserRights::setCurrentUser(const std::string& name) {
     Statement account(base_->connection(), "SELECT name FROM user_account WHERE name = ?");
     account.bind(name);
     if (!account.step()) {
-        throw pellmark::Error(pellmark::errors::kNotFound, "KnowledgeBase",
-                              "The knowledge base has no user '" + name + "'.");
+        throw HostError(pellmark::errors::kNotFound, "KnowledgeBase",
+                        Sentence("The knowledge base has no user '%1'.", {name}));
     }
     user_ = account.text(0);
 }

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "refhost/technology/Codes.h"
+#include "refhost/texts/Sentence.h"
 
 namespace norvex {
 

@@ -40,11 +40,6 @@ class CuttingTable {
 /// Nothing for cycles that do not cut.
 std::optional<Work> workOf(const CuttingCycle& cycle);
 
-/// Marks an English text that is looked up where it is shown.
-constexpr const char* sentence(const char* english) {
-    return english;
-}
-
 /// Puts the row's speed and feed into the operation, in its unit. The tool diameter must be known where the
 /// feed depends on it: the answer is the reason why nothing was done, a sentence() or "".
 std::string takeFromTable(Operation& operation, const CuttingRow& row);

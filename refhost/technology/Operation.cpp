@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "base/Convert.h"
-#include "base/Error.h"
 #include "ports/Technology.h"
 #include "refhost/technology/Codes.h"
+#include "refhost/texts/HostError.h"
 
 namespace norvex {
 
@@ -19,15 +19,16 @@ namespace {
 
 constexpr const char* kSource = "Technology";
 
-[[noreturn]] void refuse(const std::string& why) {
-    throw pellmark::Error(pellmark::errors::kInvalidArgument, kSource, why);
+[[noreturn]] void refuse(Sentence why) {
+    throw HostError(pellmark::errors::kInvalidArgument, kSource, std::move(why));
 }
 
 Variant checked(const Definition& definition, const Variant& value) {
     if (std::holds_alternative<std::monostate>(value)) return {};
     if (const auto* text = std::get_if<std::string>(&value)) return valueOf(definition, *text);
     const double number = pellmark::toDouble(value);
-    if (!std::isfinite(number)) refuse(std::string(definition.caption) + " must be a finite number.");
+    if (!std::isfinite(number))
+        refuse(Sentence("%1 must be a finite number.", {Sentence(definition.caption)}));
     if (definition.isText()) return pellmark::toText(value);
     return number;
 }
@@ -118,7 +119,8 @@ double Operation::figure(std::int32_t code) const {
 void Operation::set(std::int32_t code, const Variant& value, Origin origin) {
     Parameter* parameter = findOwn(code);
     if (parameter == nullptr) {
-        refuse(std::string(cycle_.name) + " has no parameter with the code " + std::to_string(code) + ".");
+        refuse(
+            Sentence("%1 has no parameter with the code %2.", {Sentence(cycle_.name), std::to_string(code)}));
     }
     parameter->value = checked(*parameter->definition, value);
     parameter->origin = origin;

@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "knowledge/Records.h"
 #include "refhost/technology/Codes.h"
+#include "refhost/texts/Sentence.h"
 
 namespace norvex {
 

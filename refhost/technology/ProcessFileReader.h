@@ -7,6 +7,7 @@
 #include <string>
 
 #include "refhost/technology/Operation.h"
+#include "refhost/texts/HostError.h"
 
 namespace norvex {
 
@@ -32,7 +33,7 @@ class ProcessFileReader {
     Operation readHead();
     void readParameter(Operation& operation);
     void expectEnd();
-    [[noreturn]] void fail(const std::string& what) const;
+    [[noreturn]] void fail(Sentence reason) const;
 
     std::istream& in_;
     std::string name_;

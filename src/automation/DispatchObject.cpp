@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "automation/ArrayReader.h"
+#include "automation/Coercion.h"
 #include "automation/Guard.h"
 #include "base/Error.h"
 
@@ -43,13 +44,16 @@ struct ErrorDetails : EXCEPINFO {
 
 [[noreturn]] void throwHostError(ErrorDetails& details, const std::string& member) {
     if (details.pfnDeferredFillIn != nullptr) details.pfnDeferredFillIn(&details);
-    const std::int32_t number = details.wCode != 0 ? details.wCode : numberOf(details.scode);
+    // A host that raises without saying what has at least raised.
+    const HRESULT code = details.scode != S_OK ? details.scode : DISP_E_EXCEPTION;
+    const std::int32_t number = details.wCode != 0 ? details.wCode : numberOf(code);
     // The text is for a person, who knows no members; the source is for whoever reads the trace.
     const std::string raisedBy = Bstr::toUtf8(details.bstrSource);
     std::string source = raisedBy.empty() ? member : member + " (" + raisedBy + ")";
     std::string description = Bstr::toUtf8(details.bstrDescription);
     if (description.empty())
-        description = "The host's member " + member + " failed with error " + hexOf(details.scode) + ".";
+        description = "The host's member " + member + " failed with error " +
+                      (details.wCode != 0 ? std::to_string(details.wCode) : hexOf(code)) + ".";
     throw Error(number, std::move(source), description);
 }
 
@@ -92,13 +96,17 @@ void DispatchResult::failBecause(const std::string& reason) const {
     throwInterfaceError(member_, reason);
 }
 
+void DispatchResult::failAsNo(const std::string& meant) const {
+    failBecause("did not answer with " + meant + ", but with " + describe(value_.get()) + ".");
+}
+
 VariantArg DispatchResult::converted(VARTYPE type, const char* meant) const {
     VariantArg result;
     const bool value = value_.type() != VT_EMPTY && value_.type() != VT_NULL &&
                        value_.type() != VT_DISPATCH && value_.type() != VT_UNKNOWN;
     if (!value || FAILED(VariantChangeTypeEx(result.receive(), const_cast<VARIANT*>(&value_.get()),
                                              kInvariantEnglish, VARIANT_NOUSEROVERRIDE, type))) {
-        failBecause(std::string("did not answer with ") + meant + ".");
+        failAsNo(meant);
     }
     return result;
 }
@@ -147,6 +155,12 @@ DispatchObject DispatchObject::from(const VARIANT& value, const std::string& nam
     ComPtr<IDispatch> object;
     if (plain.type() == VT_DISPATCH) object = ComPtr<IDispatch>(plain.get().pdispVal);
     if (plain.type() == VT_UNKNOWN) object = ComPtr<IUnknown>(plain.get().punkVal).query<IDispatch>();
+    if (!object) {
+        const bool isForeign = plain.type() == VT_UNKNOWN && plain.get().punkVal != nullptr;
+        throw Error(errors::kHostInterface, name,
+                    "The host gave no object for " + name + ", but " +
+                        (isForeign ? "one without automation" : describe(plain.get())) + ".");
+    }
     return {std::move(object), name};
 }
 
@@ -155,6 +169,13 @@ std::string DispatchObject::qualified(std::string_view member) const {
 }
 
 namespace {
+
+/// A missing member is something else than an object that cannot be asked any more.
+bool isOutOfReach(HRESULT code) {
+    const HRESULT codes[] = {CO_E_OBJNOTCONNECTED, RPC_E_DISCONNECTED, RPC_E_SERVER_DIED,
+                             RPC_E_SERVER_DIED_DNE, HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE)};
+    return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
+}
 
 /// Some script engines let the members of their own classes be found through the newer interface alone.
 HRESULT findExpanded(const ComPtr<IDispatch>& object, std::string_view member, DISPID& id) {
@@ -172,6 +193,11 @@ std::optional<DISPID> DispatchObject::find(std::string_view member) {
     DISPID id = DISPID_UNKNOWN;
     HRESULT result = object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
     if (result == E_NOTIMPL) result = findExpanded(object_, member, id);
+    if (isOutOfReach(result)) {
+        throw Error(
+            numberOf(result), name_,
+            "The host's object " + name_ + " does not answer any more (error " + hexOf(result) + ").");
+    }
     std::optional<DISPID> found;
     if (SUCCEEDED(result)) found = id;
     // what a host that is busy refuses now it may answer later

@@ -32,6 +32,8 @@ class DispatchResult {
     /// "Norvex.KnowledgeBaseService.IsConnected"
     const std::string& member() const { return member_; }
     [[noreturn]] void failBecause(const std::string& reason) const;
+    /// Says beside what was meant ("a text") what was answered.
+    [[noreturn]] void failAsNo(const std::string& meant) const;
 
   private:
     VariantArg converted(VARTYPE type, const char* meant) const;
@@ -43,7 +45,7 @@ class DispatchResult {
 /// An object of the host, called late-bound by name. The numbers of its members are asked for once. A
 /// member's own failure is thrown as Error with the host's number and description and the member's name as
 /// its source; a missing member, a wrong number of arguments or the like as errors::kHostInterface that names
-/// the member.
+/// the member; an object that is gone with its process with the code that the system has for that.
 class DispatchObject {
   public:
     /// `name` stands for the object in error texts. Throws errors::kHostInterface for Nothing.

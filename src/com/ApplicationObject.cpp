@@ -43,12 +43,20 @@ void ApplicationObject::requireOwningThread() const {
 }
 
 template <class Body>
-HRESULT ApplicationObject::answer(Body&& body) noexcept {
-    return trapAsResult(kSource, [&] {
-        requireOwningThread();
-        const ComPtr<ApplicationObject> alive(this);
+void ApplicationObject::run(const std::string& operation, Body&& body) {
+    requireOwningThread();
+    const ComPtr<ApplicationObject> alive(this);
+    try {
         body();
-    });
+    } catch (...) {
+        traceRefusal(calls_->operations().trace(), operation);
+        throw;
+    }
+}
+
+template <class Body>
+HRESULT ApplicationObject::answer(Member member, Body&& body) noexcept {
+    return trapAsResult(kSource, [&] { run(fromWide(nameOf(member)), body); });
 }
 
 HRESULT ApplicationObject::QueryInterface(REFIID iid, void** object) {
@@ -121,31 +129,31 @@ HRESULT ApplicationObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPP
     if (arguments == nullptr) return E_INVALIDARG;
     if (result != nullptr) ::VariantInit(result);
     return trapAsResult(kSource, exception, argument, [&] {
-        requireOwningThread();
-        const ComPtr<ApplicationObject> alive(this);  // as in answer()
-        VariantArg value = invoke(id, flags, *arguments);
-        if (result != nullptr) *result = value.release();
+        const std::optional<Member> member = findMember(id);
+        run(member ? fromWide(nameOf(*member)) : "Invoke", [&] {
+            if (!member) throw CallError(DISP_E_MEMBERNOTFOUND, "There is no member " + std::to_string(id));
+            VariantArg value = invoke(*member, flags, *arguments);
+            if (result != nullptr) *result = value.release();
+        });
     });
 }
 
-VariantArg ApplicationObject::invoke(DISPID id, WORD flags, const DISPPARAMS& arguments) {
-    const std::optional<Member> member = findMember(id);
-    if (!member) throw CallError(DISP_E_MEMBERNOTFOUND, "There is no member " + std::to_string(id));
-    if (!isProperty(*member)) {
-        if ((flags & DISPATCH_METHOD) != 0) return invokeMethod(*member, arguments);
-        throw CallError(DISP_E_MEMBERNOTFOUND, fromWide(nameOf(*member)) + " is a method");
+VariantArg ApplicationObject::invoke(Member member, WORD flags, const DISPPARAMS& arguments) {
+    if (!isProperty(member)) {
+        if ((flags & DISPATCH_METHOD) != 0) return invokeMethod(member, arguments);
+        throw CallError(DISP_E_MEMBERNOTFOUND, fromWide(nameOf(member)) + " is a method");
     }
     if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
-        putProperty(*member, arguments);
+        putProperty(member, arguments);
         return {};
     }
     if ((flags & DISPATCH_PROPERTYGET) == 0) {
-        throw CallError(DISP_E_MEMBERNOTFOUND, fromWide(nameOf(*member)) + " is a property");
+        throw CallError(DISP_E_MEMBERNOTFOUND, fromWide(nameOf(member)) + " is a property");
     }
     if (arguments.cArgs != 0) {
-        throw CallError(DISP_E_BADPARAMCOUNT, fromWide(nameOf(*member)) + " takes no arguments");
+        throw CallError(DISP_E_BADPARAMCOUNT, fromWide(nameOf(member)) + " takes no arguments");
     }
-    return getProperty(*member);
+    return getProperty(member);
 }
 
 VariantArg ApplicationObject::invokeMethod(Member member, const DISPPARAMS& arguments) {
@@ -270,36 +278,37 @@ MethodCall ApplicationObject::readCall(Member member, const EarlyBound& argument
 
 HRESULT ApplicationObject::callEarlyBound(Member member, const EarlyBound& arguments,
                                           VARIANT* result) noexcept {
-    return answer([&] {
+    return answer(member, [&] {
         ::VariantInit(&required(result, member));
         perform(member, readCall(member, arguments));
     });
 }
 
 HRESULT ApplicationObject::callEarlyBound(Member member, const EarlyBound& arguments, BSTR* result) noexcept {
-    return answer([&] {
+    return answer(member, [&] {
         required(result, member) = nullptr;
         *result = Bstr(perform(member, readCall(member, arguments))).release();
     });
 }
 
 HRESULT ApplicationObject::get_CurrentView(::FRView* view) {
-    return answer(
-        [&] { required(view, Member::CurrentView) = static_cast<::FRView>(calls_->currentView()); });
+    return answer(Member::CurrentView, [&] {
+        required(view, Member::CurrentView) = static_cast<::FRView>(calls_->currentView());
+    });
 }
 
 HRESULT ApplicationObject::put_CurrentView(::FRView view) {
-    return answer([&] { calls_->setCurrentView(static_cast<FRView>(view)); });
+    return answer(Member::CurrentView, [&] { calls_->setCurrentView(static_cast<FRView>(view)); });
 }
 
 HRESULT ApplicationObject::get_NorvexApplication(IDispatch** application) {
-    return answer([&] {
+    return answer(Member::NorvexApplication, [&] {
         required(application, Member::NorvexApplication) = ComPtr<IDispatch>(norvexApplication_).release();
     });
 }
 
 HRESULT ApplicationObject::putref_NorvexApplication(IDispatch* application) {
-    return answer([&] {
+    return answer(Member::NorvexApplication, [&] {
         if (!disposeRequested_) norvexApplication_ = ComPtr<IDispatch>(application);
     });
 }

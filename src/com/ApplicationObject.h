@@ -93,13 +93,16 @@ class ApplicationObject final : public _Application, public ISupportErrorInfo, p
     };
     ~ApplicationObject() = default;
 
-    /// Runs a method or property, early-bound: on the owning thread alone, and with a reference of the
-    /// object's own, since the caller may let go of its last one meanwhile.
+    /// Runs a method or property: on the owning thread alone, and with a reference of the object's own, since
+    /// the caller may let go of its last one meanwhile. A failure is traced and thrown on.
     template <class Body>
-    HRESULT answer(Body&& body) noexcept;
+    void run(const std::string& operation, Body&& body);
+    /// The same, early-bound.
+    template <class Body>
+    HRESULT answer(Member member, Body&& body) noexcept;
     void requireOwningThread() const;
 
-    VariantArg invoke(DISPID id, WORD flags, const DISPPARAMS& arguments);
+    VariantArg invoke(Member member, WORD flags, const DISPPARAMS& arguments);
     VariantArg invokeMethod(Member member, const DISPPARAMS& arguments);
     VariantArg getProperty(Member member) const;
     void putProperty(Member member, const DISPPARAMS& arguments);

@@ -1,6 +1,9 @@
 #include "com/CallTrace.h"
 
+#include <cstdio>
+
 #include "automation/Automation.h"
+#include "automation/Guard.h"
 #include "base/Guid.h"
 
 namespace pellmark {
@@ -28,6 +31,15 @@ void traceCall(Trace& trace, Member member, const MethodCall& call) {
     traceIdentifier(trace, method, Parameter::ProcessMaterialClassGuid, description.materialClassId);
     traceIdentifier(trace, method, Parameter::ProcessGuid, description.processGuid);
     traceIdentifier(trace, method, Parameter::ProcessStepGuid, description.processStepGuid);
+}
+
+void traceRefusal(Trace& trace, const std::string& operation) noexcept {
+    trap(trace, operation, [&] {
+        const Failure failure = describeFailure("");
+        char code[16];
+        std::snprintf(code, sizeof(code), "0x%08lX", static_cast<unsigned long>(failure.code));
+        trace.record(operation, std::string("answered with error ") + code + ": " + failure.description);
+    });
 }
 
 }  // namespace pellmark

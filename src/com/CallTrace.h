@@ -11,4 +11,8 @@ namespace pellmark {
 /// there.
 void traceCall(Trace& trace, Member member, const MethodCall& call);
 
+/// Leaves in the trace what the caller is answered to the exception in flight: a script that goes on after
+/// errors does not look at it. Call only inside a catch block.
+void traceRefusal(Trace& trace, const std::string& operation) noexcept;
+
 }  // namespace pellmark

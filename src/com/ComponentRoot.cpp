@@ -30,6 +30,13 @@ std::string wantedLogFolder() {
     return length < MAX_PATH ? fromWide({folder, length}) : std::string();
 }
 
+/// What a trace begins with: whoever reads of a missing class first must know which component misses it.
+Trace& announced(Trace& trace) {
+    trace.record("Pellmark", "version " PELLMARK_VERSION " from " + componentFolder() + " in " +
+                                 fromWide(module::pathOf(nullptr)));
+    return trace;
+}
+
 /// The host behind a call's first argument; null for Nothing. An object of another kind is refused here,
 /// where the caller can still be told: inside the component a failing call ends quietly.
 std::shared_ptr<HostApplication> hostFrom(const ComPtr<IDispatch>& object) {
@@ -52,17 +59,14 @@ ComponentRoot::ComponentRoot()
     : files_(codePage_),
       trace_(&writeToDebugger, registry_, codePage_, files_, clock_,
              TraceOwner{executableName(), GetCurrentProcessId(), &wantedLogFolder}),
-      operations_(trace_),
+      operations_(announced(trace_)),
       help_(trace_),
       fileDialogs_(operations_),
       systemDialogs_(operations_),
       desktop_(module::instance(), operations_),
       application_(Platform{desktop_, registry_, codePage_, files_, idle_, help_, fileDialogs_,
                             systemDialogs_, clipboard_, printer_, hostLibrary_, operations_,
-                            componentFolder(), executableName()}) {
-    trace_.record("Pellmark", "version " PELLMARK_VERSION " from " + componentFolder() + " in " +
-                                  fromWide(module::pathOf(nullptr)));
-}
+                            componentFolder(), executableName()}) {}
 
 void ComponentRoot::tellMissingLibrary(const ComPtr<IDispatch>& host) const {
     const std::string reason = application_.missingKnowledgeBase();

@@ -4,6 +4,7 @@
 
 #include "knowledge/AbsentKnowledgeBase.h"
 #include "ports/AbsentTechnology.h"
+#include "util/TolerantTranslation.h"
 
 namespace pellmark {
 
@@ -34,8 +35,10 @@ Services::Services(const Platform& platform)
       creation(*knowledgeBase_) {
     trap(platform.operations, "Services::Services",
          [this] { languages_ = platform_.hostLibrary.createLanguageConverter(); });
-    trap(platform.operations, "Services::Services",
-         [this] { texts.setService(platform_.hostLibrary.createTranslationService()); });
+    trap(platform.operations, "Services::Services", [this] {
+        texts.setService(std::make_unique<TolerantTranslation>(
+            platform_.hostLibrary.createTranslationService(), platform_.operations));
+    });
 }
 
 ViewServices Services::forViews() {
@@ -90,14 +93,22 @@ void Services::take(const std::shared_ptr<HostApplication>& application) {
 
 bool Services::isConnected() {
     bool connected = false;
-    trap(platform_.operations, "Services::isConnected", [&] { connected = knowledgeBase_->isConnected(); });
+    const bool hasAnswered = trap(platform_.operations, "Services::isConnected",
+                                  [&] { connected = knowledgeBase_->isConnected(); });
+    if (hasAnswered && !connected)
+        platform_.operations.trace().record("Services::isConnected", "the knowledge base is not connected");
     return connected;
 }
 
 std::string Services::helpFileOf(HostApplication& application) {
     constexpr int kUsEnglish = 1033;
     const std::string folder = application.installationFolder() + "Help\\";
-    const int locale = languages_ ? languages_->localeOf(application.languageCode()) : kUsEnglish;
+    int locale = kUsEnglish;
+    const std::int16_t language = application.languageCode();
+    // A person without help in the own language still wants the list.
+    if (languages_) {
+        trap(platform_.operations, "Services::helpFileOf", [&] { locale = languages_->localeOf(language); });
+    }
     const std::string localized = folder + std::to_string(locale) + "\\qdl.chm";
     return files.FileExists(localized) ? localized : folder + std::to_string(kUsEnglish) + "\\qdl.chm";
 }

@@ -5,14 +5,6 @@
 
 namespace pellmark {
 
-namespace {
-
-[[noreturn]] void failMalformed() {
-    throw Error(errors::kHostInterface, "PackedText", "The host sent a malformed packed text.");
-}
-
-}  // namespace
-
 void PackedTextWriter::add(std::string_view utf8) {
     const std::u16string units = toUtf16(utf8);
     for (const char digit : std::to_string(units.size()))
@@ -21,16 +13,32 @@ void PackedTextWriter::add(std::string_view utf8) {
     text_ += units;
 }
 
+void PackedTextReader::fail(std::size_t length) const {
+    constexpr std::size_t kShown = 20;
+    const std::string behind = " behind its first " + std::to_string(place_) + " characters: ";
+    std::string reason;
+    if (rest_.empty()) {
+        reason = "another text belongs there";
+    } else {
+        reason = length > 0 ? "a text of " + std::to_string(length) + " characters belongs there"
+                            : "a length, a colon and the text belong there";
+        reason += ", not '" + toUtf8(rest_.substr(0, kShown)) + (rest_.size() > kShown ? "...'" : "'");
+    }
+    throw Error(errors::kHostInterface, "PackedText", "The packed text is malformed" + behind + reason + ".");
+}
+
 std::string PackedTextReader::next() {
     std::size_t length = 0;
     std::size_t at = 0;
     while (at < rest_.size() && rest_[at] >= u'0' && rest_[at] <= u'9') {
         length = length * 10 + static_cast<std::size_t>(rest_[at++] - u'0');
-        if (length > rest_.size()) failMalformed();
+        if (length > rest_.size()) fail(length);
     }
-    if (at == 0 || at == rest_.size() || rest_[at] != u':' || length > rest_.size() - at - 1) failMalformed();
+    if (at == 0 || at == rest_.size() || rest_[at] != u':') fail(0);
+    if (length > rest_.size() - at - 1) fail(length);
     std::string text = toUtf8(rest_.substr(at + 1, length));
     rest_.remove_prefix(at + 1 + length);
+    place_ += at + 1 + length;
     return text;
 }
 

@@ -25,11 +25,15 @@ class PackedTextReader {
     explicit PackedTextReader(std::u16string_view packed) : rest_(packed) {}
 
     bool atEnd() const { return rest_.empty(); }
-    /// The next text as UTF-8. Throws errors::kHostInterface when the packed text is malformed or at its end.
+    /// The next text as UTF-8. Throws errors::kHostInterface, with the place, when the packed text is
+    /// malformed or at its end.
     std::string next();
 
   private:
+    [[noreturn]] void fail(std::size_t length) const;
+
     std::u16string_view rest_;
+    std::size_t place_ = 0;
 };
 
 /// All texts of a packed text, in order; fails as the reader does.

@@ -117,6 +117,29 @@ TEST_F(DispatchObjectTest, AFailureWithoutDetailsNamesTheMemberAndTheCode) {
                 [&] { object().call("Process"); });
 }
 
+TEST_F(DispatchObjectTest, AnExceptionThatSaysNothingNamesTheMemberAndThatItWasOne) {
+    script_->failing(L"Process", DISP_E_EXCEPTION);
+    expectError(DISP_E_EXCEPTION, "Host.Process failed with error 0x80020009",
+                [&] { object().call("Process"); });
+}
+
+TEST_F(DispatchObjectTest, AClassicCodeWithoutATextIsNamedAsItIs) {
+    EXCEPINFO details{};
+    details.wCode = 70;
+    script_->failing(L"Process", DISP_E_EXCEPTION, details);
+    expectError(errors::kPermissionDenied, "Host.Process failed with error 70.",
+                [&] { object().call("Process"); });
+}
+
+TEST_F(DispatchObjectTest, AnObjectThatIsGoneLacksNoMemberAndIsAskedAgain) {
+    script_->on(L"Count", VariantArg(3));
+    script_->goneWith(RPC_E_DISCONNECTED);
+    expectError(RPC_E_DISCONNECTED, "Host does not answer any more (error 0x80010108)",
+                [&] { object().call("Count"); });
+    script_->goneWith(S_OK);
+    EXPECT_EQ(object().call("Count").int32(), 3);
+}
+
 TEST_F(DispatchObjectTest, AWrongNumberOfArgumentsIsAFaultOfTheInterface) {
     script_->failing(L"Process", DISP_E_BADPARAMCOUNT);
     expectError(errors::kHostInterface, "Host.Process takes another number",
@@ -134,6 +157,17 @@ TEST_F(DispatchObjectTest, AValueIsNoObject) {
         expectError(errors::kHostInterface, "gave no object",
                     [&] { DispatchObject::from(value.get(), "Host"); });
     }
+}
+
+TEST_F(DispatchObjectTest, WhatWasAnsweredIsSaidBesideWhatWasMeant) {
+    expectError(errors::kHostInterface, "16-bit number, but with the text 'ten'.",
+                [&] { answer(VariantArg("ten")).int16(); });
+    expectError(errors::kHostInterface, "True or False, but with an object.",
+                [] { DispatchResult(objectValue(ScriptedObject::make()), "").boolean(); });
+    expectError(errors::kHostInterface, "a number, but with Empty.",
+                [] { DispatchResult(VariantArg(), "").int64(); });
+    expectError(errors::kHostInterface, "gave no object for Host, but the number 7.",
+                [] { DispatchObject::from(VariantArg(7).get(), "Host"); });
 }
 
 TEST_F(DispatchObjectTest, AnObjectIsNoValue) {

@@ -12,6 +12,8 @@
 namespace pellmark {
 namespace {
 
+using testing::ElementsAre;
+using testing::HasSubstr;
 using Texts = std::vector<std::string>;
 
 class ApplicationObjectTest : public ApplicationObjectFixture {};
@@ -290,6 +292,30 @@ TEST_F(ApplicationObjectTest, AnEarlyBoundCallWithoutHostOrWithoutAPlaceForTheRe
     EXPECT_EQ(object_->ShowWindowProcessesView(&host, nullptr, nullptr), E_POINTER);
     EXPECT_THAT(takeErrorText(), testing::MatchesRegex("The place for the result of .* is missing"));
     EXPECT_EQ(object_->get_CurrentView(nullptr), E_POINTER);
+}
+
+TEST_F(ApplicationObjectTest, ACallThatIsRefusedIsTracedForThoseWhoDoNotLookAtErrors) {
+    invoke(Member::OpenProcess, {host(), nothing(), VariantArg(), VariantArg("inch")});
+    EXPECT_THAT(log_.trace.lines(),
+                ElementsAre(HasSubstr("OpenProcess: answered with error 0x80020005: "
+                                      "FeatureCaseUnit of OpenProcess must be a number")));
+    log_.trace.clear();
+    invoke(Member::CurrentView, {VariantArg("x")}, DISPATCH_PROPERTYPUT);
+    EXPECT_THAT(log_.trace.lines(), ElementsAre(HasSubstr("CurrentView: answered with error 0x80020005: ")));
+    log_.trace.clear();
+    invoke(static_cast<Member>(77), {});
+    EXPECT_THAT(log_.trace.lines(),
+                ElementsAre("Invoke: answered with error 0x80020003: There is no member 77"));
+}
+
+TEST_F(ApplicationObjectTest, AnEarlyBoundCallThatFailsIsTraced) {
+    log_.duringCall = [] { throw Error(26105, "NvxApplication", "no window"); };
+    IDispatch* host = host_.get();
+    VARIANT result;
+    EXPECT_TRUE(FAILED(object_->ShowWindowProcessesView(&host, nullptr, &result)));
+    EXPECT_THAT(log_.trace.lines(), ElementsAre("ShowWindowProcessesView: called",
+                                                "ShowWindowProcessesView: answered with error 0x800A65F9: "
+                                                "no window"));
 }
 
 TEST_F(ApplicationObjectTest, AnEarlyBoundFailureLeavesItsText) {

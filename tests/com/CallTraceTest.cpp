@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/Error.h"
 #include "com/TestObject.h"
 #include "support/RecordingTrace.h"
 
@@ -44,6 +45,17 @@ TEST_F(CallTraceTest, EachTextThatIsNoIdentifierIsNamedWithItsParameter) {
                     "Dispose: ProcessMaterialClassGuid \"c\" is no identifier and names nothing",
                     "Dispose: ProcessGuid \"d\" is no identifier and names nothing",
                     "Dispose: ProcessStepGuid \"e\" is no identifier and names nothing"));
+}
+
+TEST_F(CallTraceTest, WhatTheCallerIsAnsweredIsTraced) {
+    try {
+        throw Error(errors::kHostInterface, "NvxApplication", "it has no member MainWindowHandle");
+    } catch (...) {
+        traceRefusal(trace_, "OpenProcess");
+    }
+    EXPECT_THAT(
+        trace_.lines(),
+        ElementsAre("OpenProcess: answered with error 0x800A65F9: it has no member MainWindowHandle"));
 }
 
 }  // namespace

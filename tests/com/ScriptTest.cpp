@@ -141,18 +141,34 @@ TEST_F(ScriptTest, AnArrayOfJScriptIsTakenForTheValues) {
     EXPECT_TRUE(says(result, "A number in the array's place: error 5\n"));
 }
 
+/// The log that a script run in its life writes.
+class WantedLog {
+  public:
+    WantedLog() {
+        CreateDirectoryW(folder_.c_str(), nullptr);
+        SetEnvironmentVariableW(L"PELLMARK_LOG", folder_.c_str());
+    }
+    WantedLog(const WantedLog&) = delete;
+    WantedLog& operator=(const WantedLog&) = delete;
+    ~WantedLog() { SetEnvironmentVariableW(L"PELLMARK_LOG", nullptr); }
+
+    std::string of(unsigned long process) const {
+        const std::wstring path = folder_ + L"\\Pellmark-cscript-" + std::to_wstring(process) + L".log";
+        std::ifstream file(std::filesystem::path(path), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+  private:
+    std::wstring folder_ = programFolder() + L"\\log-test";
+};
+
 TEST_F(ScriptTest, TheLogThatTheEnvironmentAsksForNamesTheMemberAndTheReason) {
-    const std::wstring folder = programFolder() + L"\\log-test";
-    CreateDirectoryW(folder.c_str(), nullptr);
-    SetEnvironmentVariableW(L"PELLMARK_LOG", folder.c_str());
-    std::wstring log;
-    const ChildResult result = run(L"vbscript\\whatiswrong.vbs", [&](unsigned long process) {
-        log = folder + L"\\Pellmark-cscript-" + std::to_wstring(process) + L".log";
-    });
-    SetEnvironmentVariableW(L"PELLMARK_LOG", nullptr);
+    const WantedLog log;
+    unsigned long script = 0;
+    const ChildResult result =
+        run(L"vbscript\\whatiswrong.vbs", [&](unsigned long process) { script = process; });
     EXPECT_TRUE(says(result, "No error came back.\n"));
-    std::ifstream file(std::filesystem::path(log), std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const std::string text = log.of(script);
     EXPECT_THAT(text, testing::HasSubstr("Pellmark: version "));
     EXPECT_THAT(text, testing::HasSubstr(" ShowWindowProcessesView: called\r\n"));
     EXPECT_THAT(text, testing::HasSubstr("ProcessGuid \"no identifier\" is no identifier"));
@@ -172,10 +188,13 @@ std::wstring textOfMessage(HWND box) {
 TEST(MissingLibraryTest, TheClassIsNamedToThePersonAndToTheCaller) {
     const Apartment apartment;
     const RegisteredLibrary component{L"Pellmark.dll"};
+    const WantedLog log;
+    unsigned long script = 0;
     std::wstring told;
     const ChildResult result =
         runChild(L"cscript.exe //nologo \"" + programFolder() + L"\\samples\\vbscript\\whatiswrong.vbs\"",
                  [&](unsigned long process) {
+                     script = process;
                      const HWND box = visibleWindowOf(process);
                      if (box == nullptr) return;
                      told = textOfMessage(box);
@@ -183,6 +202,11 @@ TEST(MissingLibraryTest, TheClassIsNamedToThePersonAndToTheCaller) {
                  });
     EXPECT_NE(told.find(L"Norvex.KnowledgeBaseService"), std::wstring::npos);
     EXPECT_TRUE(says(result, "Error 26105: The host's class Norvex.KnowledgeBaseService cannot be created"));
+    const std::string text = log.of(script);
+    EXPECT_THAT(text.substr(0, text.find('\n')), testing::HasSubstr(" Pellmark: version "));
+    EXPECT_THAT(text,
+                testing::HasSubstr(" ShowWindowProcessesView: answered with error 0x800A65F9: The host's "
+                                   "class Norvex.KnowledgeBaseService cannot be created"));
 }
 
 }  // namespace

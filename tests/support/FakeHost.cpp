@@ -42,7 +42,10 @@ class Translation : public TranslationService, Counted {
     }
 
   private:
-    void note(std::string call) { library_.translationCalls.push_back(std::move(call)); }
+    void note(const std::string& call) {
+        if (library_.onCall) library_.onCall(call.substr(0, call.find(' ')));
+        library_.translationCalls.push_back(call);
+    }
     FakeHostLibrary& library_;
 };
 

@@ -4,6 +4,7 @@
 
 #include "automation/ArrayReader.h"
 #include "automation/Guard.h"
+#include "base/Error.h"
 #include "com/adapters/HostRecordSet.h"
 #include "knowledge/PackedText.h"
 
@@ -118,17 +119,27 @@ Number numberOf(const std::string& text, const DispatchResult& result) {
 }  // namespace
 
 std::vector<HostRecord> readRecords(const DispatchResult& result, std::initializer_list<const char*> fields) {
-    if (result.value().type() == VT_BSTR)
-        return unpackRecords(Bstr::units(result.value().get().bstrVal), fields.size());
+    if (result.value().type() == VT_BSTR) return unpackedRecords(result, fields.size());
     if (isArray(result.value().get())) return recordsFromArray(result, fields);
-    if (result.value().type() != VT_DISPATCH) result.failBecause("did not answer with records.");
+    if (result.value().type() != VT_DISPATCH) result.failAsNo("records");
     return recordsFromSet(*adaptRecordSet(result.object()), fields);
 }
 
 HostRecord readRecord(const DispatchResult& result, std::initializer_list<const char*> fields) {
     auto records = readRecords(result, fields);
-    if (records.size() != 1) result.failBecause("did not answer with one record.");
+    if (records.size() != 1) {
+        result.failBecause("did not answer with one record, but with " + std::to_string(records.size()) +
+                           ".");
+    }
     return std::move(records.front());
+}
+
+std::vector<HostRecord> unpackedRecords(const DispatchResult& result, std::size_t fields) {
+    try {
+        return unpackRecords(Bstr::units(result.value().get().bstrVal), fields);
+    } catch (const Error& error) {
+        result.failBecause("answered with a packed text that cannot be read. " + error.description());
+    }
 }
 
 std::int16_t int16Of(const std::string& text, const DispatchResult& result) {

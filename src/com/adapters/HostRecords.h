@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -18,6 +19,10 @@ std::vector<HostRecord> readRecords(const DispatchResult& result, std::initializ
 
 /// The same where exactly one record is the only sensible answer.
 HostRecord readRecord(const DispatchResult& result, std::initializer_list<const char*> fields);
+
+/// The records of a packed text, each with so many fields; an answer that is no text must not come here.
+/// Throws errors::kHostInterface with the member's name and the place where the text is malformed.
+std::vector<HostRecord> unpackedRecords(const DispatchResult& result, std::size_t fields);
 
 /// A number inside a record; 0 for the empty text. Throws errors::kHostInterface when it is none.
 std::int16_t int16Of(const std::string& text, const DispatchResult& result);

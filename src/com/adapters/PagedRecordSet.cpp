@@ -6,7 +6,7 @@
 #include "automation/ArrayReader.h"
 #include "automation/Guard.h"
 #include "base/Error.h"
-#include "knowledge/PackedText.h"
+#include "com/adapters/HostRecords.h"
 
 namespace pellmark {
 
@@ -24,7 +24,7 @@ std::vector<Guid> keysFromBytes(const void* bytes, std::size_t size, const Dispa
 std::vector<Guid> keysFromArray(const DispatchResult& result) {
     try {
         const ArrayReader array(result.value().get());
-        if (array.type() != VT_UI1) result.failBecause("did not answer with an array of bytes.");
+        if (array.type() != VT_UI1) result.failAsNo("an array of bytes");
         return keysFromBytes(array.bytes().data(), array.bytes().size(), result);
     } catch (const CallError& error) {
         result.failBecause(std::string("answered with an array that ") + error.what() + ".");
@@ -83,8 +83,8 @@ PagedRecordSet::Page PagedRecordSet::fetch(std::size_t number) {
     const std::size_t records = std::min(kPageRecords, count() - first);
     const DispatchResult result = object_.call("Page", {VariantArg(static_cast<std::int32_t>(first)),
                                                         VariantArg(static_cast<std::int32_t>(records))});
-    if (result.value().type() != VT_BSTR) result.failBecause("did not answer with a packed text.");
-    return {number, unpackRecords(Bstr::units(result.value().get().bstrVal), fields().size()), nullptr};
+    if (result.value().type() != VT_BSTR) result.failAsNo("a packed text");
+    return {number, unpackedRecords(result, fields().size()), nullptr};
 }
 
 std::optional<std::vector<Guid>> PagedRecordSet::keys() {
@@ -98,7 +98,7 @@ std::optional<std::vector<Guid>> PagedRecordSet::keys() {
     } else if (isArray(result.value().get())) {
         keys = keysFromArray(result);
     } else if (result.value().type() != VT_EMPTY && result.value().type() != VT_NULL) {
-        result.failBecause("did not answer with an array of bytes.");
+        result.failAsNo("an array of bytes");
     }
     if (keys && keys->size() != count()) result.failBecause("did not answer with one key per record.");
     return keys;

@@ -170,15 +170,20 @@ TEST_F(PagedRecordSetTest, AShortPageReadsAsEmptyCells) {
 }
 
 TEST_F(PagedRecordSetTest, AMalformedPageIsAnError) {
-    script_->on(L"Page", VariantArg("9:too short"));
+    script_->on(L"Page", VariantArg("10:too short"));
     const auto records = ofSize(2);
-    expectError(errors::kHostInterface, "malformed", [&] { records->text(0, 0); });
+    expectError(errors::kHostInterface,
+                "Records.Page answered with a packed text that cannot be read. The packed "
+                "text is malformed behind its first 0 characters: ",
+                [&] { records->text(0, 0); });
 }
 
 TEST_F(PagedRecordSetTest, APageThatIsNoTextIsAnError) {
     script_->on(L"Page", VariantArg(7));
     const auto records = ofSize(2);
-    expectError(errors::kHostInterface, "Records.Page", [&] { records->text(0, 0); });
+    expectError(errors::kHostInterface,
+                "Records.Page did not answer with a packed text, but with the number 7.",
+                [&] { records->text(0, 0); });
 }
 
 TEST_F(PagedRecordSetTest, ANegativeCountIsAnError) {
@@ -202,7 +207,7 @@ TEST_F(PagedRecordSetTest, APageThatFailedIsNotAskedForAgain) {
 }
 
 TEST_F(PagedRecordSetTest, APageThatCannotBeReadIsNotAskedForAgain) {
-    script_->on(L"Page", VariantArg("9:too short"));
+    script_->on(L"Page", VariantArg("10:too short"));
     const auto records = ofSize(2);
     for (int paint = 0; paint < 3; ++paint)
         expectError(errors::kHostInterface, "malformed", [&] { records->text(0, 0); });

@@ -279,7 +279,8 @@ TEST_F(KnowledgeBaseAdapterTest, ValueIdsGoAsAnArrayThatScriptsCanTakeApart) {
 
 TEST_F(KnowledgeBaseAdapterTest, RecordsThatAreNoRecordsAreAnError) {
     cases_->on(L"ProcessesOfValues", VariantArg(7));
-    expectError(errors::kHostInterface, "did not answer with records",
+    expectError(errors::kHostInterface,
+                "ProcessesOfValues did not answer with records, but with the number 7.",
                 [&] { adapter_.featureCaseStore().processesOfValues({}, 0); });
 }
 

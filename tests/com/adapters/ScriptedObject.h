@@ -33,6 +33,8 @@ class ScriptedObject : public IDispatch {
     }
     /// The next question for a name is refused.
     void refuseTheNextName(HRESULT code) { refusal_ = code; }
+    /// From now on nothing can be asked any more, as after the end of the object's process.
+    void goneWith(HRESULT code) { goneWith_ = code; }
 
     int calls(const std::wstring& name) const {
         const auto found = calls_.find(name);
@@ -68,6 +70,7 @@ class ScriptedObject : public IDispatch {
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
         ++nameLookups_;
+        if (goneWith_ != S_OK) return goneWith_;
         if (const HRESULT refusal = std::exchange(refusal_, S_OK); refusal != S_OK) return refusal;
         for (std::size_t at = 0; at < members_.size(); ++at) {
             if (_wcsicmp(members_[at].first.c_str(), names[0]) != 0) continue;
@@ -103,6 +106,7 @@ class ScriptedObject : public IDispatch {
     std::map<std::wstring, std::pair<HRESULT, EXCEPINFO>> failures_;
     std::map<std::wstring, int> calls_;
     int nameLookups_ = 0;
+    HRESULT goneWith_ = S_OK;
     HRESULT refusal_ = S_OK;
     WORD lastFlags_ = 0;
     ULONG references_ = 0;

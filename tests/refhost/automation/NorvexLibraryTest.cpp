@@ -1,9 +1,14 @@
 #include "refhost/automation/NorvexLibrary.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <functional>
 #include <map>
 
+#include "base/Error.h"
 #include "com/adapters/AutomationHostLibrary.h"
 #include "com/adapters/CountingObject.h"
 #include "com/adapters/ExpectError.h"
@@ -128,6 +133,54 @@ TEST_F(NorvexLibraryTest, AFolderThatDoesNotExistIsNamedAndNotMade) {
     expectError(errors::kKnowledgeBase, "there is no folder '" + folder.file("no such folder") + "'",
                 [&] { service.call("Connect"); });
     EXPECT_EQ(GetFileAttributesW(toWide(folder.file("no such folder")).c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+/// The host's library in German.
+class GermanLibraryTest : public NorvexLibraryTest {
+  protected:
+    GermanLibraryTest() { SetEnvironmentVariableW(L"NORVEX_LANGUAGE", L"2"); }
+    ~GermanLibraryTest() override { SetEnvironmentVariableW(L"NORVEX_LANGUAGE", nullptr); }
+
+    static Error failureOf(const std::function<void()>& call) {
+        try {
+            call();
+        } catch (const Error& error) {
+            return error;
+        }
+        return {0, "", "no failure"};
+    }
+
+    test::TemporaryFolder folder_;
+};
+
+TEST_F(GermanLibraryTest, AKnowledgeBaseThatCannotBeOpenedSaysWhyInGermanAndInEnglishForTheTrace) {
+    NorvexLibrary::useKnowledgeBase(folder_.file("none") + "\\base.db");
+    auto service = create("Norvex.KnowledgeBaseService");
+    const Error error = failureOf([&] { service.call("Connect"); });
+    EXPECT_EQ(error.number(), errors::kKnowledgeBase);
+    EXPECT_EQ(error.description(), "Die Wissensbasis \xE2\x80\x9E" + folder_.file("none") +
+                                       "\\base.db\xE2\x80\x9C kann nicht ge\xC3\xB6" +
+                                       "ffnet werden: Es gibt keinen Ordner \xE2\x80\x9E" +
+                                       folder_.file("none") + "\xE2\x80\x9C. Pr\xC3\xBC" +
+                                       "fen Sie den Pfad, oder legen Sie den Ordner erst an.");
+    EXPECT_THAT(error.source(), testing::HasSubstr("there is no folder '" + folder_.file("none") + "'"));
+}
+
+TEST_F(GermanLibraryTest, AProcessThatIsGoneAndADamagedProcessFileAreSaidInGerman) {
+    NorvexLibrary::useKnowledgeBase(folder_.file("german.db"));
+    KnowledgeBaseAdapter adapter(create("Norvex.KnowledgeBaseService"));
+    const Error gone =
+        failureOf([&] { adapter.processStore().process("{C200E360-38C5-11CE-AE62-08002B2B79EF}"); });
+    EXPECT_EQ(gone.number(), errors::kNotFound);
+    EXPECT_THAT(gone.description(), testing::StartsWith("Den Prozess gibt es nicht mehr. Vielleicht"));
+    const std::string path = folder_.file("bad.prc");
+    std::ofstream(std::filesystem::path(toWide(path))) << "Norvex process file, version 1\noperations x\n";
+    const Error damaged =
+        failureOf([&] { create("Norvex.TechnologyService").call("OpenFile", {VariantArg(path)}); });
+    EXPECT_THAT(damaged.description(), testing::StartsWith("Die Prozessdatei "));
+    EXPECT_THAT(damaged.description(),
+                testing::EndsWith("Zeile 2: hier geh\xC3\xB6rt die Zahl der Operationen hin."));
+    EXPECT_THAT(damaged.source(), testing::HasSubstr("Line 2: the number of operations belongs here."));
 }
 
 TEST_F(NorvexLibraryTest, TheFolderOfTheDefaultFileIsMade) {

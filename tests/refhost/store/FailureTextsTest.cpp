@@ -106,6 +106,19 @@ TEST_F(FailureTextsTest, AValueThatExistsAlreadyIsSaidWithItsStep) {
               "The value 7 of the process step 'Drill deep' exists already.");
 }
 
+TEST_F(FailureTextsTest, ATextThatIsTooLongIsSaidWithItsFieldAndBothLengths) {
+    auto& processes = service.processStore();
+    const auto tooLong = [&](std::size_t name, std::size_t rule, std::size_t description) {
+        return textOf(errors::kValueTooLong, [&] {
+            processes.addProcess(
+                {"", std::string(name, 'n'), 71, std::string(description, 'd'), std::string(rule, 'r')});
+        });
+    };
+    EXPECT_EQ(tooLong(501, 0, 0), "The name has 501 characters; it cannot have more than 500.");
+    EXPECT_EQ(tooLong(500, 251, 0), "The rule has 251 characters; it cannot have more than 250.");
+    EXPECT_EQ(tooLong(1, 250, 1001), "The description has 1001 characters; it cannot have more than 1000.");
+}
+
 TEST_F(FailureTextsTest, AMissingFolderIsNamed) {
     const std::string path = folder.file("no such folder/base.db");
     const std::string text = textOf(errors::kKnowledgeBase, [&] { KnowledgeBase::open(path); });

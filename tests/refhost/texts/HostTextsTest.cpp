@@ -111,6 +111,32 @@ TEST_F(HostTextsTest, EveryTextHasATranslationInEveryLanguageOfTheHost) {
     }
 }
 
+TEST_F(HostTextsTest, EveryTextOfAFailureIsFoundInTheSources) {
+    EXPECT_THAT(
+        textsIn(kRoot / "refhost").lookedUp,
+        IsSupersetOf({"The knowledge base '%1' is in use by another program that does not let go of it. Try "
+                      "again, or close the other program.",
+                      "The value %1 of the process step '%2' exists already.", "The key no longer exists.",
+                      "The name has %1 characters; it cannot have more than %2.",
+                      "the unit of an operation is metric, inch or none.",
+                      "%1 has no parameter with the code %2."}));
+}
+
+/// The places for values in a text.
+std::multiset<std::string> placesOf(const std::string& text) {
+    std::multiset<std::string> places;
+    for (std::size_t at = text.find('%'); at != std::string::npos; at = text.find('%', at + 1))
+        places.insert(text.substr(at, 2));
+    return places;
+}
+
+TEST_F(HostTextsTest, ATranslationHasTheSamePlacesForValues) {
+    for (const auto& line : table_) {
+        for (const auto& text : line)
+            EXPECT_EQ(placesOf(text), placesOf(line.front())) << text;
+    }
+}
+
 TEST_F(HostTextsTest, NoTwoEntriesOfAMenuOrDialogHaveTheSameAccessKey) {
     for (const auto& group : groups()) {
         for (std::size_t column = 0; column < table_.front().size(); ++column) {

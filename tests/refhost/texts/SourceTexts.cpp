@@ -81,7 +81,7 @@ std::string_view withoutArgument(std::string_view code) {
 /// The menus that are shown. Others are kept with their form, and nobody reads them.
 constexpr std::array kMenus{"mnuProcess.add(", "mnuProcessStep.add(", "mnufetaureCaseContext.add("};
 constexpr std::array kDirect{"GetString(", "filter(",      ".heading=",   "kManagerTitle=", "kEditorTitle=",
-                             "texts_.of(", "texts_.wide(", "texts().of(", "sentence("};
+                             "texts_.of(", "texts_.wide(", "texts().of(", "sentence(",      "Sentence("};
 constexpr std::array kSecond{
     "translate(", "TechnologySource::", "Definition{code::", "CuttingCycle{cycle::", "CuttingCycle{"};
 

@@ -27,6 +27,48 @@ TEST_F(ServicesTest, TheTitleIsLookedUp) {
     EXPECT_EQ(services.texts.title(), "Norvex - Prozess");
 }
 
+TEST_F(ServicesTest, ALanguageConverterThatFailsLeavesTheHelpOfLocale1033AndATrace) {
+    library.onCall = [](const std::string& member) { throw Error(5, member, "no such language"); };
+    services.take(host);
+    EXPECT_EQ(services.help.HelpFile, "C:\\Norvex\\Help\\1033\\qdl.chm");
+    EXPECT_TRUE(trace.trapped("Services::helpFileOf"));
+}
+
+TEST_F(ServicesTest, ThatTheKnowledgeBaseIsNotConnectedIsTraced) {
+    EXPECT_TRUE(services.isConnected());
+    EXPECT_THAT(trace.lines(), testing::IsEmpty());
+    base.connected = false;
+    EXPECT_FALSE(services.isConnected());
+    EXPECT_THAT(trace.lines(),
+                testing::ElementsAre("Services::isConnected: the knowledge base is not connected"));
+}
+
+TEST_F(ServicesTest, ATranslationServiceThatFailsLeavesTheTextsEnglish) {
+    library.onCall = [](const std::string& member) { throw Error(5, member, "no table"); };
+    services.configureTexts(*host, "Norvex - Process Manager");
+    EXPECT_EQ(services.texts.title(), "Norvex - Process Manager");
+    EXPECT_EQ(services.texts.GetString("Exit"), "Exit");
+}
+
+TEST_F(ServicesTest, ATranslationServiceThatFailsIsTracedOncePerCallOfTheComponent) {
+    library.onCall = [](const std::string& member) {
+        if (member == "GetString") throw Error(5, member, "no table");
+    };
+    for (int call = 0; call < 2; ++call) {
+        trace.clear();
+        services.configureTexts(*host, "Norvex - Process Manager");
+        services.texts.GetString("Exit");
+        services.texts.GetString("Name");
+        EXPECT_THAT(trace.lines(),
+                    testing::ElementsAre("Texts::GetString: error 5 from GetString: no table"));
+    }
+}
+
+TEST_F(ServicesTest, AnEmptyTranslationIsNone) {
+    library.translations["Exit"] = "";
+    EXPECT_EQ(services.texts.GetString("Exit"), "Exit");
+}
+
 TEST_F(ServicesTest, BeforeTheFirstCallWhateverIsAskedOfTheHostSaysThatThereIsNone) {
     CurrentHost none;
     trap(trace, "test", [&none] { none.languageCode(); });

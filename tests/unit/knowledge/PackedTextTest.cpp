@@ -46,6 +46,29 @@ TEST_F(PackedTextTest, TextsThatLookLikeSeparatorsComeBackUnchanged) {
     EXPECT_EQ(unpackTexts(pack(nasty)), nasty);
 }
 
+TEST_F(PackedTextTest, WhatIsWrongIsSaidWithItsPlaceAndWhatStandsThere) {
+    const auto textOf = [](std::u16string_view packed, std::size_t fields) {
+        try {
+            unpackRecords(packed, fields);
+        } catch (const Error& error) {
+            return error.description();
+        }
+        return std::string("no failure");
+    };
+    EXPECT_EQ(textOf(u"4:Bore9:71", 2),
+              "The packed text is malformed behind its first 6 characters: a text of 9 "
+              "characters belongs there, not '9:71'.");
+    EXPECT_EQ(textOf(u"4:Bore2;71", 2),
+              "The packed text is malformed behind its first 6 characters: a length, a "
+              "colon and the text belong there, not '2;71'.");
+    EXPECT_EQ(
+        textOf(u"no packed text, but a sentence", 2),
+        "The packed text is malformed behind its first 0 characters: a length, a colon and the text belong "
+        "there, not 'no packed text, but ...'.");
+    EXPECT_EQ(textOf(u"1:a1:b1:c", 2),
+              "The packed text is malformed behind its first 9 characters: another text belongs there.");
+}
+
 TEST_F(PackedTextTest, AnEmptyTextHoldsNoRecords) {
     EXPECT_TRUE(unpackRecords(u"", 3).empty());
 }
