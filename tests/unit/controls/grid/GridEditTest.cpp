@@ -69,6 +69,30 @@ TEST_F(GridEditTest, ACellThatReadsOtherwiseByTheTimeItMayBeEditedIsNotEdited) {
     EXPECT_TRUE(grid.beginEdit(1, 1));
 }
 
+TEST_F(GridEditTest, AnotherRowThatReadsTheSameByTheTimeItMayBeEditedIsNotEdited) {
+    grid.setRowData(1, "first");
+    grid.setRowData(2, "second");
+    grid.setText(2, 1, "a");
+    const auto host = grid.beforeEdit.subscribe([this](CellEdit&) { grid.removeRow(1); });
+    EXPECT_FALSE(grid.beginEdit(1, 1));
+}
+
+TEST_F(GridEditTest, AnEmptyRowThatIsGoneByTheTimeItMayBeEditedIsNotEdited) {
+    grid.setRowData(2, "");
+    grid.setText(2, 1, "");
+    const auto host = grid.beforeEdit.subscribe([this](CellEdit&) { grid.removeRow(2); });
+    EXPECT_FALSE(grid.beginEdit(2, 1));
+}
+
+TEST_F(GridEditTest, AnEditThatAHandlerBeginsGoesBeforeTheOneThatItWasAskedAbout) {
+    const auto host = grid.beforeEdit.subscribe([this](CellEdit& edit) {
+        if (edit.row == 1) grid.beginEdit(2, 1);
+    });
+    EXPECT_FALSE(grid.beginEdit(1, 1));
+    ASSERT_TRUE(grid.isEditing());
+    EXPECT_EQ(grid.editing()->row, 2);
+}
+
 TEST_F(GridEditTest, AValueIsNotAppliedToRowsThatCameWhileItWasChecked) {
     int heard = 0;
     const auto after = grid.afterEdit.subscribe([&](int, int) { ++heard; });
