@@ -73,7 +73,9 @@ void WorkbenchWindow::start() {
 }
 
 WorkbenchWindow::~WorkbenchWindow() {
-    if (window_ != nullptr) DestroyWindow(window_);
+    // Left behind by a failed start. It hears nothing of its end: the request to quit would close the message
+    // about the failure before anybody has read it.
+    if (const HWND window = std::exchange(window_, nullptr)) DestroyWindow(window);
 }
 
 void WorkbenchWindow::createWindows() {
@@ -153,10 +155,10 @@ LRESULT WorkbenchWindow::handle(UINT message, WPARAM wide, LPARAM data) {
                 return std::string();
             });
             DestroyWindow(window_);
-            PostQuitMessage(0);
             return 0;
         case WM_NCDESTROY:
             window_ = nullptr;
+            PostQuitMessage(0);
             return 0;
         default:
             break;
