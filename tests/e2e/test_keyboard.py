@@ -106,6 +106,8 @@ class TheProcessDialog(KeyboardTest):
         dialog = self.command(2)
         self.press(dialog, "Build Expression...")
         builder = self.desktop.one("#32770", "Expression Builder")
+        before = self.desktop.find("Edit", inside=builder)[0].text
+        self.assertNotEqual(before, "")
         self.desktop.key("alt+t", "Home", "alt+i")
         rule = self.desktop.find("Edit", inside=builder)[0]
         wait_for("the term in the rule", lambda: "Diameter" in self.desktop.one("Edit", inside=builder).text)
@@ -113,6 +115,7 @@ class TheProcessDialog(KeyboardTest):
         self.desktop.type(" > 8")
         wait_for("the rest of it", lambda: self.desktop.one("Edit", inside=builder).text.endswith(" > 8"))
         built = self.desktop.one("Edit", inside=builder).text
+        self.assertEqual(built, before + "Diameter > 8")
         self.confirm(builder)
         self.confirm(dialog)
         wait_for("the rule to be stored",
