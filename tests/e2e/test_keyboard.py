@@ -58,8 +58,8 @@ class TheProcessDialog(KeyboardTest):
         attachments = self.number(ATTACHMENTS)
         dialog = self.command(1)
         edits = sorted(self.desktop.find("Edit", inside=dialog), key=lambda window: window.area[1])
-        self.desktop.tab_to(edits[0])
-        self.overwrite("Mill by hand")
+        self.desktop.tab_to(edits[0])  # where the keyboard is at once; typing replaces the name that it proposes
+        self.desktop.type("Mill by hand")
         self.desktop.tab_to(self.desktop.one("ComboBox", inside=dialog))
         self.desktop.key("Home")
         self.desktop.tab_to(edits[2])
