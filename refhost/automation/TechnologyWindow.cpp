@@ -219,12 +219,7 @@ INT_PTR TechnologyWindow::command(int id, int notification) {
             if (pageIsSound()) goTo(page_ + 1);
             return TRUE;
         case IDOK:
-            // Enter is OK's, but on the way through the wizard it means the next page.
-            if (isWizard() && page_ < kLastPage) {
-                if (pageIsSound()) goTo(page_ + 1);
-            } else {
-                accept();
-            }
+            accept();
             return TRUE;
         case IDCANCEL:
             EndDialog(dialog_, IDCANCEL);
@@ -268,14 +263,19 @@ void TechnologyWindow::goTo(int page) {
         showControl(control(id), shown.group == Group::Cutting);
     EnableWindow(control(IDC_TECHNOLOGY_BACK), page_ > 0);
     EnableWindow(control(IDC_TECHNOLOGY_NEXT), page_ < kLastPage);
-    EnableWindow(control(IDOK), page_ == kLastPage);
     SendMessageW(dialog_, DM_SETDEFID, page_ < kLastPage ? IDC_TECHNOLOGY_NEXT : IDOK, 0);
     SetFocus(control(IDC_TECHNOLOGY_GRID));
     tell({});
 }
 
 void TechnologyWindow::accept() {
-    if (pageIsSound()) EndDialog(dialog_, IDOK);
+    if (!pageIsSound()) return;
+    // What the pages hold that nobody came to must be sound as well; the first that is not is shown.
+    while (isWizard() && page_ < kLastPage) {
+        goTo(page_ + 1);
+        if (!pageIsSound()) return;
+    }
+    EndDialog(dialog_, IDOK);
 }
 
 void TechnologyWindow::afterTrying(const std::string& reason) {

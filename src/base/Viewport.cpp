@@ -39,4 +39,12 @@ bool Viewport::reveal(const Rect& part) {
                      revealing(at_.top, page_.height, part.top, part.height)});
 }
 
+bool Viewport::reveal(const Rect& part, const Rect& label) {
+    const Point before = at_;
+    reveal({label.left, part.top, part.left + part.width - label.left, part.height});
+    // On a narrow page that may be nothing but the label.
+    reveal({part.left, part.top, std::min(part.width, page_.width / 2), part.height});
+    return at_ != before;
+}
+
 }  // namespace pellmark

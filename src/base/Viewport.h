@@ -27,6 +27,9 @@ class Viewport {
     /// beginning, which may stand up to the middle of the page, with what is before it in sight. False when
     /// nothing has moved.
     bool reveal(const Rect& part);
+    /// The same for a part with a label that stands at its left: with the label where there is room for both,
+    /// and of a part too wide for that its beginning.
+    bool reveal(const Rect& part, const Rect& label);
 
   private:
     Size page_;

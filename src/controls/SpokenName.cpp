@@ -18,7 +18,8 @@ std::string withoutMarks(const std::string& caption) {
     return text;
 }
 
-/// The label that stands directly before the control; null for anything else.
+}  // namespace
+
 const Control* labelBefore(const Control& control) {
     if (control.parent() == nullptr) return nullptr;
     std::vector<Control*> siblings = control.parent()->children();
@@ -30,8 +31,6 @@ const Control* labelBefore(const Control& control) {
     const Control* before = *(self - 1);
     return before->kind() == Control::Kind::Label ? before : nullptr;
 }
-
-}  // namespace
 
 std::string spokenName(const Control& control) {
     if (!control.caption().empty()) return withoutMarks(control.caption());

@@ -30,8 +30,8 @@ FrmMain::FrmMain(const ViewServices& services)
     on(CmdCancel.clicked.subscribe([this] { CmdCancel_Click(); }));
     on(CmdHelp.clicked.subscribe([this] { CmdHelp_Click(); }));
     on(TabCtrl.clicked.subscribe([this](int index) { tabClicked(index); }));
-    on(VSFGProcessCaseResults.entered.subscribe(
-        [this] { gridEntered(VSFGProcessCaseResults, VSFGProcessStep); }));
+    for (Grid* grid : {&VSFGProcessCase, &VSFGProcessCaseResults, &VSFGProcessStep})
+        on(grid->entered.subscribe([this, grid] { gridEntered(*grid); }));
     on(FindAllProcesses.toggled.subscribe([this] {
         fitMinimum();
         arrangeInside(TabProcesses);
@@ -48,7 +48,6 @@ FrmMain::FrmMain(const ViewServices& services)
         }));
     on(TabCtrl.indexChanged.subscribe([this] { fitMinimum(); }));
     fitMinimum();
-    on(VSFGProcessStep.entered.subscribe([this] { gridEntered(VSFGProcessStep, VSFGProcessCaseResults); }));
 }
 
 FrmMain::~FrmMain() = default;
@@ -122,6 +121,7 @@ cProcess* FrmMain::processes() {
 void FrmMain::buildProcessesView() {
     processesView_ = std::make_unique<ProcessesView>(services_, VSFGAllProcesses, FindAllProcesses);
     menus_.serve(processesView_->processes);
+    VSFGAllProcesses.setFocus();
 }
 
 void FrmMain::buildProcessCaseView() {
@@ -152,9 +152,9 @@ void FrmMain::tabClicked(int index) {
     if (!switched) TabCtrl.setIndex(static_cast<int>(view_));
 }
 
-void FrmMain::gridEntered(Grid& active, Grid& other) {
-    active.setActiveLook(true);
-    other.setActiveLook(false);
+void FrmMain::gridEntered(const Grid& active) {
+    for (Grid* grid : {&VSFGProcessCase, &VSFGProcessCaseResults, &VSFGProcessStep})
+        grid->setActiveLook(grid == &active);
 }
 
 void FrmMain::CmdOk_Click() {

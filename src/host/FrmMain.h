@@ -148,7 +148,8 @@ class FrmMain : public Form {
     void placeFilters();
     void translateCaptions();
     void tabClicked(int index);
-    void gridEntered(Grid& active, Grid& other);
+    /// Of the case view's grids the one with the keyboard looks active.
+    void gridEntered(const Grid& active);
 
     ViewServices services_;
     FRView view_ = FRView::FRProcesses;

@@ -14,7 +14,9 @@ CaseView::CaseView(const ViewServices& services, const FeatureCaseControls& filt
     : featureCase(services.person, services.knowledgeBase, services.creation),
       processes(services.person, services.knowledgeBase, services.rights, services.settings, services.gridOps,
                 services.host, &featureCase),
-      steps(services.steps, &processList.grid) {
+      steps(services.steps, &processList.grid),
+      processGrid_(processList.grid) {
+    processGrid_.bind(nullptr);  // what the view before this one listed is of another case
     featureCase.Init(filters);
     processes.Init(processList.grid);
     processes.offerFinding(processList.line, services.steps.idle);
@@ -31,7 +33,12 @@ CaseView::CaseView(const ViewServices& services, const FeatureCaseControls& filt
 }
 
 void CaseView::caseChanged() {
-    processes.RefreshList(wantedProcess_.empty() ? processes.SelectedProcessID() : wantedProcess_);
+    processes.RefreshList(wantedProcess_.empty() ? chosenProcess() : wantedProcess_);
+}
+
+std::string CaseView::chosenProcess() const {
+    const bool isProposed = processGrid_.row() <= processGrid_.fixedRows();
+    return isProposed ? std::string() : processes.SelectedProcessID();
 }
 
 void CaseView::processChanged() {

@@ -30,8 +30,9 @@ class CaseView {
     CaseView(const ViewServices& services, const FeatureCaseControls& filters, const List& processList,
              const List& stepList);
 
-    /// Shows what the host describes. Filters that the description leaves open stay as they are, and so does
-    /// a selection where it names none.
+    /// Shows what the host describes. Filters that the description leaves open stay as they are. Where it
+    /// names no process, the one that the person went to stays while it is listed; else the first is
+    /// proposed.
     void show(const CaseDescription& description);
     /// What is shown and selected now, so that it can be shown again.
     CaseDescription shown();
@@ -45,7 +46,11 @@ class CaseView {
   private:
     void caseChanged();
     void processChanged();
+    /// The process that the person went to, "" while that is the first of the list: what a list begins with
+    /// is its proposal, and another case proposes its own.
+    std::string chosenProcess() const;
 
+    Grid& processGrid_;
     std::string wantedProcess_;
     std::string wantedStep_;
     std::vector<Subscription> subscriptions_;

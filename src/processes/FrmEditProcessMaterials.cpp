@@ -1,5 +1,7 @@
 #include "processes/FrmEditProcessMaterials.h"
 
+#include "base/OneLine.h"
+
 namespace pellmark {
 
 namespace {
@@ -27,7 +29,16 @@ void FrmEditProcessMaterials::Form_Load() {
     setCaption(GetString("Process Materials"));
     FrameMaterials.prepare();
     translateButtons(CmdOk, CmdCancel, CmdHelp);
-    loadOrAbandon("FrmEditProcessMaterials::Form_Load", [this] { readLists(); });
+    loadOrAbandon("FrmEditProcessMaterials::Form_Load", [this] {
+        nameProcess();
+        readLists();
+    });
+}
+
+void FrmEditProcessMaterials::nameProcess() {
+    constexpr std::size_t kMostUnits = 80;
+    const std::string name = oneLine(knowledgeBase_.processStore().process(processId_).Name, kMostUnits);
+    setCaption(GetString("Process Materials") + " - " + name);
 }
 
 void FrmEditProcessMaterials::RefreshNonMembers() {

@@ -28,6 +28,7 @@ class FrmEditProcessMaterials : public Dialog {
     void accept() override { CmdOk_Click(); }
 
   private:
+    void nameProcess();
     void readLists();
 
     KnowledgeBaseService& knowledgeBase_;

@@ -3,14 +3,16 @@
 #include <algorithm>
 #include <exception>
 
+#include "base/OneLine.h"
 #include "knowledge/Records.h"
 
 namespace pellmark {
 
 namespace {
 
-/// So that the box stays on the screen, however many processes were selected.
+/// So that the box stays on the screen, however many processes were selected and however long their names.
 constexpr std::size_t kMostNamed = 10;
+constexpr std::size_t kMostUnits = 100;
 
 }  // namespace
 
@@ -40,7 +42,7 @@ void ProcessRemoval::carryOut(const char* operation, const Remove& remove) {
             try {
                 gone = remove(target);
             } catch (const std::exception& error) {
-                failures.push_back(target.name + ": " + error.what());
+                failures.push_back(oneLine(target.name, kMostUnits) + ": " + error.what());
                 throw;
             }
         });

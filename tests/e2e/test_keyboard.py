@@ -58,8 +58,8 @@ class TheProcessDialog(KeyboardTest):
         attachments = self.number(ATTACHMENTS)
         dialog = self.command(1)
         edits = sorted(self.desktop.find("Edit", inside=dialog), key=lambda window: window.area[1])
-        self.desktop.tab_to(edits[0])
-        self.overwrite("Mill by hand")
+        self.desktop.tab_to(edits[0])  # where the keyboard is at once; typing replaces the name that it proposes
+        self.desktop.type("Mill by hand")
         self.desktop.tab_to(self.desktop.one("ComboBox", inside=dialog))
         self.desktop.key("Home")
         self.desktop.tab_to(edits[2])
@@ -106,6 +106,8 @@ class TheProcessDialog(KeyboardTest):
         dialog = self.command(2)
         self.press(dialog, "Build Expression...")
         builder = self.desktop.one("#32770", "Expression Builder")
+        before = self.desktop.find("Edit", inside=builder)[0].text
+        self.assertNotEqual(before, "")
         self.desktop.key("alt+t", "Home", "alt+i")
         rule = self.desktop.find("Edit", inside=builder)[0]
         wait_for("the term in the rule", lambda: "Diameter" in self.desktop.one("Edit", inside=builder).text)
@@ -113,6 +115,7 @@ class TheProcessDialog(KeyboardTest):
         self.desktop.type(" > 8")
         wait_for("the rest of it", lambda: self.desktop.one("Edit", inside=builder).text.endswith(" > 8"))
         built = self.desktop.one("Edit", inside=builder).text
+        self.assertEqual(built, before + "Diameter > 8")
         self.confirm(builder)
         self.confirm(dialog)
         wait_for("the rule to be stored",

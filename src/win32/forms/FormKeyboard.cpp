@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "controls/SpokenName.h"
 #include "win32/controls/ButtonPeer.h"
 #include "win32/controls/TabStripPeer.h"
 #include "win32/forms/FormWindow.h"
@@ -21,7 +22,20 @@ void FormKeyboard::arrived(const ControlPeer& peer, HWND from) {
     if (model() == nullptr) return;
     model()->focusArrived(*peer.control());
     // Back from the box over one of its cells a list stays as it is: the person is looking at that cell.
-    if (!::IsChild(peer.window(), from)) form_.scroll().reveal(peer.window());
+    if (::IsChild(peer.window(), from)) return;
+    if (const HWND label = labelBeside(*peer.control())) {
+        form_.scroll().reveal(peer.window(), label);
+    } else {
+        form_.scroll().reveal(peer.window());
+    }
+}
+
+HWND FormKeyboard::labelBeside(const Control& control) const {
+    const Control* label = labelBefore(control);
+    const ControlPeer* peer = label != nullptr ? form_.find(*label) : nullptr;
+    const bool isAtItsLeft =
+        peer != nullptr && label->bounds().left + label->bounds().width <= control.bounds().left;
+    return isAtItsLeft ? peer->window() : nullptr;
 }
 
 HWND FormKeyboard::remembered() const {
@@ -39,10 +53,18 @@ void FormKeyboard::shownEmbedded() {
 void FormKeyboard::enter() {
     if (model() == nullptr) return;
     HWND wanted = remembered();
-    if (wanted == nullptr) {
-        if (const ControlPeer* peer = TabOrder(form_).first()) wanted = peer->window();
+    if (wanted != nullptr) {
+        ::SetFocus(wanted);  // as it was left, with what was selected there
+    } else if (const ControlPeer* peer = TabOrder(form_).first()) {
+        arriveByKeyboard(*peer);
     }
-    if (wanted != nullptr) ::SetFocus(wanted);
+}
+
+void FormKeyboard::arriveByKeyboard(const ControlPeer& peer) {
+    const HWND window = peer.window();
+    const bool isLine = (::SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
+    ::SetFocus(window);
+    if (isLine) ::SendMessageW(window, EM_SETSEL, 0, -1);
 }
 
 void FormKeyboard::showDefaultButton(HWND focused) {
@@ -114,12 +136,7 @@ void FormKeyboard::showCues() const {
 
 void FormKeyboard::stepFocus(int by) {
     if (model() == nullptr) return;
-    const ControlPeer* next = TabOrder(form_).next(focused(), by);
-    if (next == nullptr) return;
-    const HWND window = next->window();
-    const bool isLine = (::SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
-    ::SetFocus(window);
-    if (isLine) ::SendMessageW(window, EM_SETSEL, 0, -1);
+    if (const ControlPeer* next = TabOrder(form_).next(focused(), by)) arriveByKeyboard(*next);
 }
 
 void FormKeyboard::stepAmongSiblings(int by) {
@@ -134,8 +151,7 @@ bool FormKeyboard::pressAccessKey(wchar_t key) {
     ControlPeer* peer = order.withAccessKey(key, focused());
     if (peer == nullptr) return false;
     if (!peer->accessed()) {
-        const ControlPeer* next = order.next(peer, 1);
-        if (next != nullptr) ::SetFocus(next->window());
+        if (const ControlPeer* next = order.next(peer, 1)) arriveByKeyboard(*next);
     }
     return true;
 }

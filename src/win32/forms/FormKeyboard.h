@@ -46,8 +46,13 @@ class FormKeyboard {
 
   private:
     Form* model() const;
+    /// Gives the keyboard to a control to which a key has led; the text of a line is selected there, so that
+    /// typing replaces it.
+    static void arriveByKeyboard(const ControlPeer& peer);
     /// The window of the control that the model remembers, null where it cannot take the keyboard.
     HWND remembered() const;
+    /// The window of the label at the control's left, null where there is none.
+    HWND labelBeside(const Control& control) const;
     ControlPeer* focused() const;
     TabStripPeer* stripAround(HWND focused) const;
 

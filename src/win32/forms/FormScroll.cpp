@@ -74,21 +74,39 @@ bool FormScroll::isMousePressed() {
     return ::GetKeyState(VK_LBUTTON) < 0 || ::GetKeyState(VK_RBUTTON) < 0 || ::GetKeyState(VK_MBUTTON) < 0;
 }
 
-void FormScroll::reveal(HWND control) {
+std::optional<Rect> FormScroll::placeOf(HWND control) const {
     RECT whole{};
     ::GetWindowRect(control, &whole);
     ::MapWindowPoints(nullptr, control, reinterpret_cast<POINT*>(&whole), 2);
-    reveal(control, whole);
+    return placeOf(control, whole);
+}
+
+std::optional<Rect> FormScroll::placeOf(HWND window, RECT part) const {
+    if (isMousePressed() || (!view_.hasVerticalBar() && !view_.hasHorizontalBar())) return std::nullopt;
+    ::MapWindowPoints(window, form_.window(), reinterpret_cast<POINT*>(&part), 2);
+    ::OffsetRect(&part, view_.at().left, view_.at().top);
+    return Rect{static_cast<int>(part.left), static_cast<int>(part.top),
+                static_cast<int>(part.right - part.left), static_cast<int>(part.bottom - part.top)};
+}
+
+void FormScroll::reveal(HWND control) {
+    reveal(placeOf(control));
 }
 
 void FormScroll::reveal(HWND window, RECT part) {
-    if (isMousePressed() || (!view_.hasVerticalBar() && !view_.hasHorizontalBar())) return;
-    ::MapWindowPoints(window, form_.window(), reinterpret_cast<POINT*>(&part), 2);
+    reveal(placeOf(window, part));
+}
+
+void FormScroll::reveal(HWND control, HWND label) {
     const Point from = view_.at();
-    ::OffsetRect(&part, from.left, from.top);
-    const Rect wanted{static_cast<int>(part.left), static_cast<int>(part.top),
-                      static_cast<int>(part.right - part.left), static_cast<int>(part.bottom - part.top)};
-    if (view_.reveal(wanted)) moved(from);
+    const std::optional<Rect> wanted = placeOf(control);
+    const std::optional<Rect> beside = placeOf(label);
+    if (wanted && beside && view_.reveal(*wanted, *beside)) moved(from);
+}
+
+void FormScroll::reveal(const std::optional<Rect>& wanted) {
+    const Point from = view_.at();
+    if (wanted && view_.reveal(*wanted)) moved(from);
 }
 
 int FormScroll::line() const {

@@ -28,6 +28,8 @@ class FormScroll {
     static bool isMousePressed();
     /// Shows the window of a control, if need be by scrolling.
     void reveal(HWND control);
+    /// The same for a control with a label that stands at its left.
+    void reveal(HWND control, HWND label);
     /// The same for a part of a window, in pixels of that one's client area.
     void reveal(HWND window, RECT part);
 
@@ -35,6 +37,10 @@ class FormScroll {
     std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
 
   private:
+    /// A part of a window in the form's contents; nothing where nothing is to be scrolled.
+    std::optional<Rect> placeOf(HWND window, RECT part) const;
+    std::optional<Rect> placeOf(HWND control) const;
+    void reveal(const std::optional<Rect>& wanted);
     /// The window's room if it had no bars.
     Size roomWithoutBars() const;
     void showBar(int bar, int content, int page, int at) const;

@@ -11,6 +11,7 @@ namespace pellmark {
 namespace {
 
 constexpr int kPaddingOfACell = 14;
+constexpr Twips kRoomBehindAFittedColumn = 24 * kTwipsPerPixelAt96Dpi;
 constexpr Twips kArrowFromTheRight = 12 * kTwipsPerPixelAt96Dpi;
 constexpr Twips kHalfArrowWidth = 4 * kTwipsPerPixelAt96Dpi;
 constexpr Twips kHalfArrowHeight = 2 * kTwipsPerPixelAt96Dpi;
@@ -140,7 +141,8 @@ void TableHeader::takeChanges(const Scale& scale) {
 void TableHeader::fit(int column, const Scale& scale, HFONT font) {
     const HDC canvas = ::GetDC(list_);
     const HGDIOBJ old = ::SelectObject(canvas, font);
-    int widest = textWidth(canvas, table_.heading(column));
+    const int heading = textWidth(canvas, table_.heading(column));
+    int widest = heading;
     // The rows on the screen stand for all others: reading a million rows is no answer to a double click.
     const auto top = static_cast<int>(::SendMessageW(list_, LVM_GETTOPINDEX, 0, 0));
     const auto page = static_cast<int>(::SendMessageW(list_, LVM_GETCOUNTPERPAGE, 0, 0));
@@ -148,8 +150,13 @@ void TableHeader::fit(int column, const Scale& scale, HFONT font) {
         widest = std::max(widest, textWidth(canvas, table_.text(row, column)));
     ::SelectObject(canvas, old);
     ::ReleaseDC(list_, canvas);
-    widest += ::MulDiv(kPaddingOfACell, scale.dpi(), USER_DEFAULT_SCREEN_DPI);
-    ::SendMessageW(list_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), widest);
+    const int padding = ::MulDiv(kPaddingOfACell, scale.dpi(), USER_DEFAULT_SCREEN_DPI);
+    // Wider than the window, a column would take its own edge, by which it is narrowed again, out of reach.
+    RECT client{};
+    ::GetClientRect(list_, &client);
+    const int room = static_cast<int>(client.right) - scale.pixels(kRoomBehindAFittedColumn);
+    const int width = std::min(widest + padding, std::max(room, heading + padding));
+    ::SendMessageW(list_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), width);
     takeChanges(scale);
 }
 

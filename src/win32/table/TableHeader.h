@@ -24,7 +24,7 @@ class TableHeader {
     void paintArrow(const Scale& scale) const;
     /// Compares the window's widths and order with what was shown last and tells the model of differences.
     void takeChanges(const Scale& scale);
-    /// Makes a column as wide as what is on the screen needs.
+    /// Makes a column as wide as what is on the screen needs, up to the window's width.
     void fit(int column, const Scale& scale, HFONT font);
 
     /// The column under a point of the header, -1 beside them; dividers belong to no column.

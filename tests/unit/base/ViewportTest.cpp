@@ -90,6 +90,31 @@ TEST(ViewportTest, OfAPartLargerThanThePageItsBeginningIsRevealed) {
     EXPECT_EQ(view.at(), (Point{100, 50})) << "by as little as it takes";
 }
 
+TEST(ViewportTest, APartIsRevealedWithTheLabelAtItsLeftWhereThereIsRoomForBoth) {
+    Viewport view = fitted({317, 217}, {640, 480});
+    view.scrollTo({340, 0});
+    EXPECT_TRUE(view.reveal({120, 20, 180, 30}, {10, 25, 100, 20}));
+    EXPECT_EQ(view.at(), (Point{10, 0}));
+    view.scrollTo({0, 280});
+    EXPECT_TRUE(view.reveal({120, 20, 180, 30}, {10, 25, 100, 20}));
+    EXPECT_EQ(view.at(), (Point{0, 20})) << "as high as the part";
+}
+
+TEST(ViewportTest, OfAPartTooWideForItsLabelTheBeginningIsRevealed) {
+    Viewport view = fitted({317, 217}, {640, 480});
+    EXPECT_FALSE(view.reveal({120, 20, 280, 30}, {10, 25, 100, 20})) << "its beginning is to be seen already";
+    view.scrollTo({340, 0});
+    EXPECT_TRUE(view.reveal({120, 20, 280, 30}, {10, 25, 100, 20}));
+    EXPECT_EQ(view.at(), (Point{10, 0}));
+}
+
+TEST(ViewportTest, ALabelAsWideAsThePageDoesNotHideThePart) {
+    Viewport view = fitted({117, 217}, {640, 480});
+    EXPECT_TRUE(view.reveal({120, 20, 280, 30}, {10, 25, 100, 20}));
+    EXPECT_LE(view.at().left, 120);
+    EXPECT_GE(view.at().left + view.page().width, 120 + view.page().width / 2);
+}
+
 TEST(ViewportTest, ABarThatLeavesJustEnoughMakesTheOtherUnnecessary) {
     const Viewport narrow = fitted({639, 497}, {640, 480});
     EXPECT_EQ(narrow.page(), (Size{639, 480}));

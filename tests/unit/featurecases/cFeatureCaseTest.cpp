@@ -278,6 +278,20 @@ TEST_F(CFeatureCaseTest, TheSelectedProcessStaysSelectedWhileItIsListed) {
     EXPECT_EQ(main.processes()->SelectedProcessID(), second);
 }
 
+TEST_F(CFeatureCaseTest, AnotherCaseProposesItsOwnFirstProcessWhileThePersonHasChosenNone) {
+    const std::string ofM8 = base.addProcess("a");
+    const std::string ofM10 = base.addProcess("b");
+    base.addFeatureCase(hole, {d8, m8}, {ofM8});
+    base.addFeatureCase(hole, {d10, m8}, {ofM10});
+    open();
+    view().SetFeatureTypeGui(hole);
+    view().SetValuesGui({d8, m8});
+    ASSERT_EQ(main.processes()->SelectedProcessID(), ofM8);
+    chooseInGrid(2, d10);
+    ASSERT_EQ(list().dataRows(), 2) << "the other one shares a value";
+    EXPECT_EQ(main.processes()->SelectedProcessID(), ofM10) << "the exact match";
+}
+
 TEST_F(CFeatureCaseTest, AClickOnMaterialOrProcessUnitRefillsTheListAndLeavesTheGrid) {
     open();
     describeHole();

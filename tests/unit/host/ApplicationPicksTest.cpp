@@ -205,6 +205,14 @@ TEST_F(ApplicationPicksTest, ASecondCallThatNamesNoProcessAndNoStepKeepsTheSelec
     EXPECT_EQ(main.VSFGProcessStep.rowData(main.VSFGProcessStep.row()), step);
 }
 
+TEST_F(ApplicationPicksTest, APickThatNamesNoProcessProposesTheBestMatchWhateverTheEmbeddedViewHasSelected) {
+    description.processGuid = partial;
+    app.ShowWindowProcessCaseView(host, description);
+    description.processGuid = "";
+    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK));
+    EXPECT_EQ(app.OpenProcess(host, 9, description), exact);
+}
+
 TEST_F(ApplicationPicksTest, AModalCallLetsTheEmbeddedViewComeBackAsItWas) {
     description.processGuid = partial;
     app.ShowWindowProcessCaseView(host, description);

@@ -51,6 +51,14 @@ TEST_F(FrmMainTest, TheProcessesOfACaseHaveTheFocusAtFirst) {
     EXPECT_EQ(main.focused(), &main.VSFGProcessCaseResults);
 }
 
+TEST_F(FrmMainTest, TheListOfAllProcessesHasTheFocusAtFirst) {
+    main.SetView(FRView::FRProcesses);
+    EXPECT_EQ(main.focused(), &main.VSFGAllProcesses);
+    main.SetView(FRView::FRProcesscase);
+    main.TabCtrl.click(0);
+    EXPECT_EQ(main.focused(), &main.VSFGAllProcesses);
+}
+
 TEST_F(FrmMainTest, AHostsSwitchMovesTheTabsAndBuildsTheView) {
     main.SetView(FRView::FRProcesscase);
     EXPECT_EQ(main.TabCtrl.index(), 1);
@@ -142,6 +150,19 @@ TEST_F(FrmMainTest, TheEnteredGridLooksActiveAndTheOtherDoesNot) {
     main.VSFGProcessCaseResults.entered.raise();
     EXPECT_TRUE(main.VSFGProcessCaseResults.activeLook());
     EXPECT_FALSE(main.VSFGProcessStep.activeLook());
+}
+
+TEST_F(FrmMainTest, OfTheThreeGridsOfACaseOneLooksActive) {
+    const auto active = [this] {
+        return std::vector{main.VSFGProcessCase.activeLook(), main.VSFGProcessCaseResults.activeLook(),
+                           main.VSFGProcessStep.activeLook()};
+    };
+    main.VSFGProcessCaseResults.entered.raise();
+    EXPECT_THAT(active(), testing::ElementsAre(false, true, false));
+    main.VSFGProcessCase.entered.raise();
+    EXPECT_THAT(active(), testing::ElementsAre(true, false, false));
+    main.VSFGProcessStep.entered.raise();
+    EXPECT_THAT(active(), testing::ElementsAre(false, false, true));
 }
 
 }  // namespace

@@ -22,6 +22,14 @@ TEST(MessageBoxTest, UpToTenNamesStandBelowIt) {
     EXPECT_TRUE(wholeText(question(10)).ends_with("P9\r\nP10"));
 }
 
+TEST(MessageBoxTest, ANameTakesNoMoreThanItsLine) {
+    MessageBox box = question(1);
+    box.names.front() = "First\r\n" + std::string(500, 'x');
+    const std::string text = wholeText(box);
+    EXPECT_TRUE(text.starts_with("Delete?\r\n\r\nFirst  xxx")) << text;
+    EXPECT_LT(text.size(), 120U);
+}
+
 TEST(MessageBoxTest, OfMoreTheNumberFollows) {
     EXPECT_TRUE(wholeText(question(11)).ends_with("P9\r\nP10\r\n+ 1"));
 }

@@ -50,6 +50,13 @@ TEST_F(FrmEditProcessMaterialsTest, ShowsWhatTheProcessLacksAndWhatItHas) {
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 
+TEST_F(FrmEditProcessMaterialsTest, TheTitleSaysWhoseMaterialsTheyAre) {
+    run([&](FrmEditProcessMaterials& dialog) {
+        EXPECT_EQ(dialog.caption(), "Process Materials - Drill");
+        dialog.CmdCancel.click();
+    });
+}
+
 TEST_F(FrmEditProcessMaterialsTest, HelpOpensItsContextOverTheDialog) {
     run([&](FrmEditProcessMaterials& dialog) {
         dialog.CmdHelp.click();

@@ -89,12 +89,49 @@ TEST_F(FormKeysTest, AnAccessKeyReachesItsButtonInAnEmbeddedForm) {
     EXPECT_EQ(helps, 1);
 }
 
-TEST_F(FormKeysTest, AnAccessKeyOfALabelLeadsToTheNextControl) {
+TEST_F(FormKeysTest, AnAccessKeyOfALabelLeadsToTheNextControlAndSelectsItsText) {
     form->tabs.setIndex(1);
+    form->name.setText("Drill 8");
     embed();
     focus(form->ok);
     Person::press({VK_MENU, 'N'});
     EXPECT_TRUE(hasFocus(form->name));
+    Person::type("r");
+    EXPECT_TRUE(Person::waitUntil([&] { return form->name.text() == "r"; })) << form->name.text();
+}
+
+/// A form that begins with a line, as most dialogs do.
+class LineForm : public Form {
+  public:
+    explicit LineForm(Desktop& desktop) : Form(desktop, "LineForm") {
+        setClientSize({4500, 3000});
+        name.place({100, 100, 2000, 345}, {4500, 3000}, {});
+        ok.place({100, 1000, 1095, 375}, {4500, 3000}, {});
+        name.setText("New Process");
+    }
+
+    TextBox name{*this, "name"};
+    Button ok{*this, "ok", "OK"};
+};
+
+TEST_F(FormKeysTest, AFormThatBeginsWithALineOpensWithItsTextSelected) {
+    LineForm begins(desktop);
+    const auto isThere = [&] { return begins.handle() != 0 && ::GetFocus() == of(begins, begins.name); };
+    std::string typed;
+    std::string afterwards;
+    const Meanwhile meanwhile({isThere, [&] {
+                                   Person::type("Tap");
+                                   typed = begins.name.text();
+                                   // back at the form everything is as it was left
+                                   ::SetFocus(reinterpret_cast<HWND>(begins.handle()));
+                                   Person::type("x");
+                                   afterwards = begins.name.text();
+                                   begins.close();
+                                   return true;
+                               }});
+    begins.showModal(reinterpret_cast<WindowHandle>(host()));
+    EXPECT_EQ(typed, "Tap");
+    EXPECT_EQ(afterwards, "Tapx");
 }
 
 TEST_F(FormKeysTest, ControlTabAndControlPageDownStepThroughThePages) {

@@ -163,6 +163,22 @@ TEST_F(FormScrollTest, NothingMovesUnderAPressedMouse) {
     EXPECT_EQ(place(form->grid).top, before.top);
 }
 
+TEST_F(FormScrollTest, AFieldComesIntoViewWithItsLabelAndOfAWideOneItsBeginning) {
+    form->tabs.setIndex(1);
+    form->setMinimumSize(form->clientSize());
+    embedIn(190, 160);
+    ::SendMessageW(window(), WM_HSCROLL, SB_RIGHT, 0);
+    focus(form->name);
+    ASSERT_GT(place(form->name).right, room().cx) << "not everything has room";
+    EXPECT_GE(place(form->nameLabel).left, 0);
+    EXPECT_LT(place(form->name).left, room().cx / 2);
+    resize(400, 160);
+    ::SendMessageW(window(), WM_HSCROLL, SB_RIGHT, 0);
+    focus(form->unit);
+    EXPECT_TRUE(isInView(form->unit));
+    EXPECT_TRUE(isInView(form->unitLabel));
+}
+
 /// The second page's list of values, whose cells of the second column can be edited, in a form of which the
 /// window shows a part.
 class EditInSightTest : public FormScrollTest {

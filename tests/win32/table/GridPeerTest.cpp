@@ -332,5 +332,12 @@ TEST_F(GridPeerTest, ADoubleClickOnADividerFitsTheColumnToWhatIsShown) {
     EXPECT_LT(grid().colWidth(1), 3000);
 }
 
+TEST_F(GridPeerTest, AFittedColumnLeavesItsOwnEdgeInTheWindow) {
+    grid().setText(1, 1, std::string(2000, 'x'));
+    Person::doubleClick(header(), {divider(0), 8});
+    EXPECT_GT(divider(0), clientWidth() / 2);
+    EXPECT_LT(divider(0), clientWidth());
+}
+
 }  // namespace
 }  // namespace pellmark::test
