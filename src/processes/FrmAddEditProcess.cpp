@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Text.h"
+#include "settings/NumberOptions.h"
 
 namespace pellmark {
 
@@ -21,11 +22,12 @@ std::string currentCaseMarker(cFeatureCase* view) {
 }  // namespace
 
 FrmAddEditProcess::FrmAddEditProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
-                                     HostApplication& host, cFeatureCase* featureCase, std::string processId,
-                                     Rights* atOk)
+                                     cQDLExtSettings& settings, HostApplication& host,
+                                     cFeatureCase* featureCase, std::string processId, Rights* atOk)
     : Dialog(person, "FrmAddEditProcess"),
       FrameMaterialClass(person, *this, "FrameMaterialClass"),
       knowledgeBase_(knowledgeBase),
+      settings_(settings),
       host_(host),
       featureCase_(featureCase),
       atOk_(atOk),
@@ -106,6 +108,7 @@ void FrmAddEditProcess::showRecord() {
     TxtName.setText(record_.Name);
     TxtRule.setText(record_.Rule);
     TxtDescription.setText(record_.Description);
+    unchanged_ = record_;
 }
 
 void FrmAddEditProcess::RefreshNonMembers() {
@@ -117,6 +120,15 @@ void FrmAddEditProcess::readMaterials() {
     std::vector<ListItem> members;
     if (!record_.Id.empty()) members = itemsOf(*knowledgeBase_.processStore().materialsOf(record_.Id));
     FrameMaterialClass.show(withoutMembers(all, members), members);
+    unchangedMembers_ = memberIds();
+}
+
+std::set<std::string> FrmAddEditProcess::memberIds() const {
+    std::set<std::string> ids;
+    const ListView& members = FrameMaterialClass.LV2;
+    for (int i = 0; i < members.count(); ++i)
+        ids.insert(members.item(i).key);
+    return ids;
 }
 
 void FrmAddEditProcess::CmbUnit_Click() {
@@ -155,11 +167,34 @@ void FrmAddEditProcess::CmdOk_Click() {
         record_.Name = TxtName.text();
         record_.Rule = TxtRule.text();
         store();
+        unchanged_ = record_;
         if (!record_.Id.empty()) storeMaterials();
         person().layouts.SaveComboBoxIndex(CmbUnit);
         completed.raise(record_.Id);
         unload();
     });
+}
+
+void FrmAddEditProcess::cancel() {
+    carryOut("FrmAddEditProcess::CmdCancel_Click", [this] {
+        if (!isChanged() || mayDiscard()) unload();
+    });
+}
+
+bool FrmAddEditProcess::isChanged() const {
+    const ProcessRecord now{record_.Id, TxtName.text(), record_.Unit, TxtDescription.text(), TxtRule.text()};
+    return now != unchanged_ || memberIds() != unchangedMembers_;
+}
+
+bool FrmAddEditProcess::mayDiscard() const {
+    if (settings_.orDefault(option::kProcessMngrPromtToSaveDirtyProcess) == 0) return true;
+    const MessageBox question{GetString("The process has been changed. Discard the changes?"),
+                              "",
+                              MessageIcon::Question,
+                              MessageButtons::OkCancel,
+                              {},
+                              true};
+    return person().show(question) == MessageAnswer::Ok;
 }
 
 void FrmAddEditProcess::store() {

@@ -1,24 +1,28 @@
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "featurecases/cFeatureCase.h"
 #include "knowledge/KnowledgeBaseService.h"
 #include "ports/HostInterfaces.h"
 #include "processes/MemberLists.h"
+#include "settings/cQDLExtSettings.h"
 #include "util/Dialog.h"
 #include "util/Rights.h"
 
 namespace pellmark {
 
 /// Creates a process, or changes one: name, unit, rule, description and materials. A new process is attached
-/// to the current feature case where there is one.
+/// to the current feature case where there is one. What a person has changed is discarded only after a
+/// question, unless the setting ProcessMngrPromtToSaveDirtyProcess is 0.
 class FrmAddEditProcess : public Dialog {
   public:
     /// An empty id opens the dialog for a new process. `featureCase` is null where there is no view of one.
     /// `atOk` checks the right to store when the person confirms; null where the opener has asked already.
-    FrmAddEditProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase, HostApplication& host,
-                      cFeatureCase* featureCase, std::string processId, Rights* atOk);
+    FrmAddEditProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
+                      cQDLExtSettings& settings, HostApplication& host, cFeatureCase* featureCase,
+                      std::string processId, Rights* atOk);
 
     /// Loads both lists from the knowledge base again and forgets moves that were not stored.
     void RefreshNonMembers();
@@ -48,6 +52,7 @@ class FrmAddEditProcess : public Dialog {
   protected:
     void Form_Load() override;
     void accept() override { CmdOk_Click(); }
+    void cancel() override;
 
   private:
     void placeControls();
@@ -57,10 +62,14 @@ class FrmAddEditProcess : public Dialog {
     void readMaterials();
     bool inputIsAcceptable();
     bool isAllowed();
+    std::set<std::string> memberIds() const;
+    bool isChanged() const;
+    bool mayDiscard() const;
     void store();
     void storeMaterials();
 
     KnowledgeBaseService& knowledgeBase_;
+    cQDLExtSettings& settings_;
     HostApplication& host_;
     cFeatureCase* featureCase_;
     Rights* atOk_;
@@ -68,6 +77,8 @@ class FrmAddEditProcess : public Dialog {
     std::string featureCaseMarker_;
     bool editing_ = false;
     ProcessRecord record_;
+    ProcessRecord unchanged_;                 ///< what the dialog opened with, or has stored
+    std::set<std::string> unchangedMembers_;  ///< ids of the materials that were read, or have been stored
 };
 
 }  // namespace pellmark

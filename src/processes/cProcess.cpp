@@ -346,7 +346,7 @@ void cProcess::editForHost(const std::string& id, WindowHandle owner) {
 }
 
 void cProcess::openDialog(const std::string& id, WindowHandle owner, Rights* atOk) {
-    FrmAddEditProcess dialog(person_, knowledgeBase_, host_, featureCase_, id, atOk);
+    FrmAddEditProcess dialog(person_, knowledgeBase_, settings_, host_, featureCase_, id, atOk);
     const Subscription stored = dialog.stored.subscribe([this](const ProcessRecord& record) {
         const OneChange change(*this);
         UpdateFromDb(record);

@@ -15,7 +15,7 @@ namespace pellmark {
 /// done.
 class Dialog : public Form {
   public:
-    void CmdCancel_Click() { unload(); }
+    void CmdCancel_Click() { cancel(); }
     void CmdHelp_Click();
 
   protected:
@@ -27,6 +27,8 @@ class Dialog : public Form {
     /// dialog's own may stand before the last.
     void addButtons(Size client, Button& ok, Button& cancel, Button& help, Button* own = nullptr);
     virtual void accept() = 0;
+    /// Cancel, Escape and the close box.
+    virtual void cancel() { unload(); }
     void restoreLayout() override;
     void Form_QueryUnload() override;
     /// The captions of the buttons in the language of the current call, then the access keys of all captions.

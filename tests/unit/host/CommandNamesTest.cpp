@@ -85,9 +85,10 @@ TEST_F(CommandNamesTest, OfTheMainForm) {
 }
 
 TEST_F(CommandNamesTest, OfTheProcessDialogs) {
-    FrmAddEditProcess edit(person, base, *host, &view(), process, nullptr);
+    FrmAddEditProcess edit(person, base, services.settings, *host, &view(), process, nullptr);
     edit.load();
     expectRefused("FrmAddEditProcess::CmdOk_Click", edit.CmdOk);
+    expectRefused("FrmAddEditProcess::CmdCancel_Click", edit.CmdCancel);
     expectRefused("FrmAddEditProcess::CmdBuildExpression_Click", edit.CmdBuildExpression);
     expectRefused("FrmAddEditProcess::RefreshNonMembers", edit.FrameMaterialClass.Cmdrefresh);
     expectRefused("Dialog::CmdHelp_Click", edit.CmdHelp);

@@ -171,6 +171,15 @@ const std::vector<Command>& commands() {
          }},
         {"New...", [](Sweep& s) { s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessAddNew"); }},
         {"Edit...", [](Sweep& s) { s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessEdit"); }},
+        {"Cancel of a changed process",
+         [](Sweep& s) {
+             s.desktop.scripts["FrmAddEditProcess"] = [](Form& form) {
+                 auto& dialog = static_cast<FrmAddEditProcess&>(form);
+                 dialog.TxtName.setText("other");
+                 dialog.CmdCancel.click();
+             };
+             s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessEdit");
+         }},
         {"Process Members...",
          [](Sweep& s) { s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessEditProcessses"); }},
         {"Delete", [](Sweep& s) { s.take(&FrmMain::VSFGProcessCaseResults, "mnuProcessDelete"); }},

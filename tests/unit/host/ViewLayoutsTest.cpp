@@ -185,7 +185,7 @@ TEST_F(ViewLayoutsTest, AnIndexFromALongerListLeavesTheFilterOpen) {
 
 TEST_F(ViewLayoutsTest, TheUnitOfAStoredProcessIsRemembered) {
     const std::string id = base.addProcess("Drill", unit::kInch);
-    FrmAddEditProcess dialog(person, base, *host, nullptr, id, nullptr);
+    FrmAddEditProcess dialog(person, base, services.settings, *host, nullptr, id, nullptr);
     dialog.load();
     dialog.CmbUnit.choose(1);
     EXPECT_FALSE(stored("DialogSettings\\FrmAddEditProcess", "CmbUnit"));

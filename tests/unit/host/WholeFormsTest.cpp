@@ -80,7 +80,7 @@ class WholeFormsTest : public testing::Test, protected CaseHarness {
 
 TEST_F(WholeFormsTest, TheDialogs) {
     openCase({d8});
-    FrmAddEditProcess edit(person, base, *host, &view(), process, nullptr);
+    FrmAddEditProcess edit(person, base, services.settings, *host, &view(), process, nullptr);
     expectWholeAtEverySize(edit);
     FrmAddExistingProcess members(person, base, view(), main.VSFGProcessCaseResults, "71");
     expectWholeAtEverySize(members);

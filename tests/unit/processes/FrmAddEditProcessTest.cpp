@@ -138,9 +138,10 @@ TEST_F(FrmAddEditProcessTest, OfALongRuleAndAnEmptyNameOnlyTheRuleIsTold) {
         dialog.TxtName.setText("");
         desktop.expectMessage("Rule cannot exceed 250 characters");
         dialog.CmdOk.click();
+        EXPECT_EQ(desktop.messages().size(), 1U);
+        desktop.expectMessage("The process has been changed. Discard the changes?");
         dialog.CmdCancel.click();
     });
-    EXPECT_EQ(desktop.messages().size(), 1U);
 }
 
 TEST_F(FrmAddEditProcessTest, MovedMaterialsAreStoredMembersFirstAndEveryItemIsSent) {
@@ -159,6 +160,7 @@ TEST_F(FrmAddEditProcessTest, CancelAfterMovingMaterialsChangesNothing) {
     edit([&](FrmAddEditProcess& dialog) {
         dialog.FrameMaterialClass.CmdAddAllft.click();
         dialog.TxtName.setText("other");
+        desktop.expectMessage("The process has been changed. Discard the changes?");
         dialog.CmdCancel.click();
     });
     EXPECT_THAT(changes(), IsEmpty());
@@ -168,6 +170,7 @@ TEST_F(FrmAddEditProcessTest, CancelAfterMovingMaterialsChangesNothing) {
 TEST_F(FrmAddEditProcessTest, ClosingTheWindowIsCancelling) {
     edit([&](FrmAddEditProcess& dialog) {
         dialog.TxtName.setText("other");
+        desktop.expectMessage("The process has been changed. Discard the changes?");
         dialog.close();
     });
     EXPECT_THAT(changes(), IsEmpty());
@@ -190,6 +193,7 @@ TEST_F(FrmAddEditProcessTest, TheExpressionBuilderChangesTheRuleUnlessItWasCance
         host->builtRule = "Depth < 4";
         dialog.CmdBuildExpression.click();
         EXPECT_EQ(dialog.TxtRule.text(), "Depth < 4");
+        desktop.expectMessage("The process has been changed. Discard the changes?");
         dialog.CmdCancel.click();
     });
     EXPECT_THAT(host->rulesOffered, ElementsAre("Depth < 3", "Depth < 3"));
@@ -272,6 +276,7 @@ TEST_F(FrmAddEditProcessTest, ATextLongerThanItsFieldIsRefusedByTheStoreAndTold)
         dialog.TxtDescription.setText(std::string(1001, 'd'));
         desktop.expectMessage("The description has 1001 characters; it cannot have more than 1000.");
         dialog.CmdOk.click();
+        desktop.expectMessage("The process has been changed. Discard the changes?");
         dialog.CmdCancel.click();
     });
 }
@@ -308,7 +313,7 @@ TEST_F(FrmAddEditProcessTest, EnterAndEscapeAreOkAndCancelAndOtherCaptionsHaveTh
 }
 
 TEST_F(FrmAddEditProcessTest, TheListsGrowWithTheDialogAndTheButtonsStayAtItsCorner) {
-    FrmAddEditProcess dialog(person, services.forViews().knowledgeBase, services.host, nullptr, "", nullptr);
+    FrmAddEditProcess dialog(person, base, services.settings, services.host, nullptr, "", nullptr);
     dialog.resized({12300, 9650});
     EXPECT_EQ(dialog.TxtName.bounds().right(), 12150);
     EXPECT_EQ(dialog.CmdHelp.bounds().right(), 12150);

@@ -66,7 +66,7 @@ struct RefusingBase : FakeKnowledgeBase {
 TEST_F(NewProcessTest, AProcessThatWasNotTakenHasNoMaterials) {
     RefusingBase refusing;
     refusing.addMaterial("Steel", refusing.addMaterialClass("Metals"));
-    FrmAddEditProcess dialog(person, refusing, services.host, nullptr, "", nullptr);
+    FrmAddEditProcess dialog(person, refusing, services.settings, services.host, nullptr, "", nullptr);
     expectDialog([](FrmAddEditProcess& shown) { shown.CmdOk.click(); });
     dialog.showModal(7);
     EXPECT_THAT(refusing.callsOf("addMaterial"), IsEmpty());

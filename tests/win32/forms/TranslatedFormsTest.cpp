@@ -154,7 +154,7 @@ TEST_P(TranslatedFormsTest, BothViewsShowTheirTextsWholeOnTheSmallestAndTheLarge
 }
 
 TEST_P(TranslatedFormsTest, TheProcessDialogShowsItsTextsWhole) {
-    FrmAddEditProcess dialog(services_.person, base, *host, nullptr, process_, nullptr);
+    FrmAddEditProcess dialog(services_.person, base, services_.settings, *host, nullptr, process_, nullptr);
     expectRoom(dialog);
 }
 
