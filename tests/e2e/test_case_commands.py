@@ -32,11 +32,6 @@ class CommandsOnACase(WorkbenchTest):
     def press(self, dialog, caption):
         self.desktop.click(self.desktop.one("Button", caption, inside=dialog).middle)
 
-    def question_after_escape(self, dialog):
-        self.desktop.key("Escape")
-        return wait_for("the question", lambda: [each for each in self.desktop.find("#32770")
-                                                 if each.handle != dialog.handle])[0]
-
     def number(self, sql, *values):
         return self.workbench.query(sql, *values)[0][0]
 
@@ -71,11 +66,11 @@ class CommandsOnACase(WorkbenchTest):
         dialog = self.command(2)
         self.desktop.click(self.desktop.find("Edit", inside=dialog)[0].middle)
         self.desktop.type("x")
-        question = self.question_after_escape(dialog)
+        question = self.workbench.question_after_escape()
         self.desktop.key("Return")  # too soon: it keeps what was typed
         self.desktop.gone(question)
         self.assertIn("x", self.desktop.find("Edit", inside=dialog)[0].text)
-        self.press(self.question_after_escape(dialog), "OK")
+        self.press(self.workbench.question_after_escape(), "OK")
         self.desktop.gone(dialog)
         self.assertEqual(self.workbench.query("SELECT id, name, rule, description FROM process ORDER BY row"), before)
 

@@ -5,6 +5,7 @@ import re
 import sqlite3
 
 from desktop import wait_for
+from hands import button
 from workbench import WorkbenchTest
 
 FOUND = ("SELECT name FROM process WHERE name LIKE ?1 OR rule LIKE ?1 OR description LIKE ?1 "
@@ -149,7 +150,8 @@ class FindingAmongManyProcesses(FindTest):
         self.assertEqual(lines[0].split("\t"), ["Name", "Unit", "Rule", "Description"])
         self.assertEqual([line.split("\t")[0] for line in lines[1:4]], shown[:3])
         self.assertEqual({line.split("\t")[1] for line in lines[1:4]} - {"Metric", "Inch"}, set())
-        self.desktop.key("Escape")
+        question = self.workbench.question_after_escape()
+        self.desktop.click(button(self.desktop, question, "OK").middle)
         self.desktop.gone(dialog)
 
     def pasted(self, dialog, last):

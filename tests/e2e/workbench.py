@@ -131,6 +131,11 @@ class Workbench:
                 if window.owner and window.enabled and window.handle != self.window.handle
                 and window.kind not in ("tooltips_class32", "#32768", "ComboLBox")]
 
+    def question_after_escape(self):
+        """Leaves a dialog in which something was changed; whether that is to be discarded is asked then."""
+        self.desktop.key("Escape")
+        return self.desktop.one("#32770")
+
     def query(self, sql, *values):
         """Reads the knowledge base's file, as another program would."""
         connection = sqlite3.connect(f"file:{self.file}?mode=ro", uri=True, timeout=10)
