@@ -8,6 +8,7 @@ logs=$build/logs
 
 packages_native=(g++ cmake ninja-build ccache googletest)
 packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64 xvfb xauth
+    wine64-preloader # keeps the random place of the heap off Wine's own page: one start in 10,000 fails without it
     fonts-liberation fonts-wine fonts-droid-fallback fonts-open-sans
     fp-utils) # brings chmcmd, with 250 MB of sources that it insists on
 packages_checks=(clang-format clang-tidy git python3)
