@@ -245,8 +245,12 @@ void SeedProcesses::writeSlots(const Units& units) {
                         {{code::kDepthOfCut, decimal(range.tool * 0.5, units.places)},
                          {code::kWidthOfCut, decimal(range.tool, units.places)}}};
         const Step finish{
-            "Finish walls",          cycle::kWallFinishing, carbide("End mill", range.tool * 0.8, 4),
-            160 * units.speedFactor, range.tool * 0.005,    {{code::kStockToLeave, "0"}}};
+            "Finish walls",
+            cycle::kWallFinishing,
+            carbide("End mill", range.tool * 0.8, 4),
+            160 * units.speedFactor,
+            range.tool * 0.005,
+            {{code::kWidthOfCut, decimal(range.tool * 0.1, units.places)}, {code::kStockToLeave, "0"}}};
         const std::string id = add(units, "Slot " + std::string(range.name), rangeRule("Width", range),
                                    "Full-width slotting in layers of half the diameter, then both walls.",
                                    {mill, finish}, "PKN");

@@ -8,6 +8,7 @@
 #include "refhost/store/CuttingData.h"
 #include "refhost/store/SqliteKnowledgeBaseService.h"
 #include "refhost/technology/Codes.h"
+#include "refhost/technology/OperationEditor.h"
 #include "support/TemporaryFolder.h"
 
 namespace norvex {
@@ -178,6 +179,24 @@ TEST_F(SampleDataTest, EveryValueOfEveryStepBelongsToItsCuttingCycle) {
                 EXPECT_NE(operation.find(std::stoi(code)), nullptr)
                     << code << " of " << steps->text(i, 3) << " in cycle " << cycle;
             }
+        }
+    }
+}
+
+TEST_F(SampleDataTest, EveryStepIsOneThatItsEditorAccepts) {
+    auto all = service.processStore().processes("");
+    for (std::size_t process = 0; process < all->count(); ++process) {
+        const auto unitCode = static_cast<std::int16_t>(std::stoi(all->text(process, 2)));
+        auto steps = service.stepStore().steps(all->text(process, 0));
+        for (std::size_t i = 0; i < steps->count(); ++i) {
+            const auto cycle = static_cast<std::int16_t>(std::stoi(steps->text(i, 4)));
+            auto operation = Operation::withDefaults(cycle, unitCode);
+            auto values = service.stepStore().values(steps->text(i, 0));
+            for (std::size_t value = 0; value < values->count(); ++value)
+                operation.set(std::stoi(values->text(value, 0)), values->text(value, 1), Origin::Given);
+            const auto problem = OperationEditor(operation, {}).problem();
+            EXPECT_FALSE(problem.has_value())
+                << all->text(process, 1) << ", " << steps->text(i, 3) << ": " << problem->reason;
         }
     }
 }
