@@ -16,14 +16,4 @@ void checkLength(std::string_view text, std::size_t limitInUnits, const std::str
                     " characters; it cannot have more than " + std::to_string(limitInUnits) + ".");
 }
 
-void checkLengths(const ProcessRecord& record, const std::string& source) {
-    checkLength(record.Name, limit::kName, "name", source);
-    checkLength(record.Rule, limit::kRule, "rule", source);
-    checkLength(record.Description, limit::kDescription, "description", source);
-}
-
-void checkLengths(const ProcessStepRecord& record, const std::string& source) {
-    checkLength(record.name, limit::kName, "name", source);
-}
-
 }  // namespace pellmark

@@ -3,15 +3,13 @@
 #include <algorithm>
 
 #include "knowledge/ArrangedRecords.h"
-#include "knowledge/FieldLimits.h"
 #include "knowledge/MemoryRecordSet.h"
 #include "knowledge/RowFinder.h"
+#include "support/FakeLimits.h"
 
 namespace pellmark::test {
 
 namespace {
-
-constexpr const char* kSource = "KnowledgeBase";
 
 std::shared_ptr<MemoryRecordSet> processFields() {
     return std::make_shared<MemoryRecordSet>(
@@ -84,7 +82,7 @@ std::shared_ptr<RecordSet> FakeProcessStore::orphanProcesses() {
 
 std::string FakeProcessStore::addProcess(const ProcessRecord& record) {
     tables_.called("addProcess", record.Name);
-    checkLengths(record, kSource);
+    checkLengths(record);
     FakeTables::Process process;
     process.id = tables_.newId();
     process.record = record;
@@ -95,7 +93,7 @@ std::string FakeProcessStore::addProcess(const ProcessRecord& record) {
 
 void FakeProcessStore::updateProcess(const ProcessRecord& record) {
     tables_.called("updateProcess", record.Id);
-    checkLengths(record, kSource);
+    checkLengths(record);
     auto& process = tables_.requireProcess(record.Id);
     process.record = record;
     process.record.Id = process.id.text();

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "knowledge/FieldLimits.h"
 #include "knowledge/MemoryRecordSet.h"
+#include "support/FakeLimits.h"
 
 namespace pellmark::test {
 
@@ -38,7 +38,7 @@ ProcessStepRecord FakeStepStore::step(const std::string& id) {
 
 std::string FakeStepStore::addStep(const ProcessStepRecord& record) {
     tables_.called("addStep", record.processId, record.name);
-    checkLengths(record, kSource);
+    checkLengths(record);
     if (tables_.refuses(record.processId)) return {};
     FakeTables::Step step;
     step.record = record;
@@ -51,7 +51,7 @@ std::string FakeStepStore::addStep(const ProcessStepRecord& record) {
 
 void FakeStepStore::updateStep(const ProcessStepRecord& record) {
     tables_.called("updateStep", record.id);
-    checkLengths(record, kSource);
+    checkLengths(record);
     auto& step = tables_.requireStep(record.id);
     const std::string processId = tables_.requireProcess(record.processId).record.Id;
     step.record = record;
