@@ -166,10 +166,6 @@ int decimals(Quantity quantity, std::int16_t unitCode) {
             return 4 + more;
         case Quantity::FeedRate:
             return more;
-        case Quantity::Time:
-            return 2;
-        case Quantity::Angle:
-            return 1;
         default:
             return 0;
     }

@@ -61,7 +61,7 @@ std::string unitText(Quantity quantity, std::int16_t unitCode);
 /// A metric figure in the given unit system, rounded to what is usual there.
 double inUnit(double metric, Quantity quantity, std::int16_t unitCode);
 
-/// How many decimals a figure of this quantity is given.
+/// How many decimals a length, a feed or a feed rate is given; none for anything else.
 int decimals(Quantity quantity, std::int16_t unitCode);
 
 /// The default of a parameter in a cycle of the family, metric; NaN for none. Texts have none here.

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/Text.h"
 #include "knowledge/Records.h"
 #include "refhost/technology/Codes.h"
-#include "refhost/texts/Sentence.h"
 
 namespace norvex {
 
@@ -79,19 +79,10 @@ std::string OperationEditor::lookedUp(const std::string& english) const {
     return lookUp_ && !english.empty() ? lookUp_(english) : english;
 }
 
-std::string OperationEditor::filled(const char* english, std::initializer_list<std::string> parts) const {
-    const std::string pattern = lookedUp(english);
-    std::string text;
-    for (std::size_t at = 0; at < pattern.size(); ++at) {
-        const char digit = pattern[at] == '%' && at + 1 < pattern.size() ? pattern[at + 1] : '0';
-        if (digit >= '1' && digit < '1' + static_cast<char>(parts.size())) {
-            text += parts.begin()[digit - '1'];
-            ++at;
-        } else {
-            text += pattern[at];
-        }
-    }
-    return text;
+std::string OperationEditor::filled(const char* english, std::vector<Sentence> values) const {
+    return Sentence(english, std::move(values)).in([this](const std::string& text) {
+        return lookedUp(text);
+    });
 }
 
 /// The name is the one under which the step is known; the parameter may still have an older one.

@@ -1,14 +1,13 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "refhost/technology/CuttingTable.h"
 #include "refhost/technology/Operation.h"
+#include "refhost/texts/Sentence.h"
 
 namespace norvex {
 
@@ -27,8 +26,8 @@ struct EditorRow {
 /// and sources of rows are English.
 class OperationEditor {
   public:
-    /// The text in the person's language for an English one.
-    using LookUp = std::function<std::string(const std::string& english)>;
+    /// May be empty: what it tells is English then.
+    using LookUp = Sentence::LookUp;
 
     OperationEditor(Operation operation, CuttingTable table, LookUp lookUp = {});
 
@@ -65,8 +64,8 @@ class OperationEditor {
     std::string captionOf(const Definition& definition) const;
     std::string shownCaption(const Definition& definition) const { return lookedUp(captionOf(definition)); }
     std::string lookedUp(const std::string& english) const;
-    /// The text looked up, with what stands for "%1", "%2" and so on.
-    std::string filled(const char* english, std::initializer_list<std::string> parts) const;
+    /// A sentence looked up, with its values.
+    std::string filled(const char* english, std::vector<Sentence> values) const;
     std::string textOf(std::int32_t code) const;
     std::string reasonAgainst(const Definition& definition, const std::string& text) const;
     std::string reasonAgainstFigure(const Definition& definition, const std::string& text) const;

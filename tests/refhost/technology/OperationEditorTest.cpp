@@ -59,6 +59,7 @@ TEST_F(OperationEditorTest, InInchEverythingIsInInch) {
     EXPECT_EQ(editor.row(at("Tool diameter")).unit, "in");
     EXPECT_EQ(value("Cutting speed"), "262");
     EXPECT_EQ(editor.row(at("Cutting speed")).unit, "ft/min");
+    EXPECT_EQ(editor.row(at("Feed rate")).unit, "in/min");
 }
 
 TEST_F(OperationEditorTest, UntouchedValuesAreTheDefaults) {
@@ -206,6 +207,7 @@ TEST_F(OperationEditorTest, TheTableGivesInchFiguresInInch) {
     EXPECT_EQ(value("Feed per revolution"), "0.005");
     EXPECT_EQ(editor.computeSpindleSpeed(), "");
     EXPECT_EQ(value("Spindle speed"), "4510");  // 295 * 12 / (pi * 0.25)
+    EXPECT_EQ(value("Feed rate"), "22.6");      // 4510 * 0.005
 }
 
 TEST_F(OperationEditorTest, TheSpindleSpeedIsComputedAndTheFeedRateFollows) {

@@ -158,6 +158,9 @@ TEST(ProcessFileTest, EachMistakeIsNamedWithItsLine) {
                                                           {"432 = \"a\" b", "not closed"},
                                                           {"432 = \"\\q\"", "escape"},
                                                           {"432 = \"\\u0041\"", "escape"},
+                                                          {"432 = \"\\u0020\"", "escape"},
+                                                          {"432 = \"\\u01\"", "escape"},
+                                                          {"432 = \"\\", "escape"},
                                                           {"432 = \"\xC3\"", "not UTF-8"},
                                                           {"432 = \"\xED\xA0\x80\"", "not UTF-8"},
                                                           {"1001 = 5\n1001 = 6", "given twice"}}) {
