@@ -2,12 +2,12 @@
 
 #include <gmock/gmock.h>
 
-#include "base/Error.h"
 #include "ports/FileTests.h"
 #include "support/MemoryFileSystem.h"
 #include "support/NoIdle.h"
 #include "support/PortableCodePage.h"
 #include "support/RecordingTrace.h"
+#include "support/ThrownError.h"
 #include "util/cFileIO.h"
 
 namespace pellmark::test {
@@ -35,17 +35,6 @@ class MemoryFilesUnderTest : public FileSystemUnderTest {
 
 std::unique_ptr<FileSystemUnderTest> makeMemoryFiles() {
     return std::make_unique<MemoryFilesUnderTest>();
-}
-
-template <class Body>
-Error errorOf(Body&& body) {
-    try {
-        body();
-    } catch (const Error& error) {
-        return error;
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return Error(0, "", "");
 }
 
 }  // namespace

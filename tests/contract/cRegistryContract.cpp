@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "base/Error.h"
 #include "contract/RegistryContract.h"
+#include "support/ThrownError.h"
 
 namespace pellmark::test {
 
@@ -13,17 +13,6 @@ using ::testing::UnorderedElementsAre;
 
 std::string zeroTerminated(std::string text) {
     return text + '\0';
-}
-
-template <class Body>
-Error errorOf(Body&& body) {
-    try {
-        body();
-    } catch (const Error& error) {
-        return error;
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return Error(0, "", "");
 }
 
 }  // namespace

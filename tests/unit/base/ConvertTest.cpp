@@ -4,23 +4,13 @@
 
 #include <limits>
 
-#include "base/Error.h"
+#include "support/ThrownError.h"
 
 namespace pellmark::test {
 
 namespace {
 
 class AnObject : public ObjectReference {};
-
-template <class Body>
-std::int32_t errorNumber(Body&& body) {
-    try {
-        body();
-    } catch (const Error& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 }  // namespace
 
@@ -76,15 +66,15 @@ TEST(ConvertTest, ADecimalCommaIsReadAsAPoint) {
 }
 
 TEST(ConvertTest, AMixOfSeparatorsIsNoNumber) {
-    EXPECT_EQ(errorNumber([] { toDouble("1,234.5"); }), errors::kTypeMismatch);
-    EXPECT_EQ(errorNumber([] { toDouble("1,234,567"); }), errors::kTypeMismatch);
+    EXPECT_EQ(errorOf([] { toDouble("1,234.5"); }).number(), errors::kTypeMismatch);
+    EXPECT_EQ(errorOf([] { toDouble("1,234,567"); }).number(), errors::kTypeMismatch);
 }
 
 TEST(ConvertTest, TextsThatAreNoNumbersAreATypeMismatch) {
     for (const char* const text :
          {"", " ", "abc", "12x", "x12", "nan", "inf", "-", "+-1", "+", "1e", "0x10", "1 2"}) {
-        EXPECT_EQ(errorNumber([&] { toDouble(text); }), 13) << text;
-        EXPECT_EQ(errorNumber([&] { toInt32(text); }), 13) << text;
+        EXPECT_EQ(errorOf([&] { toDouble(text); }).number(), errors::kTypeMismatch) << text;
+        EXPECT_EQ(errorOf([&] { toInt32(text); }).number(), errors::kTypeMismatch) << text;
     }
 }
 
@@ -107,19 +97,19 @@ TEST(ConvertTest, OtherFractionsAreRoundedToTheNearest) {
 
 TEST(ConvertTest, ANumberOutOfRangeIsAnOverflow) {
     EXPECT_EQ(toInt32(2147483647.4), 2147483647);
-    EXPECT_EQ(errorNumber([] { toInt32(2147483647.5); }), errors::kOverflow);
-    EXPECT_EQ(errorNumber([] { toInt32("-2147483649"); }), errors::kOverflow);
-    EXPECT_EQ(errorNumber([] { toInt32(std::numeric_limits<double>::quiet_NaN()); }), errors::kOverflow);
-    EXPECT_EQ(errorNumber([] { toDouble("1e999"); }), errors::kOverflow);
+    EXPECT_EQ(errorOf([] { toInt32(2147483647.5); }).number(), errors::kOverflow);
+    EXPECT_EQ(errorOf([] { toInt32("-2147483649"); }).number(), errors::kOverflow);
+    EXPECT_EQ(errorOf([] { toInt32(std::numeric_limits<double>::quiet_NaN()); }).number(), errors::kOverflow);
+    EXPECT_EQ(errorOf([] { toDouble("1e999"); }).number(), errors::kOverflow);
 }
 
 TEST(ConvertTest, BytesAndObjectsAreATypeMismatch) {
     const Variant bytes = ByteArray{1, 2};
     const Variant object = std::shared_ptr<ObjectReference>(std::make_shared<AnObject>());
-    EXPECT_EQ(errorNumber([&] { toText(bytes); }), errors::kTypeMismatch);
-    EXPECT_EQ(errorNumber([&] { toInt32(bytes); }), errors::kTypeMismatch);
-    EXPECT_EQ(errorNumber([&] { toText(object); }), errors::kTypeMismatch);
-    EXPECT_EQ(errorNumber([&] { toDouble(object); }), errors::kTypeMismatch);
+    EXPECT_EQ(errorOf([&] { toText(bytes); }).number(), errors::kTypeMismatch);
+    EXPECT_EQ(errorOf([&] { toInt32(bytes); }).number(), errors::kTypeMismatch);
+    EXPECT_EQ(errorOf([&] { toText(object); }).number(), errors::kTypeMismatch);
+    EXPECT_EQ(errorOf([&] { toDouble(object); }).number(), errors::kTypeMismatch);
 }
 
 }  // namespace pellmark::test

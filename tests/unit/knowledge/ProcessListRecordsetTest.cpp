@@ -3,21 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base/Error.h"
+#include "support/ThrownError.h"
 
 namespace pellmark {
 namespace {
 
+using test::errorOf;
 using testing::ElementsAre;
-
-std::int32_t errorOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const Error& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 struct ProcessListRecordsetTest : testing::Test {
     pNode node(int number, std::int16_t unitCode) {
@@ -97,7 +89,7 @@ TEST_F(ProcessListRecordsetTest, AnyOtherFilterIsRefusedAndTheOldOneStays) {
     records.setFilter("(_Unit  = 70)");
     for (const char* wrong : {"(_Unit = 71)", "_Unit  = 71", "(_Unit  = )", "(_Unit  = 71", "(_Unit  = -1)",
                               "(_Unit  = 7x)", "(_Unit  = 71) ", "(_Name  = 71)", "(_Unit  = 99999999999)"}) {
-        EXPECT_EQ(errorOf([&] { records.setFilter(wrong); }), errors::kInvalidArgument) << wrong;
+        EXPECT_EQ(errorOf([&] { records.setFilter(wrong); }).number(), errors::kInvalidArgument) << wrong;
     }
     EXPECT_EQ(records.filter(), "(_Unit  = 70)");
     EXPECT_EQ(records.count(), 1U);
@@ -112,9 +104,12 @@ TEST_F(ProcessListRecordsetTest, TextsOfFullLengthFitAndOneMoreIsRefused) {
     for (std::string pNode::*text : {&pNode::Name, &pNode::Rule, &pNode::Description}) {
         pNode longer = full;
         (longer.*text) += "x";
-        EXPECT_EQ(errorOf([&] { records.addRow(longer); }), errors::kValueTooLong);
+        EXPECT_EQ(errorOf([&] { records.addRow(longer); }).number(), errors::kValueTooLong);
     }
     EXPECT_EQ(records.count(), 1U);
+    full.Rule += "xy";
+    EXPECT_EQ(errorOf([&] { records.addRow(full); }).description(),
+              "The rule has 252 characters; it cannot have more than 250.");
 }
 
 TEST_F(ProcessListRecordsetTest, LengthsCountUtf16Units) {
@@ -124,17 +119,37 @@ TEST_F(ProcessListRecordsetTest, LengthsCountUtf16Units) {
         wide.Rule += "\xF0\x9F\x94\xA9";  // two units each
     records.addRow(wide);
     wide.Rule += "x";
-    EXPECT_EQ(errorOf([&] { records.addRow(wide); }), errors::kValueTooLong);
+    EXPECT_EQ(errorOf([&] { records.addRow(wide); }).number(), errors::kValueTooLong);
 }
 
 TEST_F(ProcessListRecordsetTest, AnIdThatIsNoGuidIsRefusedAndAnEmptyOneIsNone) {
     pNode wrong = node(1, 71);
     wrong.id = "eleven";
-    EXPECT_EQ(errorOf([&] { records.addRow(wrong); }), errors::kTypeMismatch);
-    wrong = node(1, 71);
-    wrong.FeatureCaseId = "";
-    records.addRow(wrong);
+    EXPECT_EQ(errorOf([&] { records.addRow(wrong); }).number(), errors::kTypeMismatch);
+    EXPECT_EQ(errorOf([&] { records.addRow(wrong); }).description(),
+              "'eleven' in the field _Id is not a GUID.");
+    pNode without = node(1, 71);
+    without.FeatureCaseId = "";
+    records.addRow(without);
     EXPECT_EQ(records.text(0, 1), "");
+    EXPECT_TRUE(records.keys().has_value());
+    without.id = "";
+    records.addRow(without);
+    EXPECT_FALSE(records.keys().has_value()) << "not every row has a key";
+}
+
+TEST_F(ProcessListRecordsetTest, AFeatureCaseThatIsNoGuidIsRefused) {
+    pNode wrong = node(1, 71);
+    wrong.FeatureCaseId = "case";
+    EXPECT_EQ(errorOf([&] { records.addRow(wrong); }).description(),
+              "'case' in the field _FeatureCaseId is not a GUID.");
+}
+
+TEST_F(ProcessListRecordsetTest, OutsideTheShownRowsTextsAreEmpty) {
+    records.addRow(node(1, 70));
+    records.addRow(node(2, 71));
+    records.setFilter(ProcessListRecordset::unitFilter(70));
+    EXPECT_EQ(records.text(1, 2), "");
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base/Error.h"
+#include "support/ThrownError.h"
 
 namespace pellmark::test {
 namespace {
@@ -15,16 +15,6 @@ std::vector<std::int32_t> codesOf(const TechParams& params) {
     for (const auto& param : params.NewEnum())
         codes.push_back(param->ClCode());
     return codes;
-}
-
-template <class Call>
-std::int32_t errorOf(Call&& call) {
-    try {
-        call();
-    } catch (const Error& error) {
-        return error.number();
-    }
-    return 0;
 }
 
 TEST(TechParamTest, EverythingStartsEmpty) {
@@ -95,12 +85,12 @@ TEST(TechParamsTest, WhatIsNotThereIsAnInvalidArgument) {
     TechParams params;
     params.Add("", 7);
     for (const std::int32_t position : {-1, 0, 2}) {
-        EXPECT_EQ(errorOf([&] { params.Item(position); }), errors::kInvalidArgument) << position;
-        EXPECT_EQ(errorOf([&] { params.Remove(position); }), errors::kInvalidArgument) << position;
+        EXPECT_EQ(errorOf([&] { params.Item(position); }).number(), errors::kInvalidArgument) << position;
+        EXPECT_EQ(errorOf([&] { params.Remove(position); }).number(), errors::kInvalidArgument) << position;
     }
     for (const char* key : {"0007", "07", "+7", "7 ", "", "8"}) {
-        EXPECT_EQ(errorOf([&] { params.Item(key); }), errors::kInvalidArgument) << key;
-        EXPECT_EQ(errorOf([&] { params.Remove(key); }), errors::kInvalidArgument) << key;
+        EXPECT_EQ(errorOf([&] { params.Item(key); }).number(), errors::kInvalidArgument) << key;
+        EXPECT_EQ(errorOf([&] { params.Remove(key); }).number(), errors::kInvalidArgument) << key;
     }
     EXPECT_EQ(params.Count(), 1);
 }

@@ -3,24 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
-
-#include "base/Error.h"
 #include "controls/Controls.h"
+#include "support/ThrownError.h"
 
 namespace pellmark {
 namespace {
 
+using test::errorOf;
 using testing::ElementsAre;
-
-std::int32_t errorOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const Error& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 struct ListViewTest : testing::Test {
     void fill(const std::vector<std::string>& captions) {
@@ -99,7 +89,7 @@ TEST_F(ListViewTest, SubItemsStandInTheColumnsBesideTheCaption) {
 
 TEST_F(ListViewTest, KeysAreUniqueWithoutCase) {
     list.add("{AB}", "first");
-    EXPECT_EQ(errorOf([&] { list.add("{ab}", "second"); }), errors::kNotUnique);
+    EXPECT_EQ(errorOf([&] { list.add("{ab}", "second"); }).number(), errors::kNotUnique);
     EXPECT_THAT(shown(), ElementsAre("first"));
     EXPECT_EQ(list.indexOf("{aB}"), 0);
     EXPECT_EQ(list.indexOf("{cd}"), -1);
@@ -115,9 +105,9 @@ TEST_F(ListViewTest, ARemovedItemsKeyMayBeUsedAgain) {
 }
 
 TEST_F(ListViewTest, AskingForAnItemOutsideTheListIsAnError) {
-    EXPECT_EQ(errorOf([&] { list.item(0); }), errors::kInvalidArgument);
+    EXPECT_EQ(errorOf([&] { list.item(0); }).number(), errors::kInvalidArgument);
     fill({"a"});
-    EXPECT_EQ(errorOf([&] { list.item(-1); }), errors::kInvalidArgument);
+    EXPECT_EQ(errorOf([&] { list.item(-1); }).number(), errors::kInvalidArgument);
 }
 
 TEST_F(ListViewTest, ClearingForgetsItemsAndSelectionButKeepsColumnsAndSorting) {
