@@ -61,6 +61,19 @@ TEST_F(ForeignDataTest, BytesThatAreNoTextDoNoHarm) {
     EXPECT_FALSE(all->text(0, 1).empty());
 }
 
+TEST_F(ForeignDataTest, ARowNumberBeyondThoseThatThereAreIsSaid) {
+    service.base()->connection().execute(
+        "INSERT INTO process (row, id, name) VALUES (4294967296, randomblob(16), 'far')");
+    try {
+        service.processStore().processes("")->keys();
+        ADD_FAILURE() << "the row was taken for another one";
+    } catch (const HostError& error) {
+        EXPECT_EQ(error.number(), pellmark::errors::kKnowledgeBase);
+        EXPECT_EQ(error.source(), "KnowledgeBase");
+        EXPECT_THAT(error.description(), testing::EndsWith("has used up its row numbers."));
+    }
+}
+
 TEST_F(ForeignDataTest, SortingKeysThatAreNotThoseOfTheProcessesAreDamageAndNoCrash) {
     insert("'A', 71, '', ''");
     const auto sort = [this] {

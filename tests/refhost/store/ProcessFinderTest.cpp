@@ -48,6 +48,17 @@ struct ProcessFinderTest : testing::Test {
     }
 };
 
+TEST(RowMarksTest, EachRowIsMarkedByItself) {
+    RowMarks marks;
+    EXPECT_FALSE(marks.has(0));
+    for (const std::uint32_t row : {0U, 63U, 64U, 128U, 1'000'000U})
+        marks.add(row);
+    for (const std::uint32_t row : {0U, 63U, 64U, 128U, 1'000'000U})
+        EXPECT_TRUE(marks.has(row)) << row;
+    for (const std::uint32_t row : {1U, 62U, 65U, 127U, 129U, 999'999U, 1'000'001U, 0xFFFFFFFFU})
+        EXPECT_FALSE(marks.has(row)) << row;
+}
+
 TEST_F(ProcessFinderTest, WhatOneLetterFindsAlmostEverywhereEndsEarlyAndSaysSo) {
     addMany();
     const auto found = find("p");

@@ -38,6 +38,13 @@ TEST_F(HostErrorTest, APlaceWithoutAValueStaysVisible) {
     EXPECT_EQ(Sentence("100% of %1 and %3", {std::string("it")}).english(), "100% of it and %3");
 }
 
+TEST_F(HostErrorTest, ThereAreNinePlacesForValues) {
+    std::vector<Sentence> values;
+    for (const char value : std::string("abcdefghij"))
+        values.emplace_back(std::string(1, value));
+    EXPECT_EQ(Sentence("%1 %9 %10 %0", values).english(), "a i a0 %0");
+}
+
 TEST_F(HostErrorTest, ATranslatedFailureKeepsItsNumberAndItsEnglishTextForTheTrace) {
     const HostError error(26104, "KnowledgeBase", Sentence("it was moved."));
     EXPECT_STREQ(error.what(), "it was moved.");

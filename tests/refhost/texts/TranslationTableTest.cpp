@@ -64,6 +64,11 @@ TEST_F(TranslationTableTest, AnEmptyTableKnowsNothing) {
     EXPECT_EQ(TranslationTable("", kGerman).text("Exit"), "Exit");
 }
 
+TEST(LanguagesTest, EachIsFoundByItsOwnCode) {
+    for (const Language& language : languages())
+        EXPECT_EQ(languageOf(language.code).name, language.name);
+}
+
 TEST(LanguagesTest, AnUnknownCodeIsEnglish) {
     EXPECT_EQ(languageOf(-1).locale, 1033);
     EXPECT_EQ(languageOf(kJapanese).locale, 1041);

@@ -61,9 +61,11 @@ TEST(TextTest, ACharacterCutOffAtTheEndIsMalformedWhateverLiesBehind) {
 TEST(TextTest, UnpairedSurrogatesBecomeReplacementCharacters) {
     const char16_t high[] = {0xD83D, u'x', 0};
     const char16_t low[] = {0xDD29, u'x', 0};
+    const char16_t beforeWide[] = {0xD83D, 0xFF21, 0};  // a wide A, beyond the surrogates
     const char16_t atEnd[] = {u'x', 0xD83D, 0};
     EXPECT_EQ(toUtf8(high), kReplacement + "x");
     EXPECT_EQ(toUtf8(low), kReplacement + "x");
+    EXPECT_EQ(toUtf8(beforeWide), kReplacement + "\xEF\xBC\xA1");
     EXPECT_EQ(toUtf8(atEnd), "x" + kReplacement);
 }
 

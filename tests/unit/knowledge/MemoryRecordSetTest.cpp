@@ -96,6 +96,17 @@ TEST_F(MemoryRecordSetTest, ManyThousandRowsComeBackInOrderAndCostLittleMoreThan
 TEST_F(MemoryRecordSetTest, FieldsAreFoundWithoutCase) {
     EXPECT_EQ(records.fieldIndex("_ID"), 0U);
     EXPECT_EQ(records.fieldIndex("_Unit"), std::nullopt);
+    EXPECT_EQ(records.requireField("_name"), 1U);
+}
+
+TEST_F(MemoryRecordSetTest, AFieldThatMustBeThereIsNamedWhereItIsNot) {
+    try {
+        records.requireField("_Unit");
+        ADD_FAILURE() << "another field was taken for it";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), errors::kHostInterface);
+        EXPECT_EQ(error.description(), "The record set of RecordSet lacks the field _Unit.");
+    }
 }
 
 }  // namespace

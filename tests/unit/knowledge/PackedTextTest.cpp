@@ -58,6 +58,9 @@ TEST_F(PackedTextTest, WhatIsWrongIsSaidWithItsPlaceAndWhatStandsThere) {
     EXPECT_EQ(textOf(u"4:Bore9:71", 2),
               "The packed text is malformed behind its first 6 characters: a text of 9 "
               "characters belongs there, not '9:71'.");
+    EXPECT_EQ(textOf(u"4:Bore3:71", 2),
+              "The packed text is malformed behind its first 6 characters: a text of 3 "
+              "characters belongs there, not '3:71'.");
     EXPECT_EQ(textOf(u"4:Bore2;71", 2),
               "The packed text is malformed behind its first 6 characters: a length, a "
               "colon and the text belong there, not '2;71'.");
@@ -85,6 +88,7 @@ TEST_F(PackedTextTest, AnIncompleteLastRecordIsRefused) {
 
 TEST_F(PackedTextTest, AMissingLengthOrColonIsRefused) {
     expectMalformed(u":a");
+    expectMalformed(u":");
     expectMalformed(u"4");
     expectMalformed(u"1a");
     expectMalformed(u"-1:a");

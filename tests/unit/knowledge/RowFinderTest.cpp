@@ -118,6 +118,15 @@ TEST_F(RowFinderTest, ALongWalkTellsHowFarItIsAndCanBeEnded) {
     EXPECT_EQ(steps.size(), 2U);
 }
 
+TEST_F(RowFinderTest, ALongSortCanBeEndedToo) {
+    for (int i = 0; i < 5000; ++i)
+        add("x", std::to_string(i));
+    endAfter = 2;
+    find(sorting("_Number", true));
+    EXPECT_TRUE(ended);
+    EXPECT_EQ(steps.back(), std::make_pair(std::size_t{4096}, std::size_t{5000}));
+}
+
 TEST(ArrangedRecordsTest, RecordsAndKeysComeInTheOrderOfThePlaces) {
     const Guid first = *Guid::parse("{00000001-0000-0000-0000-000000000000}");
     const Guid second = *Guid::parse("{00000002-0000-0000-0000-000000000000}");
@@ -141,6 +150,7 @@ TEST(ArrangedRecordsTest, TheFirstRecordsAreThoseOfTheOrderThatThereIs) {
     const auto two = firstRecords(all, 2);
     EXPECT_EQ(two->count(), 2U);
     EXPECT_EQ(two->text(1, 0), "b");
+    EXPECT_EQ(two->keys(), std::nullopt) << "the records have none";
     EXPECT_EQ(firstRecords(all, 0)->count(), 0U);
 }
 

@@ -27,6 +27,7 @@ TEST(FileDialogsTest, OneChosenFileIsItsPath) {
 TEST(FileDialogsTest, SeveralChosenFilesStandInTheirFolder) {
     EXPECT_THAT(chosenPaths(std::string("C:\\Data\0a.prc\0b.prc\0\0", 22)),
                 ElementsAre("C:\\Data\\a.prc", "C:\\Data\\b.prc"));
+    EXPECT_THAT(chosenPaths(std::string("C:\\Data\0a.prc\0\0", 16)), ElementsAre("C:\\Data\\a.prc"));
     EXPECT_THAT(chosenPaths(std::string("C:\\\0a.prc\0b.prc", 15)), ElementsAre("C:\\a.prc", "C:\\b.prc"));
 }
 
