@@ -47,8 +47,8 @@ need_packages() {
     [ ${#missing[@]} -gt 0 ] || return 0
     say "Installing: ${missing[*]}"
     mkdir -p "$logs"
-    if ! { as_root apt-get update && as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y --no-install-recommends "${missing[@]}"; } > "$logs/apt.log" 2>&1; then
+    if ! { as_root apt-get -o Acquire::Retries=3 update && as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get -o Acquire::Retries=3 install -y --no-install-recommends "${missing[@]}"; } > "$logs/apt.log" 2>&1; then
         tail -n 20 "$logs/apt.log" >&2
         die "The packages could not be installed; the whole log is $logs/apt.log"
     fi

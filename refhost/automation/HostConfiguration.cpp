@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "automation/Automation.h"
+#include "automation/Environment.h"
 #include "automation/Module.h"
 #include "knowledge/Records.h"
 #include "refhost/texts/Languages.h"
@@ -18,13 +19,6 @@ constexpr const wchar_t* kLanguage = L"NORVEX_LANGUAGE";
 constexpr const wchar_t* kUnit = L"NORVEX_UNIT";
 constexpr const wchar_t* kProcessFolder = L"NORVEX_PROCESS_FOLDER";
 constexpr const wchar_t* kConfigKey = L"Software\\Orvane\\Norvex\\Config";
-
-std::string environment(const wchar_t* name) {
-    std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
-    if (value.empty()) return {};
-    value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
-    return pellmark::fromWide(value);
-}
 
 void setEnvironment(const wchar_t* name, const std::string& value) {
     SetEnvironmentVariableW(name, value.empty() ? nullptr : pellmark::toWide(value).c_str());
@@ -65,13 +59,13 @@ std::optional<std::int16_t> registryNumber(const wchar_t* value) {
 }  // namespace
 
 std::string knowledgeBaseFile() {
-    std::string path = environment(kKnowledgeBase);
+    std::string path = pellmark::environmentText(kKnowledgeBase);
     if (path.empty()) path = registryText(L"KnowledgeBase");
     return path.empty() ? defaultKnowledgeBaseFile() : path;
 }
 
 std::string defaultKnowledgeBaseFile() {
-    return environment(L"LOCALAPPDATA") + "\\Norvex\\knowledge.db";
+    return pellmark::environmentText(L"LOCALAPPDATA") + "\\Norvex\\knowledge.db";
 }
 
 void setKnowledgeBaseFile(const std::string& path) {
@@ -79,7 +73,7 @@ void setKnowledgeBaseFile(const std::string& path) {
 }
 
 std::string currentUser() {
-    const std::string name = environment(kUser);
+    const std::string name = pellmark::environmentText(kUser);
     return name.empty() ? "Administrator" : name;
 }
 
@@ -88,7 +82,7 @@ void setCurrentUser(const std::string& name) {
 }
 
 std::int16_t languageCode() {
-    const auto chosen = numberFrom(environment(kLanguage));
+    const auto chosen = numberFrom(pellmark::environmentText(kLanguage));
     return chosen ? *chosen : registryNumber(L"LanguageOption").value_or(kEnglish);
 }
 
@@ -97,7 +91,7 @@ void setLanguageCode(std::int16_t code) {
 }
 
 std::int16_t currentUnit() {
-    return numberFrom(environment(kUnit)).value_or(pellmark::unit::kMetric);
+    return numberFrom(pellmark::environmentText(kUnit)).value_or(pellmark::unit::kMetric);
 }
 
 void setCurrentUnit(std::int16_t unit) {
@@ -115,8 +109,8 @@ HostTexts texts() {
 }
 
 std::string processFolder() {
-    std::string folder = environment(kProcessFolder);
-    if (folder.empty()) folder = environment(L"USERPROFILE") + "\\Documents\\Norvex";
+    std::string folder = pellmark::environmentText(kProcessFolder);
+    if (folder.empty()) folder = pellmark::environmentText(L"USERPROFILE") + "\\Documents\\Norvex";
     if (folder.ends_with('\\')) folder.pop_back();
     makeFolderOf(folder + "\\");
     return folder;

@@ -2,6 +2,7 @@
 
 #include "automation/Automation.h"
 #include "automation/DispatchObject.h"
+#include "automation/Environment.h"
 #include "automation/Module.h"
 #include "base/Error.h"
 #include "com/adapters/HostApplicationAdapter.h"
@@ -25,9 +26,7 @@ std::string executableName() {
 
 /// Integrators set it to find the trace of one program without a debugger, and without touching the registry.
 std::string wantedLogFolder() {
-    wchar_t folder[MAX_PATH] = {};
-    const DWORD length = GetEnvironmentVariableW(L"PELLMARK_LOG", folder, MAX_PATH);
-    return length < MAX_PATH ? fromWide({folder, length}) : std::string();
+    return environmentText(L"PELLMARK_LOG");
 }
 
 /// What a trace begins with: whoever reads of a missing class first must know which component misses it.

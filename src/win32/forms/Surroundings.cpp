@@ -7,6 +7,8 @@
 
 #include "win32/WideText.h"
 
+#include <uxtheme.h>  // needs the system's types
+
 namespace pellmark {
 
 namespace {
@@ -42,6 +44,7 @@ Surroundings::Surroundings(HINSTANCE component, const Operations& operations)
     INITCOMMONCONTROLSEX wanted{
         sizeof wanted, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
     ::InitCommonControlsEx(&wanted);
+    ::BufferedPaintInit();  // the memory that windows are drawn in is kept from one drawing to the next
 }
 
 Surroundings::~Surroundings() {
@@ -49,6 +52,7 @@ Surroundings::~Surroundings() {
     ::UnregisterClassW(kFormClass, instance_);
     ::UnregisterClassW(kContainerClass, instance_);
     ::UnregisterClassW(kSplitterClass, instance_);
+    ::BufferedPaintUnInit();
 }
 
 int Surroundings::dpiOf(HWND window) const {

@@ -8,6 +8,7 @@
 namespace pellmark {
 
 void ToolTips::create() {
+    const ActivationContext::Active themed(form_.surroundings().theme());
     window_ =
         ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0,
                           0, 0, 0, form_.window(), nullptr, form_.surroundings().instance(), nullptr);

@@ -170,6 +170,8 @@ bool GridPeer::keyDown(int keyCode) {
 }
 
 void GridPeer::dragOut() {
+    dragged_ = true;
+    ::KillTimer(window(), kSlowClick);
     const DialogKeys::Off keysOff(form().keys());
     DragData data;
     grid()->dragStarted.raise(data);
@@ -262,12 +264,15 @@ std::optional<LRESULT> GridPeer::message(UINT message, WPARAM wParam, LPARAM lPa
             const Cell cell = cellAt(at);
             const bool wasCurrent =
                 cell.row >= 0 && cell.row == table().current() && ::GetFocus() == window();
+            dragged_ = false;
             const LRESULT result = moveSelection(message, wParam, lParam);
             if (control() == nullptr) return result;
             takeCell(cell, false);
             if (control() == nullptr) return result;
             pressed(MouseButton::Left, at);
-            if (control() == nullptr || isDown(VK_CONTROL) || isDown(VK_SHIFT) || !isEditable(cell))
+            // Some versions of the control drag before they return from the press.
+            if (control() == nullptr || dragged_ || isDown(VK_CONTROL) || isDown(VK_SHIFT) ||
+                !isEditable(cell))
                 return result;
             const bool hasChoices =
                 !grid()->comboList(gridTable().gridRow(cell.row), gridTable().colOf(cell.column)).empty();

@@ -54,7 +54,8 @@ class GridPeer : public TablePeer {
     Subscription topRowAsked_;
     std::optional<RowDescription> description_;
     std::unique_ptr<GridEditor> editor_;
-    bool ending_ = false;  ///< the value of the editor is being offered
+    bool ending_ = false;   ///< the value of the editor is being offered
+    bool dragged_ = false;  ///< since the button went down last: no click on a cell then
 };
 
 }  // namespace pellmark

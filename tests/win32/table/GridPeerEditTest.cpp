@@ -100,6 +100,31 @@ TEST_F(GridPeerEditTest, ACellWithChoicesOpensItsListAtOnce) {
     EXPECT_EQ(choices(), nullptr);
 }
 
+TEST_F(GridPeerEditTest, ACellByWhichItsRowIsDraggedIsNotEdited) {
+    int drags = 0;
+    const auto drag = values().dragStarted.subscribe([&](DragData&) { ++drags; });
+    values().select(2, 0);
+    Person::drag(of(values()), inValue(1), {inValue(1).x + 40, inValue(1).y + 20});
+    EXPECT_EQ(drags, 1);
+    const auto end = ::GetTickCount64() + 2 * ::GetDoubleClickTime();
+    EXPECT_TRUE(Person::waitUntil([&] { return ::GetTickCount64() >= end; }));
+    EXPECT_FALSE(values().isEditing());
+}
+
+TEST_F(GridPeerEditTest, AListDoesNotOpenAfterADragThatThePressBegan) {
+    values().select(3, 0);
+    int drags = 0;
+    const auto drag = values().dragStarted.subscribe([&](DragData&) { ++drags; });
+    const auto duringThePress = values().rowChanged.subscribe([&] {
+        NMLISTVIEW begun{};
+        begun.hdr = {of(values()), 0, LVN_BEGINDRAG};
+        ::SendMessageW(::GetParent(of(values())), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&begun));
+    });
+    Person::click(of(values()), inValue(0));
+    EXPECT_EQ(drags, 1);
+    EXPECT_EQ(choices(), nullptr);
+}
+
 TEST_F(GridPeerEditTest, AltAndDownOpenTheListOfACell) {
     values().select(1, 0);
     Person::press({VK_MENU, VK_DOWN});
