@@ -6,40 +6,17 @@
 #include <utility>
 #include <vector>
 
+#include "com/DuringModal.h"
 #include "com/LoadedServer.h"
 #include "com/TestObject.h"
 #include "com/adapters/ScriptedObject.h"
+#include "support/win32/ActivatedManifest.h"
 #include "support/win32/ResourceCounts.h"
 
 namespace pellmark {
 namespace {
 
 using test::ResourceCounts;
-
-/// Makes the classes of a shipped manifest known to the calling thread for as long as it lives.
-class Manifest {
-  public:
-    explicit Manifest(const wchar_t* file) {
-        const std::wstring path = programFolder() + L"\\" + file;
-        ACTCTXW request{};
-        request.cbSize = sizeof request;
-        request.lpSource = path.c_str();
-        context_ = CreateActCtxW(&request);
-        if (context_ == INVALID_HANDLE_VALUE || !ActivateActCtx(context_, &cookie_)) {
-            throw std::runtime_error("no activation context");
-        }
-    }
-    Manifest(const Manifest&) = delete;
-    Manifest& operator=(const Manifest&) = delete;
-    ~Manifest() {
-        DeactivateActCtx(0, cookie_);
-        ReleaseActCtx(context_);
-    }
-
-  private:
-    HANDLE context_ = INVALID_HANDLE_VALUE;
-    ULONG_PTR cookie_ = 0;
-};
 
 BOOL CALLBACK countWindow(HWND, LPARAM count) {
     ++*reinterpret_cast<int*>(count);
@@ -57,53 +34,6 @@ int childrenOf(HWND window) {
     EnumChildWindows(window, &countWindow, reinterpret_cast<LPARAM>(&count));
     return count;
 }
-
-/// Does something once a modal form of this thread is up, from inside its message loop, and closes the form.
-class DuringModal {
-  public:
-    explicit DuringModal(HWND host, std::function<void()> action = {})
-        : host_(host), action_(std::move(action)) {
-        current() = this;
-        timer_ = SetTimer(nullptr, 0, kPollMilliseconds, &tick);
-    }
-    DuringModal(const DuringModal&) = delete;
-    DuringModal& operator=(const DuringModal&) = delete;
-    ~DuringModal() {
-        KillTimer(nullptr, timer_);
-        current() = nullptr;
-    }
-    bool wasShown() const { return wasShown_; }
-
-  private:
-    static constexpr UINT kPollMilliseconds = 10;
-
-    static DuringModal*& current() {
-        static DuringModal* instance = nullptr;
-        return instance;
-    }
-    static BOOL CALLBACK seek(HWND window, LPARAM parameter) {
-        auto& self = *reinterpret_cast<DuringModal*>(parameter);
-        if (window == self.host_ || !IsWindowVisible(window)) return TRUE;
-        self.form_ = window;
-        return FALSE;
-    }
-    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
-        DuringModal& self = *current();
-        self.form_ = nullptr;
-        EnumThreadWindows(GetCurrentThreadId(), &seek, reinterpret_cast<LPARAM>(&self));
-        if (self.form_ == nullptr) return;
-        self.wasShown_ = true;
-        const HWND form = self.form_;
-        if (self.action_) std::exchange(self.action_, {})();
-        if (IsWindow(form)) PostMessageW(form, WM_CLOSE, 0, 0);
-    }
-
-    HWND host_;
-    HWND form_ = nullptr;
-    std::function<void()> action_;
-    UINT_PTR timer_ = 0;
-    bool wasShown_ = false;
-};
 
 /// A host window, a host object that names it, and the host's library through its manifest.
 class LifetimeTest : public testing::Test {
@@ -157,7 +87,7 @@ class LifetimeTest : public testing::Test {
     }
 
     Apartment apartment_;
-    Manifest manifest_{L"Norvex.manifest"};
+    test::ActivatedManifest manifest_{programFolder() + L"\\Norvex.manifest"};
     std::optional<LoadedServer> server_{std::in_place};
     HWND window_ = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700,
                                    nullptr, nullptr, nullptr, nullptr);

@@ -1,34 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "com/LoadedServer.h"
+#include "support/win32/ActivatedManifest.h"
 
 namespace pellmark {
 namespace {
-
-/// The shipped manifest as the calling thread's activation context.
-class ActivatedManifest {
-  public:
-    ActivatedManifest() {
-        const std::wstring manifest = programFolder() + L"\\Pellmark.manifest";
-        ACTCTXW request{};
-        request.cbSize = sizeof request;
-        request.lpSource = manifest.c_str();
-        context_ = CreateActCtxW(&request);
-        active_ = context_ != INVALID_HANDLE_VALUE && ActivateActCtx(context_, &cookie_) != FALSE;
-    }
-    ActivatedManifest(const ActivatedManifest&) = delete;
-    ActivatedManifest& operator=(const ActivatedManifest&) = delete;
-    ~ActivatedManifest() {
-        if (active_) DeactivateActCtx(0, cookie_);
-        if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
-    }
-    bool isActive() const { return active_; }
-
-  private:
-    HANDLE context_ = INVALID_HANDLE_VALUE;
-    ULONG_PTR cookie_ = 0;
-    bool active_ = false;
-};
 
 HRESULT createByName(ComPtr<_Application>& object) {
     CLSID id{};
@@ -43,8 +19,7 @@ TEST(SideBySideTest, TheClassIsFoundThroughTheManifestAlone) {
     ComPtr<_Application> object;
     ASSERT_TRUE(FAILED(createByName(object))) << "the class is registered, so this test would show nothing";
     {
-        const ActivatedManifest manifest;
-        ASSERT_TRUE(manifest.isActive());
+        const test::ActivatedManifest manifest(programFolder() + L"\\Pellmark.manifest");
         EXPECT_EQ(createByName(object), S_OK);
     }
     ASSERT_TRUE(object);

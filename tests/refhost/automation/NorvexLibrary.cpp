@@ -6,18 +6,11 @@ namespace pellmark::test {
 
 NorvexLibrary::NorvexLibrary() {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    const std::wstring manifest = folder() + L"\\Norvex.manifest";
-    ACTCTXW description{};
-    description.cbSize = sizeof(description);
-    description.lpSource = manifest.c_str();
-    context_ = CreateActCtxW(&description);
-    if (context_ == INVALID_HANDLE_VALUE) throw std::runtime_error("Norvex.manifest cannot be used");
-    ActivateActCtx(context_, &cookie_);
+    manifest_.emplace(folder() + L"\\Norvex.manifest");
 }
 
 NorvexLibrary::~NorvexLibrary() {
-    DeactivateActCtx(0, cookie_);
-    ReleaseActCtx(context_);
+    manifest_.reset();
     CoUninitialize();
 }
 

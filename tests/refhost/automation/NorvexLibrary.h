@@ -2,9 +2,11 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 #include "automation/Automation.h"
+#include "support/win32/ActivatedManifest.h"
 
 namespace pellmark::test {
 
@@ -24,8 +26,7 @@ class NorvexLibrary {
     static void useKnowledgeBase(const std::string& path);
 
   private:
-    HANDLE context_ = INVALID_HANDLE_VALUE;
-    ULONG_PTR cookie_ = 0;
+    std::optional<ActivatedManifest> manifest_;
 };
 
 }  // namespace pellmark::test
