@@ -74,6 +74,23 @@ TEST(ArrayReaderTest, EveryPlainTypeIsRead) {
     }
 }
 
+TEST(ArrayReaderTest, AnElementIsReadWholeHoweverWideItsTypeIs) {
+    const MadeArray decimals(VT_DECIMAL, 2);
+    VarDecFromR8(-123.45, &static_cast<DECIMAL*>(decimals->pvData)[1]);
+    EXPECT_EQ(describe(ArrayReader(decimals.get())[1]), "the number -123.45");
+    const MadeArray wide(VT_I8, 2);
+    static_cast<LONGLONG*>(wide->pvData)[1] = -5'000'000'000;
+    EXPECT_EQ(describe(ArrayReader(wide.get())[1]), "the number -5000000000");
+}
+
+TEST(ArrayReaderTest, StructuresThatNobodyHasDescribedAreRefused) {
+    SAFEARRAY* bare = nullptr;
+    ASSERT_EQ(SafeArrayAllocDescriptorEx(VT_RECORD, 1, &bare), S_OK);
+    bare->cbElements = sizeof(LONGLONG);
+    EXPECT_EQ(refusalOf(bare), "must have structures that are described");
+    SafeArrayDestroyDescriptor(bare);
+}
+
 TEST(ArrayReaderTest, AVariantInTheArrayIsGivenWithoutItsReferences) {
     const MadeArray array(VT_VARIANT, 1);
     VariantArg variable("inner");

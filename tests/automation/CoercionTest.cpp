@@ -7,6 +7,7 @@
 
 #include "automation/Guard.h"
 #include "com/TestObject.h"
+#include "com/adapters/ScriptedObject.h"
 
 namespace pellmark {
 namespace {
@@ -22,6 +23,17 @@ HRESULT codeOf(Body&& body) {
     }
 }
 
+/// The text of the CallError that a body throws; "" when it throws none.
+template <class Body>
+std::string refusalOf(Body&& body) {
+    try {
+        body();
+        return "";
+    } catch (const CallError& error) {
+        return error.what();
+    }
+}
+
 VARIANT referenceTo(VARIANT& value) {
     VARIANT reference;
     VariantInit(&reference);
@@ -30,15 +42,13 @@ VARIANT referenceTo(VARIANT& value) {
     return reference;
 }
 
-VariantArg arrayOfVariants(std::initializer_list<VariantArg> values) {
+/// An object that has no automation.
+VariantArg foreignObject() {
+    ComPtr<ICreateErrorInfo> object;
+    CreateErrorInfo(object.receive());
     VariantArg holder;
-    holder.get().vt = VT_ARRAY | VT_VARIANT;
-    holder.get().parray = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(values.size()));
-    LONG index = 0;
-    for (const VariantArg& value : values) {
-        SafeArrayPutElement(holder.get().parray, &index, const_cast<VARIANT*>(&value.get()));
-        ++index;
-    }
+    holder.get().vt = VT_UNKNOWN;
+    holder.get().punkVal = object.query<IUnknown>().release();
     return holder;
 }
 
@@ -55,6 +65,7 @@ VariantArg arrayOfTexts(std::initializer_list<const char*> texts, LONG first = 0
     return holder;
 }
 
+using test::scriptArray;
 using Texts = std::vector<std::string>;
 
 TEST(CoercionTest, ANumberOfAnyTypeIsTaken) {
@@ -81,6 +92,12 @@ TEST(CoercionTest, TheLimitsOfANumberAreKept) {
     EXPECT_EQ(codeOf([] { toInt16(VariantArg(1e300).get()); }), DISP_E_OVERFLOW);
     EXPECT_EQ(codeOf([] { toInt16(VariantArg(std::numeric_limits<double>::quiet_NaN()).get()); }),
               DISP_E_OVERFLOW);
+    VariantArg single;
+    single.get().vt = VT_R4;
+    single.get().fltVal = std::numeric_limits<float>::infinity();
+    EXPECT_EQ(codeOf([&] { toInt32(single.get()); }), DISP_E_OVERFLOW);
+    EXPECT_EQ(toInt32(VariantArg(2147483647.0).get()), 2147483647);
+    EXPECT_EQ(codeOf([] { toInt32(VariantArg(2147483648.0).get()); }), DISP_E_OVERFLOW);
 }
 
 TEST(CoercionTest, WhatIsNoNumberIsAMismatch) {
@@ -131,6 +148,11 @@ TEST(CoercionTest, AValueInAnObjectsPlaceIsAMismatch) {
     EXPECT_EQ(codeOf([] { toObject(VariantArg("host").get()); }), DISP_E_TYPEMISMATCH);
 }
 
+TEST(CoercionTest, AnObjectWithoutAutomationIsAMismatchThatSaysSo) {
+    EXPECT_EQ(codeOf([] { toObject(foreignObject().get()); }), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(refusalOf([] { toObject(foreignObject().get()); }), "must be an automation object");
+}
+
 TEST(CoercionTest, ReadingAnObjectLeavesItsReferencesAsTheyWere) {
     const ComPtr<TestObject> object = TestObject::make();
     VariantArg variable{ComPtr<IDispatch>(object.get())};
@@ -142,14 +164,14 @@ TEST(CoercionTest, ReadingAnObjectLeavesItsReferencesAsTheyWere) {
 }
 
 TEST(CoercionTest, TextsAreTakenFromArraysOfVariantsAndOfTexts) {
-    EXPECT_EQ(toTexts(arrayOfVariants({"a", "\xC3\xA9"}).get()), (Texts{"a", "\xC3\xA9"}));
+    EXPECT_EQ(toTexts(scriptArray({"a", "\xC3\xA9"}).get()), (Texts{"a", "\xC3\xA9"}));
     EXPECT_EQ(toTexts(arrayOfTexts({"a", "b"}).get()), (Texts{"a", "b"}));
     EXPECT_EQ(toTexts(arrayOfTexts({"a", "b"}, 1).get()), (Texts{"a", "b"}));
-    EXPECT_EQ(toTexts(arrayOfVariants({}).get()), Texts{});
+    EXPECT_EQ(toTexts(scriptArray({}).get()), Texts{});
 }
 
 TEST(CoercionTest, TextsAreTakenFromArraysByReference) {
-    VariantArg variable = arrayOfVariants({"a", "b"});
+    VariantArg variable = scriptArray({"a", "b"});
     EXPECT_EQ(toTexts(referenceTo(variable.get())), (Texts{"a", "b"}));
     VARIANT reference;
     VariantInit(&reference);
@@ -160,7 +182,7 @@ TEST(CoercionTest, TextsAreTakenFromArraysByReference) {
 
 TEST(CoercionTest, ElementsMayBeVariablesThemselves) {
     VariantArg variable("inner");
-    VariantArg array = arrayOfVariants({VariantArg()});
+    VariantArg array = scriptArray({VariantArg()});
     VARIANT* element = nullptr;
     SafeArrayAccessData(array.get().parray, reinterpret_cast<void**>(&element));
     *element = referenceTo(variable.get());
@@ -184,14 +206,28 @@ TEST(CoercionTest, AnObjectWithALengthAndNumberedMembersIsAnArray) {
     EXPECT_EQ(codeOf([&] { toTexts(VariantArg(ComPtr<IDispatch>(object.get())).get()); }), DISP_E_OVERFLOW);
 }
 
+TEST(CoercionTest, AnObjectThatIsNoArrayOrTooLongAOneIsRefused) {
+    const ComPtr<TestObject> object = TestObject::make();
+    const VariantArg array{ComPtr<IDispatch>(object.get())};
+    const auto refusal = [&] { return refusalOf([&] { toTexts(array.get()); }); };
+    EXPECT_EQ(refusal(), "must be an array of texts") << "it has no length";
+    object->set(L"length", std::int32_t{2});
+    object->set(L"0", "first");
+    EXPECT_EQ(refusal(), "must be an array of texts") << "it has a gap";
+    object->set(L"length", std::int32_t{2'000'000'000});
+    EXPECT_EQ(refusal(), "has too many elements") << "nobody means so many";
+    EXPECT_EQ(codeOf([&] { toTexts(array.get()); }), DISP_E_OVERFLOW);
+}
+
 TEST(CoercionTest, WhatIsNoArrayOfTextsIsAMismatch) {
     EXPECT_EQ(codeOf([] { toTexts(VariantArg(std::int32_t{1}).get()); }), DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(codeOf([] { toTexts(VariantArg(ComPtr<IDispatch>()).get()); }), DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(codeOf([] { toTexts(arrayOfVariants({ComPtr<IDispatch>()}).get()); }), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(refusalOf([] { toTexts(VariantArg(std::int32_t{1}).get()); }), "must be an array of texts");
+    EXPECT_EQ(refusalOf([] { toTexts(VariantArg(ComPtr<IDispatch>()).get()); }), "must be an array of texts");
+    EXPECT_EQ(codeOf([] { toTexts(scriptArray({ComPtr<IDispatch>()}).get()); }), DISP_E_TYPEMISMATCH);
     VariantArg numbers;
     numbers.get().vt = VT_ARRAY | VT_I4;
     numbers.get().parray = SafeArrayCreateVector(VT_I4, 0, 1);
-    EXPECT_EQ(codeOf([&] { toTexts(numbers.get()); }), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(refusalOf([&] { toTexts(numbers.get()); }), "must be an array of texts");
 }
 
 TEST(CoercionTest, WhatWasGivenIsDescribedInWords) {
@@ -209,19 +245,28 @@ TEST(CoercionTest, WhatWasGivenIsDescribedInWords) {
     nowhere.vt = VT_BYREF | VT_I4;
     nowhere.plVal = nullptr;
     VariantArg variable("inner");
+    LONG number = 7;
+    VARIANT counter;
+    VariantInit(&counter);
+    counter.vt = VT_BYREF | VT_I4;
+    counter.plVal = &number;
     EXPECT_EQ(describe(VariantArg("abc").get()), "the text 'abc'");
     EXPECT_EQ(describe(VariantArg(std::string(100, 'x')).get()),
               "the text '" + std::string(40, 'x') + "...'");
     EXPECT_EQ(describe(VariantArg(std::int32_t{70000}).get()), "the number 70000");
     EXPECT_EQ(describe(VariantArg(1.5).get()), "the number 1.5");
+    EXPECT_EQ(describe(counter), "the number 7");
     EXPECT_EQ(describe(VariantArg(false).get()), "False");
+    EXPECT_EQ(describe(VariantArg(true).get()), "True");
+    EXPECT_EQ(describe(VariantArg::missing().get()), "an error code");
+    EXPECT_EQ(describe(foreignObject().get()), "an object");
     EXPECT_EQ(describe(VariantArg().get()), "Empty");
     EXPECT_EQ(describe(null.get()), "Null");
     EXPECT_EQ(describe(date.get()), "a date");
     EXPECT_EQ(describe(VariantArg(ComPtr<IDispatch>(object.get())).get()), "an object");
     EXPECT_EQ(describe(VariantArg(ComPtr<IDispatch>()).get()), "Nothing");
     EXPECT_EQ(describe(arrayOfTexts({"a"}).get()), "an array of texts");
-    EXPECT_EQ(describe(arrayOfVariants({"a"}).get()), "an array");
+    EXPECT_EQ(describe(scriptArray({"a"}).get()), "an array");
     EXPECT_EQ(describe(referenceTo(variable.get())), "the text 'inner'");
     EXPECT_EQ(describe(ring), "a reference that leads nowhere");
     EXPECT_EQ(describe(nowhere), "a reference that leads nowhere");
@@ -237,13 +282,10 @@ TEST(CoercionTest, ATextIsNotCutWithinACharacter) {
 
 TEST(CoercionTest, AnElementThatIsNoTextIsNamedByItsPlace) {
     const ComPtr<TestObject> object = TestObject::make();
-    try {
-        toTexts(arrayOfVariants({"a", ComPtr<IDispatch>(object.get())}).get());
-        ADD_FAILURE() << "the object was taken for a text";
-    } catch (const CallError& error) {
-        EXPECT_EQ(error.code(), DISP_E_TYPEMISMATCH);
-        EXPECT_STREQ(error.what(), "must be an array of texts; its element 1 is an object");
-    }
+    const VariantArg array = scriptArray({"a", ComPtr<IDispatch>(object.get())});
+    EXPECT_EQ(codeOf([&] { toTexts(array.get()); }), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(refusalOf([&] { toTexts(array.get()); }),
+              "must be an array of texts; its element 1 is an object");
 }
 
 TEST(CoercionTest, AnArrayOfTwoDimensionsIsAMismatch) {

@@ -146,6 +146,30 @@ TEST_F(DispatchObjectTest, AWrongNumberOfArgumentsIsAFaultOfTheInterface) {
                 [&] { object().call("Process"); });
 }
 
+TEST_F(DispatchObjectTest, ArgumentsThatAMemberDoesNotTakeAreAFaultOfTheInterface) {
+    script_->failing(L"Page", DISP_E_TYPEMISMATCH).failing(L"Values", DISP_E_OVERFLOW);
+    script_->failing(L"Process", DISP_E_PARAMNOTOPTIONAL).failing(L"Step", DISP_E_PARAMNOTFOUND);
+    for (const char* member : {"Page", "Values"})
+        expectError(errors::kHostInterface, "does not take arguments of these types",
+                    [&] { object().call(member, {"x"}); });
+    for (const char* member : {"Process", "Step"})
+        expectError(errors::kHostInterface, "asks for more arguments", [&] { object().call(member); });
+}
+
+TEST_F(DispatchObjectTest, AnObjectWithoutAutomationIsNoObjectAndIsSaidToBeThat) {
+    ComPtr<ICreateErrorInfo> foreign;
+    ASSERT_EQ(CreateErrorInfo(foreign.receive()), S_OK);
+    VariantArg value;
+    value.get().vt = VT_UNKNOWN;
+    value.get().punkVal = foreign.query<IUnknown>().release();
+    expectError(errors::kHostInterface, "gave no object for Host, but one without automation.",
+                [&] { DispatchObject::from(value.get(), "Host"); });
+    VariantArg nothing;
+    nothing.get().vt = VT_UNKNOWN;
+    expectError(errors::kHostInterface, "gave no object for Host, but Nothing.",
+                [&] { DispatchObject::from(nothing.get(), "Host"); });
+}
+
 TEST_F(DispatchObjectTest, NothingIsNoObject) {
     expectError(errors::kHostInterface, "gave no object", [] { DispatchObject(nullptr, "Host"); });
     expectError(errors::kHostInterface, "gave no object",
@@ -188,6 +212,11 @@ TEST_F(DispatchObjectTest, NumbersOfEveryKindAreUnderstood) {
     EXPECT_EQ(answer(VariantArg(71.0)).int16(), 71);
     EXPECT_EQ(DispatchResult(VariantArg("71"), "").int16(), 71);
     EXPECT_EQ(DispatchResult(VariantArg(std::int64_t{-2}), "").int64(), -2);
+}
+
+TEST_F(DispatchObjectTest, TrueAndFalseHaveTheTextsOfFlags) {
+    EXPECT_EQ(DispatchResult(VariantArg(true), "").text(), "1");
+    EXPECT_EQ(DispatchResult(VariantArg(false), "").text(), "0");
 }
 
 TEST_F(DispatchObjectTest, ANumberTooLargeForItsTypeIsRefused) {

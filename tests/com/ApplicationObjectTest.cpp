@@ -80,6 +80,10 @@ TEST_F(ApplicationObjectTest, ArgumentsCanBeNamed) {
               S_OK);
     EXPECT_EQ(onlyCall().description.processGuid, "process");
     EXPECT_EQ(onlyCall().host, host_.get());
+    log_.calls.clear();
+    ASSERT_EQ(invoke(Member::ShowWindowProcessesView, {"second", host()}, DISPATCH_METHOD, {0, 1}), S_OK);
+    EXPECT_EQ(onlyCall().description.processGuid, "second") << "every argument, in any order";
+    EXPECT_EQ(onlyCall().host, host_.get());
 }
 
 TEST_F(ApplicationObjectTest, AnUnknownNameOrOneGivenTwiceIsRefused) {
@@ -105,6 +109,16 @@ TEST_F(ApplicationObjectTest, NamesOfMembersAndParametersAreFound) {
     EXPECT_EQ(object_->GetIDsOfNames(IID_NULL, names, 2, LOCALE_USER_DEFAULT, ids), DISP_E_UNKNOWNNAME);
     EXPECT_EQ(ids[0], static_cast<DISPID>(Member::OpenProcess));
     EXPECT_EQ(ids[1], DISPID_UNKNOWN);
+}
+
+TEST_F(ApplicationObjectTest, AQuestionForNamesThatCannotBeAnsweredIsRefused) {
+    wchar_t member[] = L"OpenProcess";
+    LPOLESTR names[] = {member};
+    DISPID id = 0;
+    EXPECT_EQ(object_->GetIDsOfNames(IID_NULL, nullptr, 1, 0, &id), E_INVALIDARG);
+    EXPECT_EQ(object_->GetIDsOfNames(IID_NULL, names, 1, 0, nullptr), E_INVALIDARG);
+    EXPECT_EQ(object_->GetIDsOfNames(IID_NULL, names, 0, 0, &id), E_INVALIDARG);
+    EXPECT_EQ(object_->GetIDsOfNames(IID_IDispatch, names, 1, 0, &id), DISP_E_UNKNOWNINTERFACE);
 }
 
 TEST_F(ApplicationObjectTest, WithoutAHostTheCallIsPassedOnAndNothingElseIsLookedAt) {
@@ -248,6 +262,14 @@ TEST_F(ApplicationObjectTest, TheCurrentViewIsKeptForTheHost) {
     EXPECT_EQ(invoke(Member::CurrentView, {"cases"}, DISPATCH_PROPERTYPUT, {DISPID_PROPERTYPUT}),
               DISP_E_TYPEMISMATCH);
     EXPECT_EQ(takeErrorText(), "CurrentView must be a 32-bit number; given was the text 'cases'");
+}
+
+TEST_F(ApplicationObjectTest, APropertyIsReadWithoutArgumentsAndSetToOneValue) {
+    EXPECT_EQ(invoke(Member::CurrentView, {std::int32_t{1}}, DISPATCH_PROPERTYGET), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(takeErrorText(), "CurrentView takes no arguments");
+    EXPECT_EQ(invoke(Member::CurrentView, {}, DISPATCH_PROPERTYPUT), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(takeErrorText(), "CurrentView takes one value");
+    EXPECT_EQ(log_.view, FRView::FRProcesses);
 }
 
 TEST_F(ApplicationObjectTest, TheHostCanBeSetByReference) {

@@ -13,7 +13,9 @@
 #include <utility>
 
 #include "automation/DispatchObject.h"
+#include "com/DuringModal.h"
 #include "com/LoadedServer.h"
+#include "com/adapters/ExpectError.h"
 #include "com/adapters/ScriptedObject.h"
 
 namespace pellmark {
@@ -149,6 +151,25 @@ TEST_F(LeastHostTest, ShowsItsProcessesWithAClassOfThisProgramAndNoOther) {
     EXPECT_THAT(trace(), testing::AllOf(testing::HasSubstr("Norvex.TranslationService cannot be created"),
                                         testing::HasSubstr("Norvex.LanguageConverter cannot be created"),
                                         testing::Not(testing::HasSubstr("is missing"))));
+}
+
+TEST_F(LeastHostTest, WithoutItsKnowledgeBaseEveryMethodNamesTheMissingClassToItsCaller) {
+    const DuringModal confirmed(window_);
+    const ComPtr<_Application> application = server_.create();
+    DispatchObject manager(ComPtr<IDispatch>(application.get()), "Manager");
+    const auto expectMissing = [](const auto& call) {
+        test::expectError(errors::kHostInterface, "class Norvex.KnowledgeBaseService cannot be created",
+                          call);
+    };
+    expectMissing([&] { manager.call("ShowWindowProcessesView", {objectValue(host_)}); });
+    expectMissing([&] { manager.call("ShowWindowProcessCaseView", {objectValue(host_), "value"}); });
+    for (const char* member : {"OpenProcess", "OpenFeatureCase", "EditFeatureCase", "EditProcess"}) {
+        SCOPED_TRACE(member);
+        expectMissing([&] {
+            manager.call(member, {objectValue(host_), VariantArg(ComPtr<IDispatch>()), "value"});
+        });
+    }
+    manager.call("Dispose");
 }
 
 }  // namespace

@@ -41,6 +41,18 @@ TEST_F(RegistrationTest, ARegisteredClassIsFoundByItsNames) {
     CoFreeUnusedLibrariesEx(0, 0);
 }
 
+TEST_F(RegistrationTest, ARegisteredClassSaysItsNameWithAndWithoutItsVersion) {
+    ASSERT_EQ(server_.registerServer(), S_OK);
+    LPOLESTR name = nullptr;
+    ASSERT_EQ(ProgIDFromCLSID(CLSID_Application, &name), S_OK);
+    EXPECT_STREQ(name, L"Pellmark.Application.1");
+    CoTaskMemFree(name);
+    EXPECT_EQ(valueAt(HKEY_CLASSES_ROOT, L"Pellmark.Application\\CurVer", nullptr),
+              L"Pellmark.Application.1");
+    EXPECT_EQ(valueAt(HKEY_LOCAL_MACHINE, std::wstring(kClassKey) + L"\\VersionIndependentProgID", nullptr),
+              L"Pellmark.Application");
+}
+
 TEST_F(RegistrationTest, ARegisteredTypeLibraryIsFoundByItsId) {
     ASSERT_EQ(server_.registerServer(), S_OK);
     ComPtr<ITypeLib> library;

@@ -85,6 +85,30 @@ TEST_F(KnowledgeBaseAdapterTest, ARecordWithTooFewValuesIsAnError) {
                 [&] { adapter_.processStore().process("{1}"); });
 }
 
+TEST_F(KnowledgeBaseAdapterTest, TwoRecordsWhereOneBelongsAreAnError) {
+    processes_->on(L"Process", scriptArray({processArray("{1}", "Bore"), processArray("{2}", "Ream")}));
+    expectError(errors::kHostInterface, "did not answer with one record, but with 2.",
+                [&] { adapter_.processStore().process("{1}"); });
+}
+
+TEST_F(KnowledgeBaseAdapterTest, RecordsAndValuesMixedInOneArrayAreAnError) {
+    processes_->on(L"Process", scriptArray({"{1}", scriptArray({"Bore"}), 71, "", ""}));
+    cases_->on(L"Matches", scriptArray({scriptArray({"c", "t", true}), "c"}));
+    steps_->on(L"TechnologySources", scriptArray({1, scriptArray({2})}));
+    constexpr const char* kMixed = "mixed records and values in one array";
+    expectError(errors::kHostInterface, kMixed, [&] { adapter_.processStore().process("{1}"); });
+    expectError(errors::kHostInterface, kMixed, [&] { adapter_.featureCaseStore().matches("t", {}); });
+    expectError(errors::kHostInterface, kMixed, [&] { adapter_.stepStore().technologySources({"a", "b"}); });
+}
+
+TEST_F(KnowledgeBaseAdapterTest, AFlagMayComeAsANumberOrAWord) {
+    cases_->on(L"Matches", VariantArg("1:a1:t1:11:b1:t4:True1:c1:t1:01:d1:t5:False1:e1:t0:"));
+    EXPECT_EQ(
+        adapter_.featureCaseStore().matches("t", {}),
+        (std::vector<FeatureCaseMatch>{
+            {"a", "t", true}, {"b", "t", true}, {"c", "t", false}, {"d", "t", false}, {"e", "t", false}}));
+}
+
 TEST_F(KnowledgeBaseAdapterTest, AUnitThatIsNoNumberIsAnError) {
     processes_->on(L"Process", scriptArray({"{1}", "Bore", "metric", "", ""}));
     expectError(errors::kHostInterface, "\"metric\"", [&] { adapter_.processStore().process("{1}"); });
@@ -241,7 +265,7 @@ TEST_F(SpoiledArrayTest, ItIsAnErrorByReference) {
     reference.vt = VT_BYREF | VT_ARRAY | VT_VARIANT;
     reference.pparray = &array.get().parray;
     answer(reference);
-    expectRefused("has lost its elements");
+    expectRefused("FeatureCaseStore.ProcessesOfValues answered with an array that has lost its elements");
 }
 
 TEST_F(SpoiledArrayTest, ItIsAnErrorInsideAnArrayThatIsAReference) {
