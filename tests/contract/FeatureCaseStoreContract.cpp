@@ -197,6 +197,15 @@ TEST_P(AttachmentContract, AnUnknownValueIsNeverPartOfAnExactMatch) {
     EXPECT_FALSE(cases.matches(type, {m6, "nonsense"})[0].exactMatch);
 }
 
+TEST_P(AttachmentContract, ACaseOfAPartTypeAndAMaterialClassIsMadeLikeAnyOther) {
+    FeatureCaseDescription description{
+        type,       {}, 1, subject->addPartType("Plate"), unit::kMetric, subject->addMaterialClass("Steel"),
+        unit::kInch};
+    const std::string featureCase = cases.createFeatureCase(description);
+    cases.addValue(m6, featureCase);
+    EXPECT_THAT(cases.matches(type, {m6}), ElementsAre(FeatureCaseMatch{featureCase, type, true}));
+}
+
 TEST_P(AttachmentContract, AFeatureCaseNeedsAKnownFeatureType) {
     for (const std::string& wrong : {std::string(), std::string("-1"), kUnknownId}) {
         FeatureCaseDescription description;

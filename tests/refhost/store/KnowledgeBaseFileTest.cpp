@@ -225,6 +225,27 @@ TEST_F(KnowledgeBaseFileTest, AnAbandonedTransactionLeavesNothing) {
     EXPECT_EQ(service.processStore().processes("")->count(), 0U);
 }
 
+TEST_F(KnowledgeBaseFileTest, WhatAFeatureCaseWasMadeForIsStoredWithIt) {
+    SqliteKnowledgeBaseService service(path);
+    auto& cases = service.featureCaseStore();
+    const auto partTypes = cases.partTypes();
+    const auto classes = cases.materialClasses();
+    const std::string type = cases.featureTypes(-1, "", -1)->text(0, 0);
+    const std::string id =
+        cases.createFeatureCase({type, {}, 2, partTypes->text(0, 0), 70, classes->text(1, 0), 71});
+    Statement read(service.base()->connection(),
+                   "SELECT c.nvx_feature_type, p.name, c.unit, m.name, c.process_unit FROM feature_case c "
+                   "JOIN part_type p ON p.row = c.part_type "
+                   "JOIN material_class m ON m.row = c.material_class WHERE c.id = ?");
+    read.bindId(id);
+    ASSERT_TRUE(read.step());
+    EXPECT_EQ(read.integer(0), 2);
+    EXPECT_EQ(read.text(1), partTypes->text(0, 1));
+    EXPECT_EQ(read.integer(2), 70);
+    EXPECT_EQ(read.text(3), classes->text(1, 1));
+    EXPECT_EQ(read.integer(4), 71);
+}
+
 struct MigrationTest : KnowledgeBaseFileTest {};
 
 TEST_F(MigrationTest, VersionsAscendFromOne) {
