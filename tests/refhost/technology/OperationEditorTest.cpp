@@ -303,6 +303,11 @@ TEST_F(OperationEditorTest, TheTableHelpsWithNoDiameterThatIsTooLargeToReckonWit
     EXPECT_THAT(editor.takeFromTable('P'), HasSubstr("enter the diameter first"));
 }
 
+TEST(OperationTest, AnExponentIsACapitalHoweverManyDigitsAFigureTakes) {
+    EXPECT_EQ(numberText(1e20), "1E+20");
+    EXPECT_EQ(numberText(1e-300 / 3), "3.3333333333333334E-301");
+}
+
 TEST_F(OperationEditorTest, ACycleThatNobodyKnowsHasEveryParameterAndNoFigures) {
     editor = of(77);
     EXPECT_EQ(editor.count(), definitions().size());

@@ -331,12 +331,17 @@ TEST_F(CProcessDeleteTest, RowsAreHandledFromTheLastSelectedToTheFirst) {
                 ElementsAre("deleteProcess " + ids[6], "deleteProcess " + ids[4], "deleteProcess " + ids[1]));
 }
 
-TEST_F(CProcessDeleteTest, TheLastRowIsCurrentAfterwardsWhicheverWasBefore) {
+TEST_F(CProcessDeleteTest, TheLastRowIsCurrentAndInSightAfterwardsWhicheverWasBefore) {
     startWith(4);
     grid.select(1, 0);
     selectRows({1});
     desktop.expectMessage(kDeleteQuestion);
+    int inSight = 0;
+    const Subscription scrolled = grid.gridChanged.subscribe([&](const GridChange& change) {
+        if (change.what == GridChange::What::Scroll) inSight = change.row;
+    });
     list.Delete();
+    EXPECT_EQ(inSight, 3);
     EXPECT_EQ(list.SelectedProcessID(), ids[3]);
     EXPECT_TRUE(grid.isSelected(3));
 }

@@ -245,6 +245,14 @@ TEST_F(GridTest, AnotherFontIsToldOnce) {
     EXPECT_THAT(changes, ElementsAre(GridChange::What::Font));
 }
 
+TEST_F(GridTest, AColumnThatIsGivenItsChoicesIsDrawnAnew) {
+    std::vector<GridChange::What> changes;
+    const auto heard =
+        grid.gridChanged.subscribe([&](const GridChange& change) { changes.push_back(change.what); });
+    grid.setColComboList(1, "#70;Inch|#71;Metric");
+    EXPECT_THAT(changes, ElementsAre(GridChange::What::Cells));
+}
+
 TEST_F(GridTest, OnlyWhatAPersonDoesToColumnsRaisesTheirEvents) {
     int heard = 0;
     const auto resized = grid.colResized.subscribe([&](int) { ++heard; });
