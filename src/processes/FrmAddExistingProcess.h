@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,8 @@ namespace pellmark {
 /// Sets which of the stored processes are attached to the current feature case. The members are those that
 /// the process list shows, and whatever else is attached to the very case: a process that is not listed
 /// because of its unit or the limit must not be detached by an OK of somebody who never saw it. The
-/// candidates are all others of the feature case's unit.
+/// candidates are all others of the feature case's unit. What somebody else has attached or detached while
+/// the dialog was open is shown and told at OK, before anything is stored.
 class FrmAddExistingProcess : public Dialog {
   public:
     /// Candidates of every unit, and no feature case is created.
@@ -47,7 +49,9 @@ class FrmAddExistingProcess : public Dialog {
     using Members = std::map<std::string, std::string>;
 
     void readLists();
-    std::vector<ListItem> readMembers(Members& members);
+    std::vector<pNode> attachedToCase();
+    std::vector<ListItem> membersOf(const std::vector<pNode>& attached, Members& members) const;
+    bool takeOverChanges();
     std::vector<ListItem> processesOfUnit() const;
     bool isChanged() const;
     void attachNewMembers(const std::string& featureCaseId);
@@ -59,6 +63,7 @@ class FrmAddExistingProcess : public Dialog {
     const Grid& listed_;
     std::string unit_;
     Members initialMembers_;
+    std::set<std::string> attached_;  ///< to the very case, as far as the dialog knows; in lower case
 };
 
 }  // namespace pellmark

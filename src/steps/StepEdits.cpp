@@ -41,9 +41,27 @@ StepEdits::StepEdits(const StepServices& services, Grid& grid) : services_(servi
 void StepEdits::begin(CellEdit& edit) {
     edit.cancel = true;  // also when the knowledge base cannot tell whether it is allowed
     trapAndTell(services_.person, "cProcessSteps::BeforeEdit", [&] {
-        edit.cancel = !services_.rights.CheckPermission(PermissionEdit);
+        edit.cancel = !services_.rights.CheckPermission(PermissionEdit) || !showsWhatIsStored(edit.row);
         before_ = edit.text;
     });
+}
+
+/// An edit writes the whole row, and the list may be hours old: what somebody else has changed of the step
+/// since must not be undone by it.
+bool StepEdits::showsWhatIsStored(int row) {
+    ProcessStepStore& store = services_.knowledgeBase.stepStore();
+    bool exists = true;
+    trap(services_.person.operations(), "cProcessSteps::BeforeEdit", [&] {
+        const std::string id = grid_.rowData(row);
+        try {
+            if (store.step(id) == recordOf(row)) return;
+        } catch (const Error& error) {
+            if (error.number() != errors::kNotFound) throw;
+        }
+        exists = showStoredStep(grid_, store, id);
+    });
+    if (!exists) tellStepIsGone(services_.person);
+    return exists;
 }
 
 void StepEdits::validate(CellEdit& edit) {

@@ -296,11 +296,16 @@ void cProcessSteps::runWizard(const std::string& id) {
     if (!services_.technology.runStepWizard(*technology, ownerWindow())) return;
 
     const ValueChanges changes = changesBetween(before, valuesNow(*technology), stored, id);
+    const std::string name = withoutQuotes(technology->operationName());
+    const ProcessStepRecord now = store().step(id);
+    const bool overTheirName = name != nameBefore && now.name != step.name && now.name != name;
+    const bool overTheirs =
+        overTheirName || overwriteOthers(changes, stored, storedValues(*store().values(id)));
+    if (overTheirs && !mayOverwrite()) return;
     for (const StepValueRecord& value : changes.set)
         store().setValue(value);
     for (const std::int32_t code : changes.removed)
         store().deleteValue(id, code);
-    const std::string name = withoutQuotes(technology->operationName());
     if (name != nameBefore) {
         // What else of the step has changed while the wizard was open is not the wizard's.
         ProcessStepRecord renamed = store().step(id);
@@ -312,6 +317,18 @@ void cProcessSteps::runWizard(const std::string& id) {
     trap(services_.person.operations(), "cProcessSteps::Editwizard",
          [&] { services_.technology.stored(id, *technology); });
     decorate();
+}
+
+bool cProcessSteps::mayOverwrite() {
+    const MessageBox question{
+        services_.person.texts.GetString("Somebody else has changed the same values of this step meanwhile. "
+                                         "Store yours in their place?"),
+        "",
+        MessageIcon::Question,
+        MessageButtons::OkCancel,
+        {},
+        true};
+    return services_.person.show(question) == MessageAnswer::Ok;
 }
 
 void cProcessSteps::OpenPrc() {
