@@ -233,7 +233,12 @@ void cProcessSteps::deleteSteps(const std::vector<std::string>& ids) {
             // One step that fails must not keep the others from being deleted; the first failure is told,
             // the others are traced.
             try {
-                if (store().deleteStep(id)) grid_->removeRow(grid_->findRow(id));
+                if (store().deleteStep(id)) {
+                    grid_->removeRow(grid_->findRow(id));
+                } else {
+                    // A step that is refused keeps its row; one that somebody else has deleted does not.
+                    showStoredStep(*grid_, store(), id);
+                }
             } catch (...) {
                 if (failure) {
                     services_.person.operations().trace().record("cProcessSteps::Delete",
