@@ -25,6 +25,8 @@ class StepEdits {
     void begin(CellEdit& edit);
     bool showsWhatIsStored(int row);
     void validate(CellEdit& edit);
+    /// `reason` in English.
+    void refuse(CellEdit& edit, const char* reason, MessageIcon icon);
     void write(int row, int col);
     ProcessStepRecord recordOf(int row) const;
 

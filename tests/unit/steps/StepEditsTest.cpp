@@ -107,6 +107,18 @@ TEST_F(StepEditsTest, AnImpossiblePriorityIsRefusedAndTheEditingGoesOn) {
     EXPECT_EQ(stored(first).priority, 12);
 }
 
+TEST_F(StepEditsTest, ABlankNameIsRefusedAndTheEditingGoesOn) {
+    ASSERT_TRUE(grid.beginEdit(1, grid.colIndex(field::kName)));
+    for (const char* value : {"", " \t"}) {
+        desktop.expectMessage("Name cannot be blank");
+        EXPECT_FALSE(grid.commitEdit(value));
+        EXPECT_TRUE(grid.isEditing());
+    }
+    EXPECT_THAT(changes(), IsEmpty());
+    EXPECT_TRUE(grid.commitEdit("Deburr"));
+    EXPECT_EQ(stored(first).name, "Deburr");
+}
+
 /// The message box takes the keyboard away from the cell, which then offers its value a second time.
 TEST_F(StepEditsTest, ARefusalIsToldOnceAlsoWhenItTakesTheKeyboardAway) {
     class NosyDesktop : public Desktop {
