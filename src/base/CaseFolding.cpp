@@ -24,7 +24,7 @@ void foldCaseOf(std::string& text) {
         const auto byte = static_cast<unsigned char>(text[i]);
         if (byte >= 'A' && byte <= 'Z') {
             text[i] = static_cast<char>(byte + 0x20);
-        } else if (byte >= 0xC3 && byte <= 0xD1 && i + 1 < text.size()) {
+        } else if (byte >= 0xC3 && byte <= 0xD0 && i + 1 < text.size()) {
             // Capital and small letters of these scripts take two bytes alike.
             const auto next = static_cast<unsigned char>(text[i + 1]);
             if ((next & 0xC0U) != 0x80U) continue;

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "util/ManyCalls.h"
 
 namespace pellmark {
 
@@ -19,11 +20,12 @@ std::set<std::string> idsOf(const std::vector<pNode>& nodes) {
 
 }  // namespace
 
-FrmAddExistingProcess::FrmAddExistingProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
-                                             cFeatureCase& featureCase, const Grid& listed,
-                                             std::string featureCaseUnit)
+FrmAddExistingProcess::FrmAddExistingProcess(const UserInterface& person, Idle& idle,
+                                             KnowledgeBaseService& knowledgeBase, cFeatureCase& featureCase,
+                                             const Grid& listed, std::string featureCaseUnit)
     : Dialog(person, "FrmAddExistingProcess"),
       FrameProcesses(person, *this, "FrameProcesses"),
+      idle_(idle),
       knowledgeBase_(knowledgeBase),
       featureCase_(featureCase),
       listed_(listed),
@@ -126,8 +128,7 @@ void FrmAddExistingProcess::CmdOk_Click() {
                         GetString("The feature case is not stored yet. Choose its unit first."));
         }
         if (!id.empty()) {
-            attachNewMembers(id);
-            detachCandidates(id);
+            if (!store(id)) return;
             tellWhatStays(id);
         }
         completed.raise();
@@ -143,29 +144,45 @@ bool FrmAddExistingProcess::isChanged() const {
     return static_cast<std::size_t>(members.count()) != initialMembers_.size();
 }
 
-void FrmAddExistingProcess::attachNewMembers(const std::string& featureCaseId) {
+std::vector<std::string> FrmAddExistingProcess::newMembers() const {
     const ListView& members = FrameProcesses.LV2;
+    std::vector<std::string> ids;
     for (int i = 0; i < members.count(); ++i) {
         const std::string& id = members.item(i).key;
-        if (initialMembers_.contains(lowerAscii(id))) continue;
-        knowledgeBase_.processStore().attach(id, featureCaseId);
-        initialMembers_.emplace(lowerAscii(id), featureCaseId);
-        attached_.insert(lowerAscii(id));
+        if (!initialMembers_.contains(lowerAscii(id))) ids.push_back(id);
     }
+    return ids;
 }
 
-/// Candidates that were never attached are sent, too: the store may have attached them meanwhile.
-void FrmAddExistingProcess::detachCandidates(const std::string& featureCaseId) {
+/// Candidates that were never attached are sent, too: the store may have attached them meanwhile. False when
+/// the person has ended it: what has been stored by then stays stored.
+bool FrmAddExistingProcess::store(const std::string& featureCaseId) {
+    const std::vector<std::string> added = newMembers();
     const ListView& candidates = FrameProcesses.LV1;
-    for (int i = 0; i < candidates.count(); ++i) {
-        const std::string& id = candidates.item(i).key;
-        if (knowledgeBase_.processStore().detach(featureCaseId, id)) {
-            attached_.erase(lowerAscii(id));
-            continue;
-        }
-        person().operations().trace().record("FrmAddExistingProcess::CmdOk_Click",
-                                             "the knowledge base keeps " + id + " attached");
+    return makeCalls(person(), idle_, GetString("The processes of the feature case are being stored"),
+                     handle(), added.size() + static_cast<std::size_t>(candidates.count()),
+                     [&](std::size_t i) {
+                         if (i < added.size()) {
+                             attach(added[i], featureCaseId);
+                         } else {
+                             detach(candidates.item(static_cast<int>(i - added.size())).key, featureCaseId);
+                         }
+                     });
+}
+
+void FrmAddExistingProcess::attach(const std::string& id, const std::string& featureCaseId) {
+    knowledgeBase_.processStore().attach(id, featureCaseId);
+    initialMembers_.emplace(lowerAscii(id), featureCaseId);
+    attached_.insert(lowerAscii(id));
+}
+
+void FrmAddExistingProcess::detach(const std::string& id, const std::string& featureCaseId) {
+    if (knowledgeBase_.processStore().detach(featureCaseId, id)) {
+        attached_.erase(lowerAscii(id));
+        return;
     }
+    person().operations().trace().record("FrmAddExistingProcess::CmdOk_Click",
+                                         "the knowledge base keeps " + id + " attached");
 }
 
 /// A process that is listed because another case shares a value stays attached to that one.

@@ -8,6 +8,7 @@
 #include "controls/grid/Grid.h"
 #include "featurecases/cFeatureCase.h"
 #include "knowledge/KnowledgeBaseService.h"
+#include "ports/FileSystem.h"
 #include "processes/MemberLists.h"
 #include "util/Dialog.h"
 
@@ -25,7 +26,7 @@ class FrmAddExistingProcess : public Dialog {
 
     /// `listed` is the process list's grid. `featureCaseUnit` is the feature case's unit code as text, or
     /// kNoUnit. All of them must outlive the dialog.
-    FrmAddExistingProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
+    FrmAddExistingProcess(const UserInterface& person, Idle& idle, KnowledgeBaseService& knowledgeBase,
                           cFeatureCase& featureCase, const Grid& listed, std::string featureCaseUnit);
 
     /// Loads both lists again and forgets moves that were not stored.
@@ -54,10 +55,13 @@ class FrmAddExistingProcess : public Dialog {
     bool takeOverChanges();
     std::vector<ListItem> processesOfUnit() const;
     bool isChanged() const;
-    void attachNewMembers(const std::string& featureCaseId);
-    void detachCandidates(const std::string& featureCaseId);
+    std::vector<std::string> newMembers() const;
+    bool store(const std::string& featureCaseId);
+    void attach(const std::string& id, const std::string& featureCaseId);
+    void detach(const std::string& id, const std::string& featureCaseId);
     void tellWhatStays(const std::string& featureCaseId);
 
+    Idle& idle_;
     KnowledgeBaseService& knowledgeBase_;
     cFeatureCase& featureCase_;
     const Grid& listed_;

@@ -2,18 +2,16 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "com/RegisteredLibrary.h"
 #include "com/WorkingDay.h"
 
 /// soak TURNS [EACH]: works with the component for so many turns, and says after each EACH of them what the
-/// process holds more than after the first ones.
+/// process holds more than after the first ones. The host's library must be registered.
 int main(int argc, char** argv) {
     using namespace pellmark;
     const int turns = argc > 1 ? std::atoi(argv[1]) : 1000;
     const int each = argc > 2 ? std::atoi(argv[2]) : 50;
     SetEnvironmentVariableW(L"NORVEX_KNOWLEDGE_BASE", (programFolder() + L"\\soak.db").c_str());
     try {
-        const RegisteredLibrary hostLibrary(L"Norvex.dll");
         WorkingDay day;
         Holdings first;
         auto start = std::chrono::steady_clock::now();

@@ -75,6 +75,9 @@ TEST_F(ProcessListRecordsetTest, AFilterLeavesTheRowsOfItsUnitInOrder) {
     EXPECT_THAT(*records.keys(), ElementsAre(idOf(2), idOf(4)));
     records.setFilter("");
     EXPECT_EQ(records.count(), 4U);
+    records.addRow(node(5, 0));
+    records.setFilter("(_Unit  = 0)");
+    EXPECT_THAT(names(), ElementsAre("P5"));
 }
 
 TEST_F(ProcessListRecordsetTest, ARowAddedUnderAFilterShowsOnlyWhenItFits) {

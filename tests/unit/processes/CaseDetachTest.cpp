@@ -89,18 +89,23 @@ TEST_F(CaseDetachTest, AFailedDetachIsToldAndTracedAsWhatItIs) {
 }
 
 TEST_F(CaseDetachTest, MoreFailuresThanABoxHoldsAreCounted) {
-    std::vector<std::string> ids;
     for (int i = 0; i < 12; ++i)
-        ids.push_back(base.addProcess(std::string("p") + static_cast<char>('a' + i)));
-    base.addFeatureCase(hole, {d8}, ids);
+        base.addFeatureCase(hole, {d8}, {base.addProcess(std::string("p") + static_cast<char>('a' + i))});
     openCase({d8});
-    grid().selectBlock(1, 0, 12, 0);
     base.throwOn("detach", errors::kKnowledgeBase, "No.");
+    std::string named;
+    for (char c = 'j'; c >= 'a'; --c)
+        named += std::string("\r\np") + c + ": No.";
+    const std::string head = "The knowledge base failed. Still there:";
+    grid().selectBlock(1, 0, 10, 0);
     desktop.expectMessage(kDetachQuestion);
-    std::string text = "The knowledge base failed. Still there:";
-    for (char c = 'l'; c > 'b'; --c)
-        text += std::string("\r\np") + c + ": No.";
-    desktop.expectMessage(text + "\r\n+ 2\r\n\r\nRemoved: 0 / 12");
+    desktop.expectMessage(head + named + "\r\n\r\nRemoved: 0 / 10");
+    list().DeleteFromFeatureCase();
+
+    named = "\r\npl: No.\r\npk: No." + named.substr(0, named.find("\r\npb"));
+    grid().selectBlock(1, 0, 12, 0);
+    desktop.expectMessage(kDetachQuestion);
+    desktop.expectMessage(head + named + "\r\n+ 2\r\n\r\nRemoved: 0 / 12");
     list().DeleteFromFeatureCase();
 }
 

@@ -69,9 +69,13 @@ TEST_F(FrmAddExistingProcessTest, ACaseOfNoUnitOffersTheProcessesOfBoth) {
 }
 
 TEST_F(FrmAddExistingProcessTest, HeadingsAreLookedUp) {
-    library.translations = {{"Nonmembers", "Fremde"}, {"Members", "Mitglieder"}, {"Processes", "Prozesse"}};
+    library.translations = {{"Nonmembers", "Fremde"},
+                            {"Members", "Mitglieder"},
+                            {"Processes", "Prozesse"},
+                            {"Process Members", "Prozesse des Falls"}};
     openCase({d8});
     run([&](FrmAddExistingProcess& dialog) {
+        EXPECT_EQ(dialog.caption(), "Prozesse des Falls");
         EXPECT_EQ(dialog.FrameProcesses.caption(), "Prozesse");
         EXPECT_EQ(dialog.FrameProcesses.LV1.columnHeaders().at(0).text, "Fremde");
         EXPECT_EQ(dialog.FrameProcesses.LV2.columnHeaders().at(0).text, "Mitglieder");
