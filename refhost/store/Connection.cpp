@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <thread>
 #include <utility>
 
 #include "base/Text.h"
@@ -112,7 +113,7 @@ bool FileError::deniesWriting() const {
 }
 
 Connection::Connection(std::string path, Opening opening, std::chrono::milliseconds busyTimeout)
-    : path_(std::move(path)) {
+    : path_(std::move(path)), patience_(busyTimeout) {
     const std::string address = opening == Opening::Frozen ? frozenAddress(path_) : path_;
     const int result = sqlite3_open_v2(address.c_str(), &database_, flagsOf(opening), nullptr);
     if (result != SQLITE_OK) {
@@ -120,13 +121,20 @@ Connection::Connection(std::string path, Opening opening, std::chrono::milliseco
         sqlite3_close_v2(std::exchange(database_, nullptr));
         throw FileError(path_, result, detail);
     }
-    sqlite3_busy_timeout(database_, static_cast<int>(busyTimeout.count()));
+    sqlite3_busy_handler(database_, &waitForLock, &patience_);
     try {
         prepare(opening);
     } catch (...) {
         sqlite3_close_v2(std::exchange(database_, nullptr));
         throw;
     }
+}
+
+int Connection::waitForLock(void* patience, int tries) {
+    constexpr std::chrono::milliseconds kPause{10};
+    if (!static_cast<LockPatience*>(patience)->mayWait(tries == 0, LockPatience::Clock::now())) return 0;
+    std::this_thread::sleep_for(kPause);
+    return 1;
 }
 
 void Connection::prepare(Opening opening) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "refhost/store/LockPatience.h"
 #include "refhost/texts/HostError.h"
 
 struct sqlite3;
@@ -64,10 +65,12 @@ class Connection {
   private:
     friend class Statement;
     void prepare(Opening opening);
+    static int waitForLock(void* patience, int tries);
     sqlite3_stmt* checkOut(const char* sql);
     void giveBack(const char* sql, sqlite3_stmt* statement) noexcept;
 
     std::string path_;
+    LockPatience patience_;
     sqlite3* database_ = nullptr;
     std::map<std::string, sqlite3_stmt*, std::less<>> idle_;  ///< prepared statements that nobody uses now
 };

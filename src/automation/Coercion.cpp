@@ -4,6 +4,7 @@
 
 #include "automation/ArrayReader.h"
 #include "automation/Guard.h"
+#include "base/Text.h"
 
 namespace pellmark {
 
@@ -102,14 +103,9 @@ std::string describeSimple(const VARIANT& value) {
         return "a value of the type " + std::to_string(value.vt);
     }
     constexpr std::size_t kLongest = 40;
-    std::u16string_view shown = Bstr::units(text.get().bstrVal);
-    const bool isCut = shown.size() > kLongest;
-    if (isCut) {
-        const bool isWithinCharacter = shown[kLongest] >= 0xDC00 && shown[kLongest] <= 0xDFFF;
-        shown = shown.substr(0, isWithinCharacter ? kLongest - 1 : kLongest);
-    }
-    const std::string whole = toUtf8(shown) + (isCut ? "..." : "");
-    return value.vt == VT_BSTR ? "the text '" + whole + "'" : "the number " + whole;
+    const std::u16string_view whole = Bstr::units(text.get().bstrVal);
+    const std::string shown = toUtf8(firstUnits(whole, kLongest)) + (whole.size() > kLongest ? "..." : "");
+    return value.vt == VT_BSTR ? "the text '" + shown + "'" : "the number " + shown;
 }
 
 }  // namespace

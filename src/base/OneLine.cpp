@@ -10,9 +10,7 @@ std::string oneLine(std::string_view utf8, std::size_t mostUnits) {
     constexpr char16_t kEllipsis = u'\u2026';
     std::u16string text = toUtf16(utf8);
     if (text.size() > mostUnits) {
-        text.resize(std::max<std::size_t>(mostUnits, 1) - 1);
-        const bool isHalved = !text.empty() && text.back() >= 0xD800 && text.back() <= 0xDBFF;
-        if (isHalved) text.pop_back();
+        text.resize(firstUnits(text, std::max<std::size_t>(mostUnits, 1) - 1).size());
         text += kEllipsis;
     }
     std::replace_if(

@@ -12,6 +12,15 @@ char asciiLower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+/// Of a pair of UTF-16 units that are one character.
+bool isFirstHalf(char16_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+bool isSecondHalf(char16_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
 bool isContinuation(unsigned char byte) {
     return (byte & 0xC0U) == 0x80U;
 }
@@ -84,10 +93,10 @@ std::string toUtf8(std::u16string_view utf16) {
     out.reserve(utf16.size());
     for (std::size_t at = 0; at < utf16.size(); ++at) {
         char32_t code = utf16[at];
-        const bool high = code >= 0xD800 && code <= 0xDBFF;
-        if (high && at + 1 < utf16.size() && utf16[at + 1] >= 0xDC00 && utf16[at + 1] <= 0xDFFF) {
+        const bool isFirst = isFirstHalf(utf16[at]);
+        if (isFirst && at + 1 < utf16.size() && isSecondHalf(utf16[at + 1])) {
             code = 0x10000 + ((code - 0xD800) << 10U) + (utf16[++at] - 0xDC00U);
-        } else if (code >= 0xD800 && code <= 0xDFFF) {
+        } else if (isFirst || isSecondHalf(utf16[at])) {
             code = kReplacement;
         }
         encode(code, out);
@@ -100,6 +109,12 @@ std::size_t utf16Length(std::string_view utf8) {
     for (std::size_t at = 0; at < utf8.size();)
         units += decode(utf8, at) < 0x10000 ? 1 : 2;
     return units;
+}
+
+std::u16string_view firstUnits(std::u16string_view text, std::size_t most) {
+    if (text.size() <= most) return text;
+    const bool isWithinCharacter = most > 0 && isFirstHalf(text[most - 1]) && isSecondHalf(text[most]);
+    return text.substr(0, isWithinCharacter ? most - 1 : most);
 }
 
 bool equalNoCase(std::string_view left, std::string_view right) {

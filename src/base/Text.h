@@ -17,6 +17,10 @@ std::string toUtf8(std::u16string_view utf16);
 /// Length in UTF-16 units, which is how an engineer's edit box counts characters.
 std::size_t utf16Length(std::string_view utf8);
 
+/// The first units of a text: so many, or one fewer where a character would be cut in two. The whole text
+/// where it is no longer. A view of the text given.
+std::u16string_view firstUnits(std::u16string_view text, std::size_t most);
+
 /// True when both texts are equal but for the case of ASCII letters: column keys, GUID text, extensions.
 bool equalNoCase(std::string_view left, std::string_view right);
 

@@ -19,22 +19,19 @@ Application::~Application() {
 }
 
 template <class Call>
-bool Application::run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title,
+void Application::run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title,
                       Call&& call) {
-    if (!host) return false;
+    if (!host) return;
     if (platform_.operations.running()) {
         // The host's window is disabled under a dialog, but a script of it, or a member that the component
         // calls, may still come here.
         platform_.operations.trace().record(operation, "refused: the component has not ended what it does");
-        return false;
+        return;
     }
-    bool started = false;
     trapCommand(platform_.operations, operation, [&] {
         if (!services_) throw Error(errors::kInvalidArgument, "Pellmark", "Dispose was called before");
-        started = startUp(host, title);
-        if (started) call();
+        if (startUp(host, title)) call();
     });
-    return started;
 }
 
 bool Application::startUp(const std::shared_ptr<HostApplication>& host, const char* title) {

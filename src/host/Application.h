@@ -51,9 +51,9 @@ class Application {
     std::string ReturnFeatureCaseGuid;
 
   private:
-    /// False when the call could not begin: no host object, released, or not connected.
+    /// Does nothing when the call cannot begin: no host object, released, or not connected.
     template <class Call>
-    bool run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title,
+    void run(const char* operation, const std::shared_ptr<HostApplication>& host, const char* title,
              Call&& call);
     bool startUp(const std::shared_ptr<HostApplication>& host, const char* title);
     FrmMain& mainForm();

@@ -4,22 +4,22 @@ namespace pellmark {
 
 ProcessesView::ProcessesView(const ViewServices& services, Grid& grid, FindLine& line)
     : processes(services.person, services.knowledgeBase, services.rights, services.settings, services.gridOps,
-                services.host, nullptr) {
+                services.steps.idle, services.host, nullptr) {
     processes.Init(grid);
-    processes.offerFinding(line, services.steps.idle);
+    processes.offerFinding(line);
 }
 
 CaseView::CaseView(const ViewServices& services, const FeatureCaseControls& filters, const List& processList,
                    const List& stepList)
     : featureCase(services.person, services.knowledgeBase, services.creation),
       processes(services.person, services.knowledgeBase, services.rights, services.settings, services.gridOps,
-                services.host, &featureCase),
+                services.steps.idle, services.host, &featureCase),
       steps(services.steps, &processList.grid),
       processGrid_(processList.grid) {
     processGrid_.bind(nullptr);  // what the view before this one listed is of another case
     featureCase.Init(filters);
     processes.Init(processList.grid);
-    processes.offerFinding(processList.line, services.steps.idle);
+    processes.offerFinding(processList.line);
     steps.Init(stepList.grid);
     steps.offerFinding(stepList.line);
     const auto on = [this](Subscription subscription) { subscriptions_.push_back(std::move(subscription)); };

@@ -22,7 +22,7 @@ void PackedTextReader::fail(std::size_t length) const {
     } else {
         reason = length > 0 ? "a text of " + std::to_string(length) + " characters belongs there"
                             : "a length, a colon and the text belong there";
-        reason += ", not '" + toUtf8(rest_.substr(0, kShown)) + (rest_.size() > kShown ? "...'" : "'");
+        reason += ", not '" + toUtf8(firstUnits(rest_, kShown)) + (rest_.size() > kShown ? "...'" : "'");
     }
     throw Error(errors::kHostInterface, "PackedText", "The packed text is malformed" + behind + reason + ".");
 }

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "base/OneLine.h"
 #include "base/Text.h"
+#include "processes/ProcessMerge.h"
 #include "settings/NumberOptions.h"
 
 namespace pellmark {
@@ -11,6 +13,8 @@ namespace {
 
 constexpr Size kClient{9300, 7650};
 constexpr const char* kNoFeatureCase = "-1";
+/// Of a text that is told in a message.
+constexpr std::size_t kMostUnits = 100;
 
 /// The unit of the current feature case as text, kNoFeatureCase when there is no case to attach to. A case
 /// that leaves its unit open is one nevertheless.
@@ -78,7 +82,9 @@ void FrmAddEditProcess::Form_Load() {
     translate();
     loadOrAbandon("FrmAddEditProcess::Form_Load", [this] {
         loadRecord();
+        CmbUnit.setItems({{"Inch", unit::kInch, ""}, {"Metric", unit::kMetric, ""}});
         showRecord();
+        unchanged_ = record_;
         readMaterials();
     });
 }
@@ -100,7 +106,6 @@ void FrmAddEditProcess::loadRecord() {
 }
 
 void FrmAddEditProcess::showRecord() {
-    CmbUnit.setItems({{"Inch", unit::kInch, ""}, {"Metric", unit::kMetric, ""}});
     const auto& units = CmbUnit.items();
     for (std::size_t i = 0; i < units.size(); ++i) {
         if (units[i].itemData == record_.Unit) CmbUnit.setIndex(static_cast<int>(i));
@@ -108,7 +113,6 @@ void FrmAddEditProcess::showRecord() {
     TxtName.setText(record_.Name);
     TxtRule.setText(record_.Rule);
     TxtDescription.setText(record_.Description);
-    unchanged_ = record_;
 }
 
 void FrmAddEditProcess::RefreshNonMembers() {
@@ -117,18 +121,13 @@ void FrmAddEditProcess::RefreshNonMembers() {
 
 void FrmAddEditProcess::readMaterials() {
     const std::vector<ListItem> all = itemsOf(*knowledgeBase_.materialStore().materials());
-    std::vector<ListItem> members;
-    if (!record_.Id.empty()) members = itemsOf(*knowledgeBase_.processStore().materialsOf(record_.Id));
+    const std::vector<ListItem> members = storedMaterials();
     FrameMaterialClass.show(withoutMembers(all, members), members);
-    unchangedMembers_ = memberIds();
 }
 
-std::set<std::string> FrmAddEditProcess::memberIds() const {
-    std::set<std::string> ids;
-    const ListView& members = FrameMaterialClass.LV2;
-    for (int i = 0; i < members.count(); ++i)
-        ids.insert(members.item(i).key);
-    return ids;
+std::vector<ListItem> FrmAddEditProcess::storedMaterials() const {
+    if (record_.Id.empty()) return {};
+    return itemsOf(*knowledgeBase_.processStore().materialsOf(record_.Id));
 }
 
 void FrmAddEditProcess::CmbUnit_Click() {
@@ -163,16 +162,32 @@ bool FrmAddEditProcess::isAllowed() {
 void FrmAddEditProcess::CmdOk_Click() {
     carryOut("FrmAddEditProcess::CmdOk_Click", [this] {
         if (!inputIsAcceptable() || !isAllowed()) return;
-        record_.Description = TxtDescription.text();
-        record_.Name = TxtName.text();
-        record_.Rule = TxtRule.text();
+        record_ = typed();
+        if (!record_.Id.empty() && takeOverChanges()) return;
         store();
-        unchanged_ = record_;
         if (!record_.Id.empty()) storeMaterials();
         person().layouts.SaveComboBoxIndex(CmbUnit);
         completed.raise(record_.Id);
         unload();
     });
+}
+
+/// Two people may have the same process open, and the second OK must not undo the first one unseen.
+bool FrmAddEditProcess::takeOverChanges() {
+    const ProcessRecord theirs = knowledgeBase_.processStore().process(record_.Id);
+    const std::vector<ListItem> members = storedMaterials();
+    const std::vector<ListItem> materials = itemsOf(*knowledgeBase_.materialStore().materials());
+    const MergedProcess merged = mergedProcess(unchanged_, record_, theirs);
+    const bool otherMembers = FrameMaterialClass.takeOver(materials, members);
+    if (!otherMembers && merged.contested.empty() && merged.record == record_) return false;
+    record_ = merged.record;
+    showRecord();
+    unchanged_ = {record_.Id, theirs.Name, theirs.Unit, theirs.Description, theirs.Rule};
+    std::string both;
+    for (const ContestedField& field : merged.contested)
+        both += "\r\n" + GetString(field.label) + ": " + oneLine(field.theirs, kMostUnits);
+    tellChangedMeanwhile(person(), both);
+    return true;
 }
 
 void FrmAddEditProcess::cancel() {
@@ -181,9 +196,12 @@ void FrmAddEditProcess::cancel() {
     });
 }
 
+ProcessRecord FrmAddEditProcess::typed() const {
+    return {record_.Id, TxtName.text(), record_.Unit, TxtDescription.text(), TxtRule.text()};
+}
+
 bool FrmAddEditProcess::isChanged() const {
-    const ProcessRecord now{record_.Id, TxtName.text(), record_.Unit, TxtDescription.text(), TxtRule.text()};
-    return now != unchanged_ || memberIds() != unchangedMembers_;
+    return typed() != unchanged_ || FrameMaterialClass.isChanged();
 }
 
 bool FrmAddEditProcess::mayDiscard() const {
@@ -201,6 +219,7 @@ void FrmAddEditProcess::store() {
     ProcessStore& processes = knowledgeBase_.processStore();
     if (editing_) {
         processes.updateProcess(record_);
+        unchanged_ = record_;
     } else {
         std::string featureCaseId;
         if (featureCaseMarker_ != kNoFeatureCase) {
@@ -212,21 +231,25 @@ void FrmAddEditProcess::store() {
             // An OK that failed after the process had been added must not add it a second time.
             processes.updateProcess(record_);
         }
+        unchanged_ = record_;
         if (!featureCaseId.empty()) processes.attach(record_.Id, featureCaseId);
     }
     stored.raise(record_);
 }
 
-/// Every item is sent, moved or not: the lists say what is to be, whatever has changed in the store
-/// meanwhile.
+/// Every item is sent, moved or not: the lists say what is to be.
 void FrmAddEditProcess::storeMaterials() {
     ProcessStore& processes = knowledgeBase_.processStore();
     const ListView& members = FrameMaterialClass.LV2;
-    for (int i = 0; i < members.count(); ++i)
+    for (int i = 0; i < members.count(); ++i) {
         processes.addMaterial(record_.Id, members.item(i).key);
+        FrameMaterialClass.noteStored(members.item(i).key);
+    }
     const ListView& others = FrameMaterialClass.LV1;
-    for (int i = 0; i < others.count(); ++i)
+    for (int i = 0; i < others.count(); ++i) {
         processes.removeMaterial(record_.Id, others.item(i).key);
+        FrameMaterialClass.noteStored(others.item(i).key);
+    }
 }
 
 }  // namespace pellmark

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <set>
 #include <string>
+#include <vector>
 
 #include "featurecases/cFeatureCase.h"
 #include "knowledge/KnowledgeBaseService.h"
@@ -15,7 +15,8 @@ namespace pellmark {
 
 /// Creates a process, or changes one: name, unit, rule, description and materials. A new process is attached
 /// to the current feature case where there is one. What a person has changed is discarded only after a
-/// question, unless the setting ProcessMngrPromtToSaveDirtyProcess is 0.
+/// question, unless the setting ProcessMngrPromtToSaveDirtyProcess is 0. What somebody else has changed while
+/// the dialog was open is shown and told at OK, before anything is stored.
 class FrmAddEditProcess : public Dialog {
   public:
     /// An empty id opens the dialog for a new process. `featureCase` is null where there is no view of one.
@@ -62,7 +63,9 @@ class FrmAddEditProcess : public Dialog {
     void readMaterials();
     bool inputIsAcceptable();
     bool isAllowed();
-    std::set<std::string> memberIds() const;
+    std::vector<ListItem> storedMaterials() const;
+    ProcessRecord typed() const;
+    bool takeOverChanges();
     bool isChanged() const;
     bool mayDiscard() const;
     void store();
@@ -77,8 +80,7 @@ class FrmAddEditProcess : public Dialog {
     std::string featureCaseMarker_;
     bool editing_ = false;
     ProcessRecord record_;
-    ProcessRecord unchanged_;                 ///< what the dialog opened with, or has stored
-    std::set<std::string> unchangedMembers_;  ///< ids of the materials that were read, or have been stored
+    ProcessRecord unchanged_;  ///< what is stored, as far as the dialog knows
 };
 
 }  // namespace pellmark

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "util/ManyCalls.h"
 
 namespace pellmark {
 
@@ -10,13 +11,21 @@ namespace {
 constexpr Size kClient{10500, 6600};
 constexpr const char* kSource = "Pellmark.FrmAddExistingProcess";
 
+std::set<std::string> idsOf(const std::vector<pNode>& nodes) {
+    std::set<std::string> ids;
+    for (const pNode& node : nodes)
+        ids.insert(lowerAscii(node.id));
+    return ids;
+}
+
 }  // namespace
 
-FrmAddExistingProcess::FrmAddExistingProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
-                                             cFeatureCase& featureCase, const Grid& listed,
-                                             std::string featureCaseUnit)
+FrmAddExistingProcess::FrmAddExistingProcess(const UserInterface& person, Idle& idle,
+                                             KnowledgeBaseService& knowledgeBase, cFeatureCase& featureCase,
+                                             const Grid& listed, std::string featureCaseUnit)
     : Dialog(person, "FrmAddExistingProcess"),
       FrameProcesses(person, *this, "FrameProcesses"),
+      idle_(idle),
       knowledgeBase_(knowledgeBase),
       featureCase_(featureCase),
       listed_(listed),
@@ -43,29 +52,57 @@ void FrmAddExistingProcess::RefreshNonMembers() {
 
 void FrmAddExistingProcess::readLists() {
     Members initial;
-    const std::vector<ListItem> members = readMembers(initial);
+    const std::vector<pNode> attached = attachedToCase();
+    const std::vector<ListItem> members = membersOf(attached, initial);
     FrameProcesses.show(withoutMembers(processesOfUnit(), members), members);
     initialMembers_ = std::move(initial);
+    attached_ = idsOf(attached);
 }
 
-std::vector<ListItem> FrmAddExistingProcess::readMembers(Members& members) {
-    std::vector<ListItem> items;
-    const auto add = [&](const std::string& id, const std::string& name, const std::string& featureCaseId) {
-        if (members.emplace(lowerAscii(id), featureCaseId).second) items.push_back({id, name, {}});
-    };
-    for (int row = listed_.fixedRows(); row < listed_.rows(); ++row)
-        add(listed_.rowData(row), listed_.text(row, field::kName), listed_.text(row, field::kFeatureCaseId));
-
+std::vector<pNode> FrmAddExistingProcess::attachedToCase() {
     const std::string exact = featureCase_.existingFeatureCase();
-    if (exact.empty()) return items;
+    if (exact.empty()) return {};
     // By its values alone: the filters of the view narrow what is listed, not what is attached.
     FeatureCaseDescription attached;
     attached.featureTypeId = featureCase_.GetCurrentFeatureType();
     attached.valueIds = featureCase_.GetCurrentValueIds();
-    for (const pNode& node : knowledgeBase_.featureCaseStore().processesOfValues(attached, 0)) {
-        if (equalNoCase(node.FeatureCaseId, exact)) add(node.id, node.Name, node.FeatureCaseId);
+    std::vector<pNode> nodes = knowledgeBase_.featureCaseStore().processesOfValues(attached, 0);
+    std::erase_if(nodes, [&](const pNode& node) { return !equalNoCase(node.FeatureCaseId, exact); });
+    return nodes;
+}
+
+std::vector<ListItem> FrmAddExistingProcess::membersOf(const std::vector<pNode>& attached,
+                                                       Members& members) const {
+    const std::set<std::string> ids = idsOf(attached);
+    std::vector<ListItem> items;
+    const auto add = [&](const std::string& id, const std::string& name, const std::string& featureCaseId) {
+        if (members.emplace(lowerAscii(id), featureCaseId).second) items.push_back({id, name, {}});
+    };
+    for (int row = listed_.fixedRows(); row < listed_.rows(); ++row) {
+        const std::string id = lowerAscii(listed_.rowData(row));
+        // The list is as old as its last refresh: what was attached and is no longer has been detached since.
+        if (attached_.contains(id) && !ids.contains(id)) continue;
+        add(listed_.rowData(row), listed_.text(row, field::kName), listed_.text(row, field::kFeatureCaseId));
     }
+    for (const pNode& node : attached)
+        add(node.id, node.Name, node.FeatureCaseId);
     return items;
+}
+
+/// Two people may set the members of one case, and the second OK must not undo the first one unseen.
+bool FrmAddExistingProcess::takeOverChanges() {
+    const std::vector<pNode> attached = attachedToCase();
+    std::set<std::string> ids = idsOf(attached);
+    if (ids == attached_) return false;
+    Members initial;
+    const std::vector<ListItem> members = membersOf(attached, initial);
+    std::vector<ListItem> all = withoutMembers(processesOfUnit(), members);
+    all.insert(all.end(), members.begin(), members.end());
+    FrameProcesses.takeOver(all, members);
+    initialMembers_ = std::move(initial);
+    attached_ = std::move(ids);
+    tellChangedMeanwhile(person(), "");
+    return true;
 }
 
 std::vector<ListItem> FrmAddExistingProcess::processesOfUnit() const {
@@ -83,6 +120,7 @@ std::vector<ListItem> FrmAddExistingProcess::processesOfUnit() const {
 
 void FrmAddExistingProcess::CmdOk_Click() {
     carryOut("FrmAddExistingProcess::CmdOk_Click", [this] {
+        if (takeOverChanges()) return;
         const std::string id =
             unit_ == kNoUnit ? featureCase_.existingFeatureCase() : featureCase_.existingOrNewFeatureCase();
         if (id.empty() && isChanged()) {
@@ -90,8 +128,7 @@ void FrmAddExistingProcess::CmdOk_Click() {
                         GetString("The feature case is not stored yet. Choose its unit first."));
         }
         if (!id.empty()) {
-            attachNewMembers(id);
-            detachCandidates(id);
+            if (!store(id)) return;
             tellWhatStays(id);
         }
         completed.raise();
@@ -107,25 +144,45 @@ bool FrmAddExistingProcess::isChanged() const {
     return static_cast<std::size_t>(members.count()) != initialMembers_.size();
 }
 
-void FrmAddExistingProcess::attachNewMembers(const std::string& featureCaseId) {
+std::vector<std::string> FrmAddExistingProcess::newMembers() const {
     const ListView& members = FrameProcesses.LV2;
+    std::vector<std::string> ids;
     for (int i = 0; i < members.count(); ++i) {
         const std::string& id = members.item(i).key;
-        if (initialMembers_.contains(lowerAscii(id))) continue;
-        knowledgeBase_.processStore().attach(id, featureCaseId);
-        initialMembers_.emplace(lowerAscii(id), featureCaseId);
+        if (!initialMembers_.contains(lowerAscii(id))) ids.push_back(id);
     }
+    return ids;
 }
 
-/// Candidates that were never attached are sent, too: the store may have attached them meanwhile.
-void FrmAddExistingProcess::detachCandidates(const std::string& featureCaseId) {
+/// Candidates that were never attached are sent, too: the store may have attached them meanwhile. False when
+/// the person has ended it: what has been stored by then stays stored.
+bool FrmAddExistingProcess::store(const std::string& featureCaseId) {
+    const std::vector<std::string> added = newMembers();
     const ListView& candidates = FrameProcesses.LV1;
-    for (int i = 0; i < candidates.count(); ++i) {
-        const std::string& id = candidates.item(i).key;
-        if (knowledgeBase_.processStore().detach(featureCaseId, id)) continue;
-        person().operations().trace().record("FrmAddExistingProcess::CmdOk_Click",
-                                             "the knowledge base keeps " + id + " attached");
+    return makeCalls(person(), idle_, GetString("The processes of the feature case are being stored"),
+                     handle(), added.size() + static_cast<std::size_t>(candidates.count()),
+                     [&](std::size_t i) {
+                         if (i < added.size()) {
+                             attach(added[i], featureCaseId);
+                         } else {
+                             detach(candidates.item(static_cast<int>(i - added.size())).key, featureCaseId);
+                         }
+                     });
+}
+
+void FrmAddExistingProcess::attach(const std::string& id, const std::string& featureCaseId) {
+    knowledgeBase_.processStore().attach(id, featureCaseId);
+    initialMembers_.emplace(lowerAscii(id), featureCaseId);
+    attached_.insert(lowerAscii(id));
+}
+
+void FrmAddExistingProcess::detach(const std::string& id, const std::string& featureCaseId) {
+    if (knowledgeBase_.processStore().detach(featureCaseId, id)) {
+        attached_.erase(lowerAscii(id));
+        return;
     }
+    person().operations().trace().record("FrmAddExistingProcess::CmdOk_Click",
+                                         "the knowledge base keeps " + id + " attached");
 }
 
 /// A process that is listed because another case shares a value stays attached to that one.

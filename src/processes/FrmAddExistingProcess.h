@@ -1,12 +1,14 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "controls/grid/Grid.h"
 #include "featurecases/cFeatureCase.h"
 #include "knowledge/KnowledgeBaseService.h"
+#include "ports/FileSystem.h"
 #include "processes/MemberLists.h"
 #include "util/Dialog.h"
 
@@ -15,7 +17,8 @@ namespace pellmark {
 /// Sets which of the stored processes are attached to the current feature case. The members are those that
 /// the process list shows, and whatever else is attached to the very case: a process that is not listed
 /// because of its unit or the limit must not be detached by an OK of somebody who never saw it. The
-/// candidates are all others of the feature case's unit.
+/// candidates are all others of the feature case's unit. What somebody else has attached or detached while
+/// the dialog was open is shown and told at OK, before anything is stored.
 class FrmAddExistingProcess : public Dialog {
   public:
     /// Candidates of every unit, and no feature case is created.
@@ -23,7 +26,7 @@ class FrmAddExistingProcess : public Dialog {
 
     /// `listed` is the process list's grid. `featureCaseUnit` is the feature case's unit code as text, or
     /// kNoUnit. All of them must outlive the dialog.
-    FrmAddExistingProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
+    FrmAddExistingProcess(const UserInterface& person, Idle& idle, KnowledgeBaseService& knowledgeBase,
                           cFeatureCase& featureCase, const Grid& listed, std::string featureCaseUnit);
 
     /// Loads both lists again and forgets moves that were not stored.
@@ -47,18 +50,24 @@ class FrmAddExistingProcess : public Dialog {
     using Members = std::map<std::string, std::string>;
 
     void readLists();
-    std::vector<ListItem> readMembers(Members& members);
+    std::vector<pNode> attachedToCase();
+    std::vector<ListItem> membersOf(const std::vector<pNode>& attached, Members& members) const;
+    bool takeOverChanges();
     std::vector<ListItem> processesOfUnit() const;
     bool isChanged() const;
-    void attachNewMembers(const std::string& featureCaseId);
-    void detachCandidates(const std::string& featureCaseId);
+    std::vector<std::string> newMembers() const;
+    bool store(const std::string& featureCaseId);
+    void attach(const std::string& id, const std::string& featureCaseId);
+    void detach(const std::string& id, const std::string& featureCaseId);
     void tellWhatStays(const std::string& featureCaseId);
 
+    Idle& idle_;
     KnowledgeBaseService& knowledgeBase_;
     cFeatureCase& featureCase_;
     const Grid& listed_;
     std::string unit_;
     Members initialMembers_;
+    std::set<std::string> attached_;  ///< to the very case, as far as the dialog knows; in lower case
 };
 
 }  // namespace pellmark

@@ -51,17 +51,29 @@ void FrmEditProcessMaterials::readLists() {
     FrameMaterials.show(withoutMembers(all, members), members);
 }
 
-/// Every item is sent, moved or not: the lists say what is to be, whatever has changed in the store
-/// meanwhile.
+bool FrmEditProcessMaterials::takeOverChanges() {
+    const std::vector<ListItem> all = itemsOf(*knowledgeBase_.materialStore().materials());
+    const std::vector<ListItem> members = itemsOf(*knowledgeBase_.processStore().materialsOf(processId_));
+    if (!FrameMaterials.takeOver(all, members)) return false;
+    tellChangedMeanwhile(person(), "");
+    return true;
+}
+
+/// Every item is sent, moved or not: the lists say what is to be.
 void FrmEditProcessMaterials::CmdOk_Click() {
     carryOut("FrmEditProcessMaterials::CmdOk_Click", [this] {
+        if (takeOverChanges()) return;
         ProcessStore& processes = knowledgeBase_.processStore();
         const ListView& others = FrameMaterials.LV1;
-        for (int i = 0; i < others.count(); ++i)
+        for (int i = 0; i < others.count(); ++i) {
             processes.removeMaterial(processId_, others.item(i).key);
+            FrameMaterials.noteStored(others.item(i).key);
+        }
         const ListView& members = FrameMaterials.LV2;
-        for (int i = 0; i < members.count(); ++i)
+        for (int i = 0; i < members.count(); ++i) {
             processes.addMaterial(processId_, members.item(i).key);
+            FrameMaterials.noteStored(members.item(i).key);
+        }
         unload();
     });
 }

@@ -8,7 +8,8 @@
 
 namespace pellmark {
 
-/// Edits which materials belong to one process, and nothing else of it.
+/// Edits which materials belong to one process, and nothing else of it. What somebody else has changed of
+/// them while the dialog was open is shown and told at OK, before anything is stored.
 class FrmEditProcessMaterials : public Dialog {
   public:
     FrmEditProcessMaterials(const UserInterface& person, KnowledgeBaseService& knowledgeBase,
@@ -30,6 +31,7 @@ class FrmEditProcessMaterials : public Dialog {
   private:
     void nameProcess();
     void readLists();
+    bool takeOverChanges();
 
     KnowledgeBaseService& knowledgeBase_;
     std::string processId_;

@@ -1,7 +1,6 @@
 #include "processes/MemberLists.h"
 
 #include <algorithm>
-#include <set>
 
 #include "base/Text.h"
 #include "knowledge/Records.h"
@@ -78,6 +77,50 @@ void MemberLists::show(const std::vector<ListItem>& nonMembers, const std::vecto
         LV2.clear();
         throw;
     }
+    known_ = memberIds();
+}
+
+MemberLists::Ids MemberLists::memberIds() const {
+    Ids ids;
+    for (int i = 0; i < LV2.count(); ++i)
+        ids.insert(lowerAscii(LV2.item(i).key));
+    return ids;
+}
+
+bool MemberLists::takeOver(const std::vector<ListItem>& all, const std::vector<ListItem>& members) {
+    Ids stored;
+    for (const ListItem& member : members)
+        stored.insert(lowerAscii(member.key));
+    if (stored == known_) return false;
+    const Ids wanted = memberIds();
+    std::vector<ListItem> inside;
+    std::vector<ListItem> outside;
+    for (const ListItem& item : all) {
+        const std::string id = lowerAscii(item.key);
+        const bool moved = wanted.contains(id) != known_.contains(id);
+        (stored.contains(id) != moved ? inside : outside).push_back(item);
+    }
+    show(outside, inside);
+    known_ = std::move(stored);
+    return true;
+}
+
+void MemberLists::noteStored(const std::string& key) {
+    if (LV2.indexOf(key) >= 0) {
+        known_.insert(lowerAscii(key));
+    } else {
+        known_.erase(lowerAscii(key));
+    }
+}
+
+void tellChangedMeanwhile(const UserInterface& person, const std::string& both) {
+    std::string text = person.texts.GetString(
+        "Somebody else has changed this meanwhile. Their changes are shown beside yours now, and nothing has "
+        "been stored yet. Check them, and choose OK again.");
+    if (!both.empty())
+        text +=
+            "\r\n\r\n" + person.texts.GetString("Yours stays where both have changed it. Theirs is:") + both;
+    person.show({text, "", MessageIcon::Information});
 }
 
 void MemberLists::arrange(Size client) {

@@ -4,7 +4,9 @@
 #include <exception>
 
 #include "base/OneLine.h"
+#include "controls/Form.h"
 #include "knowledge/Records.h"
+#include "util/ManyCalls.h"
 
 namespace pellmark {
 
@@ -16,7 +18,8 @@ constexpr std::size_t kMostUnits = 100;
 
 }  // namespace
 
-ProcessRemoval::ProcessRemoval(const UserInterface& person, Grid& grid) : person_(person), grid_(grid) {
+ProcessRemoval::ProcessRemoval(const UserInterface& person, Idle& idle, Grid& grid)
+    : person_(person), idle_(idle), grid_(grid) {
     for (int i = grid.selectedRows() - 1; i >= 0; --i) {
         const int row = grid.selectedRow(i);
         if (grid.rowData(row).empty()) continue;
@@ -33,25 +36,28 @@ std::vector<std::string> ProcessRemoval::names() const {
 }
 
 void ProcessRemoval::carryOut(const char* operation, const Remove& remove) {
-    std::size_t removed = 0;
+    std::vector<std::string> removed;
     std::vector<std::string> failures;
-    for (const Target& target : targets_) {
-        bool gone = false;
+    const auto removeOne = [&](const Target& target) {
         // One process that fails must not keep the others from being handled.
         trap(person_.operations(), operation, [&] {
             try {
-                gone = remove(target);
+                if (remove(target)) removed.push_back(target.id);
             } catch (const std::exception& error) {
                 failures.push_back(oneLine(target.name, kMostUnits) + ": " + error.what());
                 throw;
             }
         });
-        if (!gone) continue;
-        ++removed;
-        const int row = grid_.findRow(target.id);
+    };
+    const WindowHandle owner = grid_.form() == nullptr ? 0 : grid_.form()->handle();
+    makeCalls(person_, idle_, person_.texts.GetString("Processes are being removed"), owner, targets_.size(),
+              [&](std::size_t i) { removeOne(targets_[i]); });
+    // Only now: a list that is painted between the calls must not lose rows under the painter's hands.
+    for (const std::string& id : removed) {
+        const int row = grid_.findRow(id);
         if (row >= 0) grid_.removeRow(row);
     }
-    if (!failures.empty()) tell(removed, failures);
+    if (!failures.empty()) tell(removed.size(), failures);
 }
 
 void ProcessRemoval::tell(std::size_t removed, const std::vector<std::string>& failures) const {

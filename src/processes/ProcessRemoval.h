@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "controls/grid/Grid.h"
+#include "ports/FileSystem.h"
 #include "util/UserInterface.h"
 
 namespace pellmark {
@@ -22,18 +23,20 @@ class ProcessRemoval {
     using Remove = std::function<bool(const Target&)>;
 
     /// Takes the selected rows. A row without an id is none to remove.
-    ProcessRemoval(const UserInterface& person, Grid& grid);
+    ProcessRemoval(const UserInterface& person, Idle& idle, Grid& grid);
 
     /// Of what will be removed, first selected first.
     std::vector<std::string> names() const;
     /// Removes them and the rows of those that are gone. A refusal leaves its row and is not told; failures
-    /// are traced under the operation's name and told in one box, with what was done and what was not.
+    /// are traced under the operation's name and told in one box, with what was done and what was not. Many
+    /// are shown as they go, and a person may end it; what is left then stays.
     void carryOut(const char* operation, const Remove& remove);
 
   private:
     void tell(std::size_t removed, const std::vector<std::string>& failures) const;
 
     UserInterface person_;
+    Idle& idle_;
     Grid& grid_;
     std::vector<Target> targets_;  ///< last selected first
 };

@@ -42,13 +42,14 @@ class cProcess::OneChange {
 };
 
 cProcess::cProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase, Rights& rights,
-                   cQDLExtSettings& settings, cVSGridOps& gridOps, HostApplication& host,
+                   cQDLExtSettings& settings, cVSGridOps& gridOps, Idle& idle, HostApplication& host,
                    cFeatureCase* featureCase)
     : person_(person),
       knowledgeBase_(knowledgeBase),
       rights_(rights),
       settings_(settings),
       gridOps_(gridOps),
+      idle_(idle),
       host_(host),
       featureCase_(featureCase),
       all_(knowledgeBase) {}
@@ -81,8 +82,8 @@ void cProcess::Init(Grid& grid) {
     }));
 }
 
-void cProcess::offerFinding(FindLine& line, Idle& idle) {
-    arrangement_ = std::make_unique<ListArrangement>(person_, idle, *grid_, line);
+void cProcess::offerFinding(FindLine& line) {
+    arrangement_ = std::make_unique<ListArrangement>(person_, idle_, *grid_, line);
     subscriptions_.push_back(arrangement_->changed.subscribe([this] { rearrange(); }));
 }
 
@@ -275,7 +276,7 @@ void cProcess::Delete() {
     carryOut(person_, "cProcess::Delete", [this] {
         if (!rights_.CheckPermission(PermissionDelete)) return;
         if (grid_->rows() < 2 || grid_->selectedRows() == 0) return;
-        ProcessRemoval removal(person_, *grid_);
+        ProcessRemoval removal(person_, idle_, *grid_);
         const MessageBox question{
             person_.texts.GetString("Permanently delete selected item(s) from the database?"),
             kMessageTitle,
@@ -298,7 +299,7 @@ void cProcess::Delete() {
 void cProcess::DeleteFromFeatureCase() {
     carryOut(person_, "cProcess::DeleteFromFeatureCase", [this] {
         if (!rights_.CheckPermission(PermissionDelete) || grid_->selectedRows() == 0) return;
-        ProcessRemoval removal(person_, *grid_);
+        ProcessRemoval removal(person_, idle_, *grid_);
         const MessageBox question{
             "Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?", kMessageTitle,
             MessageIcon::Question, MessageButtons::OkCancel, removal.names()};
@@ -372,7 +373,7 @@ void cProcess::EditExistingProcesseswizard() {
         if (!fillFailure_.empty()) throw Error(errors::kKnowledgeBase, "Pellmark.cProcess", fillFailure_);
         // The dialog takes the rows of the list for everything that is attached.
         if (arrangement_ && arrangement_->drop()) rearrange();
-        FrmAddExistingProcess dialog(person_, knowledgeBase_, *featureCase_, *grid_,
+        FrmAddExistingProcess dialog(person_, idle_, knowledgeBase_, *featureCase_, *grid_,
                                      std::to_string(featureCase_->GetFTUnit()));
         const std::string current = SelectedProcessID();
         const Subscription completed = dialog.completed.subscribe([this, &current] { RefreshList(current); });

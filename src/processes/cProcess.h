@@ -29,7 +29,7 @@ class cProcess {
   public:
     /// `featureCase` is null for the list of all processes.
     cProcess(const UserInterface& person, KnowledgeBaseService& knowledgeBase, Rights& rights,
-             cQDLExtSettings& settings, cVSGridOps& gridOps, HostApplication& host,
+             cQDLExtSettings& settings, cVSGridOps& gridOps, Idle& idle, HostApplication& host,
              cFeatureCase* featureCase);
     ~cProcess();
 
@@ -37,7 +37,7 @@ class cProcess {
     void Init(Grid& grid);
     /// Lets a person find in the list, by this line above it, and sort it by its headings. After Init; the
     /// line must outlive the list.
-    void offerFinding(FindLine& line, Idle& idle);
+    void offerFinding(FindLine& line);
     /// A person's wish to see what is stored now: selection and place stay as they are.
     void Refresh();
     /// Refills the list and selects the process, or the first row when it is not listed.
@@ -108,6 +108,7 @@ class cProcess {
     Rights& rights_;
     cQDLExtSettings& settings_;
     cVSGridOps& gridOps_;
+    Idle& idle_;
     HostApplication& host_;
     cFeatureCase* featureCase_;
     Grid* grid_ = nullptr;

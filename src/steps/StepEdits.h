@@ -15,7 +15,7 @@ namespace pellmark {
 std::optional<std::int16_t> priorityFrom(const std::string& text);
 
 /// The in-place editing of the step list: every edit is written to the knowledge base at once. What it
-/// refuses is told, and the cell then shows what is stored.
+/// refuses is told, and the cell then shows what is stored. The row is read anew before it is edited.
 class StepEdits {
   public:
     /// Listens to the grid, which must outlive this object.
@@ -23,7 +23,10 @@ class StepEdits {
 
   private:
     void begin(CellEdit& edit);
+    bool showsWhatIsStored(int row);
     void validate(CellEdit& edit);
+    /// `reason` in English.
+    void refuse(CellEdit& edit, const char* reason, MessageIcon icon);
     void write(int row, int col);
     ProcessStepRecord recordOf(int row) const;
 

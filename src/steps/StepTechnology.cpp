@@ -103,4 +103,26 @@ ValueChanges changesBetween(const TechParams& before, const TechParams& after, c
     return changes;
 }
 
+namespace {
+
+/// "" where there is none.
+std::string storedText(const TechParams& values, std::int32_t clCode) {
+    const TechParam* const value = values.find(clCode);
+    return value == nullptr ? std::string() : toText(value->Value());
+}
+
+}  // namespace
+
+bool overwriteOthers(const ValueChanges& changes, const TechParams& stored, const TechParams& now) {
+    const auto isTheirs = [&](std::int32_t clCode, const std::string& wanted) {
+        const std::string theirs = storedText(now, clCode);
+        return theirs != storedText(stored, clCode) && theirs != wanted;
+    };
+    return std::any_of(
+               changes.set.begin(), changes.set.end(),
+               [&](const StepValueRecord& value) { return isTheirs(value.clFileCode, value.value); }) ||
+           std::any_of(changes.removed.begin(), changes.removed.end(),
+                       [&](std::int32_t clCode) { return isTheirs(clCode, ""); });
+}
+
 }  // namespace pellmark

@@ -47,5 +47,8 @@ struct ValueChanges {
 /// whose parameter is gone, is removed where it was stored.
 ValueChanges changesBetween(const TechParams& before, const TechParams& after, const TechParams& stored,
                             const std::string& stepId);
+/// Whether the changes would overwrite a value that somebody else has changed since `stored` was read, to
+/// something else than it is now to become. `now` is what is stored.
+bool overwriteOthers(const ValueChanges& changes, const TechParams& stored, const TechParams& now);
 
 }  // namespace pellmark

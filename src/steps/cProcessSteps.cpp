@@ -233,7 +233,12 @@ void cProcessSteps::deleteSteps(const std::vector<std::string>& ids) {
             // One step that fails must not keep the others from being deleted; the first failure is told,
             // the others are traced.
             try {
-                if (store().deleteStep(id)) grid_->removeRow(grid_->findRow(id));
+                if (store().deleteStep(id)) {
+                    grid_->removeRow(grid_->findRow(id));
+                } else {
+                    // A step that is refused keeps its row; one that somebody else has deleted does not.
+                    showStoredStep(*grid_, store(), id);
+                }
             } catch (...) {
                 if (failure) {
                     services_.person.operations().trace().record("cProcessSteps::Delete",
@@ -296,11 +301,16 @@ void cProcessSteps::runWizard(const std::string& id) {
     if (!services_.technology.runStepWizard(*technology, ownerWindow())) return;
 
     const ValueChanges changes = changesBetween(before, valuesNow(*technology), stored, id);
+    const std::string name = withoutQuotes(technology->operationName());
+    const ProcessStepRecord now = store().step(id);
+    const bool overTheirName = name != nameBefore && now.name != step.name && now.name != name;
+    const bool overTheirs =
+        overTheirName || overwriteOthers(changes, stored, storedValues(*store().values(id)));
+    if (overTheirs && !mayOverwrite()) return;
     for (const StepValueRecord& value : changes.set)
         store().setValue(value);
     for (const std::int32_t code : changes.removed)
         store().deleteValue(id, code);
-    const std::string name = withoutQuotes(technology->operationName());
     if (name != nameBefore) {
         // What else of the step has changed while the wizard was open is not the wizard's.
         ProcessStepRecord renamed = store().step(id);
@@ -312,6 +322,18 @@ void cProcessSteps::runWizard(const std::string& id) {
     trap(services_.person.operations(), "cProcessSteps::Editwizard",
          [&] { services_.technology.stored(id, *technology); });
     decorate();
+}
+
+bool cProcessSteps::mayOverwrite() {
+    const MessageBox question{
+        services_.person.texts.GetString("Somebody else has changed the same values of this step meanwhile. "
+                                         "Store yours in their place?"),
+        "",
+        MessageIcon::Question,
+        MessageButtons::OkCancel,
+        {},
+        true};
+    return services_.person.show(question) == MessageAnswer::Ok;
 }
 
 void cProcessSteps::OpenPrc() {

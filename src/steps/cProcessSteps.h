@@ -80,6 +80,7 @@ class cProcessSteps {
     std::vector<std::string> namesOf(const std::vector<std::string>& idsBottomUp) const;
     void deleteSteps(const std::vector<std::string>& ids);
     void runWizard(const std::string& id);
+    bool mayOverwrite();
     void tellImport(const ProcessFiles::Import& outcome, bool failed);
     void offerSelection(DragData& drag);
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/Error.h"
+#include "base/Text.h"
 #include "win32/SystemText.h"
 #include "win32/WideText.h"
 
@@ -16,10 +17,6 @@ constexpr double kPointsPerInch = 72;
 constexpr wchar_t kFontName[] = L"MS Shell Dlg 2";
 constexpr double kFontSize = 9;
 constexpr COLORREF kLineColor = RGB(192, 192, 192);
-
-bool isSecondHalf(wchar_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
 
 }  // namespace
 
@@ -114,8 +111,7 @@ std::size_t Win32PrintDocument::fitting(std::string_view text, Twips width) {
         room -= static_cast<int>(size.cx);
     }
     if (units >= wide.size()) return text.size();
-    if (isSecondHalf(wide[units])) --units;
-    return std::min(fromWide(std::wstring_view(wide).substr(0, units)).size(), text.size());
+    return std::min(toUtf8(firstUnits(toUtf16(text), units)).size(), text.size());
 }
 
 Size Win32PrintDocument::page() const {

@@ -206,6 +206,17 @@ TEST_F(KnowledgeBaseFileTest, AChangeThatWaitsTooLongForTheLockFailsAndWorksAfte
     EXPECT_EQ(service.processStore().processes("")->count(), 1U);
 }
 
+/// Five hundred processes that are selected and deleted must not be five hundred waits.
+TEST_F(KnowledgeBaseFileTest, OfManyChangesThatWaitForOneLockOnlyTheFirstWaits) {
+    SqliteKnowledgeBaseService service(path, {std::chrono::milliseconds(200), false});
+    Connection other(path, Opening::Existing, std::chrono::milliseconds(50));
+    other.execute("BEGIN IMMEDIATE");
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 100; ++i)
+        EXPECT_THROW(service.processStore().addProcess({"", "A", 71, "", ""}), Error);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)) << "100 waits take 20 s";
+}
+
 TEST_F(KnowledgeBaseFileTest, AChangeWaitsForALockThatIsLetGo) {
     SqliteKnowledgeBaseService first(path, impatient());
     SqliteKnowledgeBaseService second(path, impatient());

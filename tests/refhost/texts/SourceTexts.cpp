@@ -82,8 +82,9 @@ std::string_view withoutArgument(std::string_view code) {
 constexpr std::array kMenus{"mnuProcess.add(", "mnuProcessStep.add(", "mnufetaureCaseContext.add("};
 constexpr std::array kDirect{"GetString(", "filter(",      ".heading=",   "kManagerTitle=", "kEditorTitle=",
                              "texts_.of(", "texts_.wide(", "texts().of(", "sentence(",      "Sentence("};
-constexpr std::array kSecond{
-    "translate(", "TechnologySource::", "Definition{code::", "CuttingCycle{cycle::", "CuttingCycle{"};
+constexpr std::array kSecond{"translate(",           "refuse(",
+                             "TechnologySource::",   "Definition{code::",
+                             "CuttingCycle{cycle::", "CuttingCycle{"};
 
 bool endsWithOne(std::string_view code, const auto& ends) {
     return std::any_of(ends.begin(), ends.end(), [&](const char* end) { return code.ends_with(end); });

@@ -58,6 +58,23 @@ TEST(TextTest, ACharacterCutOffAtTheEndIsMalformedWhateverLiesBehind) {
     EXPECT_EQ(toUtf16(std::string_view("\xC3\x98", 1)), u"\uFFFD");
 }
 
+TEST(TextTest, TheFirstUnitsEndBeforeACharacterThatWouldBeCutInTwo) {
+    const std::u16string spanner =
+        u"a\xD83D\xDD27"
+        u"b";
+    EXPECT_EQ(firstUnits(spanner, 0), u"");
+    EXPECT_EQ(firstUnits(spanner, 1), u"a");
+    EXPECT_EQ(firstUnits(spanner, 2), u"a");
+    EXPECT_EQ(firstUnits(spanner, 3), u"a\xD83D\xDD27");
+    EXPECT_EQ(firstUnits(spanner, 4), spanner);
+    EXPECT_EQ(firstUnits(spanner, 5), spanner);
+}
+
+TEST(TextTest, TheFirstUnitsOfADamagedTextAreJustSoMany) {
+    const std::u16string secondHalves = u"\xDD27\xDD27\xDD27";
+    EXPECT_EQ(firstUnits(secondHalves, 2).size(), 2U);
+}
+
 TEST(TextTest, UnpairedSurrogatesBecomeReplacementCharacters) {
     const char16_t high[] = {0xD83D, u'x', 0};
     const char16_t low[] = {0xDD29, u'x', 0};

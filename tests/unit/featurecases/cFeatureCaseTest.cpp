@@ -210,6 +210,9 @@ TEST_F(CFeatureCaseTest, ValuesReplaceTheOnesBefore) {
     describeHole();
     view().SetValuesGui({d8, w5});
     EXPECT_THAT(view().GetCurrentValueIds(), ElementsAre(d8));
+    view().SetFeatureTypeGui(hole);
+    EXPECT_THAT(view().GetCurrentValueIds(), IsEmpty()) << "values come after their type";
+    view().SetValuesGui({d8});
     view().SetValuesGui({});
     EXPECT_THAT(view().GetCurrentValueIds(), IsEmpty());
     EXPECT_EQ(view().GetCurrentFeatureType(), hole);
@@ -226,6 +229,18 @@ TEST_F(CFeatureCaseTest, ChoosingAFilterLeavesTheTypesThatFit) {
     EXPECT_THAT(typesOffered(), ElementsAre("", "Hole", "Slot"));
     form_().CmbFTUnit.choose(1);
     EXPECT_THAT(typesOffered(), ElementsAre("", "Hole"));
+}
+
+TEST_F(CFeatureCaseTest, AFilterThatTheHostChoosesLeavesTheTypesThatFitToo) {
+    const std::function<void()> choices[] = {[&] { view().SetFeatureCaseUnitGui(unit::kInch); },
+                                             [&] { view().SetNvxFeatureTypeGui(3); },
+                                             [&] { view().SetPartTypeGui(turned); }};
+    for (const auto& choose : choices) {
+        open();
+        ASSERT_THAT(typesOffered(), ElementsAre("", "Hole", "Slot"));
+        choose();
+        EXPECT_THAT(typesOffered(), ElementsAre("", "Hole"));
+    }
 }
 
 TEST_F(CFeatureCaseTest, AFilterThatStillOffersTheTypeKeepsItWithItsValues) {

@@ -134,6 +134,15 @@ TEST_F(ApplicationPicksTest, ACancelledOpenFeatureCaseAnswersTheLastConfirmedOne
     EXPECT_EQ(app.OpenFeatureCase(host, 9, description), caseM6);
 }
 
+TEST_F(ApplicationPicksTest, AConfirmedPickOfAProcessForgetsTheCaseThatWasPickedBefore) {
+    for (const auto call : {&Application::OpenFeatureCase, &Application::OpenProcess}) {
+        desktop.expectDialog("FrmMain", closing(&FrmMain::CmdOK));
+        EXPECT_NE((app.*call)(host, 9, description), "");
+    }
+    desktop.expectDialog("FrmMain", closing(&FrmMain::CmdCancel));
+    EXPECT_EQ(app.OpenFeatureCase(host, 9, description), "");
+}
+
 TEST_F(ApplicationPicksTest, ACancelledPickOfACaseDoesNotMakeTheNextOkOneOfACase) {
     description.valueIds = {m8, deep};
     desktop.expectDialog("FrmMain", closing(&FrmMain::CmdCancel));
@@ -150,6 +159,17 @@ TEST_F(ApplicationPicksTest, EditFeatureCaseOffersExitAlone) {
                              EXPECT_EQ(main.CmdCancel.caption(), "Exit");
                          }));
     app.EditFeatureCase(host, 9, description);
+}
+
+TEST_F(ApplicationPicksTest, APickAfterAViewOffersOkAndCancelAgain) {
+    for (const auto call : {&Application::OpenProcess, &Application::OpenFeatureCase}) {
+        app.ShowWindowProcessesView(host, "");
+        desktop.expectDialog("FrmMain", closing(&FrmMain::CmdCancel, [](FrmMain& main) {
+                                 EXPECT_TRUE(main.CmdOK.visible());
+                                 EXPECT_EQ(main.CmdCancel.caption(), "Cancel");
+                             }));
+        (app.*call)(host, 9, description);
+    }
 }
 
 TEST_F(ApplicationPicksTest, EditProcessOpensTheEditorAndLeavesNoMainForm) {

@@ -71,12 +71,23 @@ TEST_F(ApplicationTest, TheTranslationServiceIsBoundAtEachCall) {
                             "ResourceFile C:\\Pellmark\\Pellmark.csv", "OutputLanguage 5"));
 }
 
+TEST_F(ApplicationTest, TheServiceHearsTheTitleThatTheComponentHasByThen) {
+    library.translations["Norvex - Process Manager"] = "Prozesse";
+    for (int call = 0; call < 2; ++call)
+        app->ShowWindowProcessesView(host, "");
+    EXPECT_EQ(library.translationCalls.front(), "CallingApplication Norvex - Process Manager");
+    EXPECT_THAT(library.translationCalls, Contains("CallingApplication Prozesse"));
+}
+
 TEST_F(ApplicationTest, TheProcessesViewIsEmbeddedInTheHostsWindow) {
     const std::string id = base.addProcess("b");
     base.addProcess("a");
-    std::string heading;
     app->ShowWindowProcessesView(host, id);
     EXPECT_THAT(windows(), ElementsAre("create FrmMain", "embed FrmMain 7"));
+    auto& main = static_cast<FrmMain&>(*desktop.loaded("FrmMain"));
+    EXPECT_EQ(main.processes()->SelectedProcessID(), id);
+    EXPECT_FALSE(main.CmdOK.visible());
+    EXPECT_EQ(main.CmdCancel.caption(), "Exit");
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
 

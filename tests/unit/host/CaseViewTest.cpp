@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "steps/FrmAddEditProcessTechStep.h"
 #include "support/CaseHarness.h"
 
 namespace pellmark::test {
@@ -75,12 +76,17 @@ TEST_F(CaseViewTest, TheNamedProcessAndStepAreSelectedWithoutReadingAnythingTwic
 }
 
 TEST_F(CaseViewTest, WhatIsShownIsDescribedAsTheHostWould) {
+    base.addNvxFeatureType(3, "Holes");
+    description.nvxFeatureType = 3;
+    description.partTypeId = base.addPartType("Prismatic");
+    description.unit = unit::kMetric;
+    description.materialClassId = metals;
+    description.processUnit = unit::kMetric;
     description.processGuid = drill;
     description.processStepGuid = deep;
     show();
     const CaseDescription now = main.caseView()->shown();
-    EXPECT_EQ(now.featureTypeId, hole);
-    EXPECT_THAT(now.valueIds, ElementsAre(d8));
+    EXPECT_EQ(static_cast<const FeatureCaseDescription&>(now), description);
     EXPECT_EQ(now.processGuid, drill);
     EXPECT_EQ(now.processStepGuid, deep);
 }
@@ -135,6 +141,25 @@ TEST_F(CaseViewTest, DeletingTheProcessesTakesTheirStepsFromTheScreen) {
     desktop.expectMessage("Permanently delete selected item(s) from the database?");
     list().Delete();
     EXPECT_THAT(stepNames(), IsEmpty());
+}
+
+TEST_F(CaseViewTest, ANewViewHasNothingOfTheOneBefore) {
+    show();
+    main.SetView(FRView::FRProcesscase);
+    EXPECT_EQ(processes().dataRows(), 0);
+    EXPECT_THAT(stepNames(), IsEmpty());
+}
+
+TEST_F(CaseViewTest, AStepThatIsAddedShowsItsProcessAsItIsStoredNow) {
+    show();
+    base.processStore().updateProcess({drill, "Drill deep", unit::kMetric, "", ""});  // by somebody else
+    library.technology.editor = [](FakeTechnology&) { return TechnologyService::kAccepted; };
+    desktop.expectDialog("frmAddEditProcessTechStep", [](Form& dialog) {
+        dynamic_cast<frmAddEditProcessTechStep&>(dialog).CmdOk.click();
+    });
+    main.caseView()->steps.AddNewWizard();
+    EXPECT_EQ(processes().text(1, field::kName), "Drill deep");
+    EXPECT_THAT(stepNames(), SizeIs(3));
 }
 
 TEST_F(CaseViewTest, TheStepMenuReachesTheStepList) {

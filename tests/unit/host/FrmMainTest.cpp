@@ -27,6 +27,9 @@ TEST_F(FrmMainTest, EveryCaptionIsLookedUpUnderItsEnglishText) {
         {&main.TabProcesses, "Processes"},
         {&main.SizerProcessCase, "Process Case"},
         {&main.FrameFilters, "Filters"},
+        {&main.SplitFilters, "Bar below the filters"},
+        {&main.SplitSteps, "Bar between processes and steps"},
+        {&main.SplitStepsBeside, "Bar between processes and steps"},
         {&main.FrameFeatureTypeFilters, "Feature Case Filters"},
         {&main.LblUnit, "Unit"},
         {&main.LblpartType, "Part Type"},
@@ -79,6 +82,8 @@ TEST_F(FrmMainTest, AClickOnATabRebuildsTheViewWithoutMovingTheTabAgain) {
     EXPECT_EQ(moves, 1);
     EXPECT_EQ(main.VSFGAllProcesses.rows(), 2);
     EXPECT_EQ(main.view(), FRView::FRProcesses);
+    main.SetView(FRView::FRProcesscase);
+    EXPECT_EQ(main.TabCtrl.index(), 1) << "the next switch is the host's again";
 }
 
 TEST_F(FrmMainTest, AnotherTabIndexChangesNothing) {

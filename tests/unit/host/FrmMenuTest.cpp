@@ -64,6 +64,7 @@ class FrmMenuTest : public testing::Test, protected CaseHarness {
 };
 
 TEST_F(FrmMenuTest, IsAHiddenFormOfSevenMenus) {
+    EXPECT_EQ(menus().name(), "FrmMenu");
     EXPECT_EQ(menus().caption(), "Menus");
     EXPECT_FALSE(menus().isLoaded());
     EXPECT_EQ(menus().mnuProcess.caption(), "ProcessContext");

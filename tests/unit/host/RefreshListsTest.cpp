@@ -28,6 +28,19 @@ TEST_F(RefreshListsTest, ADeletedProcessDoesNotComeBackWithTheNextLetter) {
     EXPECT_THAT(names(results), ElementsAre("Tap M4"));
 }
 
+TEST_F(RefreshListsTest, ADetachedProcessDoesNotComeBackWithTheNextLetter) {
+    const std::string tap = base.addProcess("Tap M3");
+    base.addFeatureCase(hole, {d8, m8}, {tap, base.addProcess("Tap M4")});
+    openCase({d8, m8});
+    press(results, 'F', true);
+    resultsLine.TxtFind.setText("tap");
+    results.select(results.findRow(tap), 1);
+    desktop.expectMessage("Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?");
+    main.processes()->DeleteFromFeatureCase();
+    resultsLine.TxtFind.setText("ta");
+    EXPECT_THAT(names(results), ElementsAre("Tap M4"));
+}
+
 TEST_F(RefreshListsTest, F5ShowsWhatIsStoredNowAndKeepsTheSelection) {
     openTaps();
     selectNamed(grid, "Tap M3");

@@ -56,11 +56,13 @@ TEST_F(ViewLayoutsTest, EachGridOfTheCaseViewHasALayoutOfItsOwn) {
     openCase({d8});
     results().userResizedColumn(col(results(), field::kName), 1111);
     steps().userResizedColumn(col(steps(), field::kName), 2222);
+    values().userResizedColumn(0, 2468);
     values().userResizedColumn(1, 3333);
     values().userMovedColumn(1, 0);
     const auto later = nextStart(FRView::FRProcesscase);
     EXPECT_EQ(later->VSFGProcessCaseResults.colWidth(col(results(), field::kName)), 1111);
     EXPECT_EQ(later->VSFGProcessStep.colWidth(col(steps(), field::kName)), 2222);
+    EXPECT_EQ(later->VSFGProcessCase.colWidth(0), 2468);
     EXPECT_EQ(later->VSFGProcessCase.colWidth(1), 3333);
     EXPECT_THAT(later->VSFGProcessCase.displayOrder(), ElementsAre(1, 0));
     EXPECT_EQ(stored("GridDefaults\\FrmMain\\VSFGProcessCase", "Value-Width"), 3333);

@@ -68,6 +68,10 @@ TEST_F(PackedTextTest, WhatIsWrongIsSaidWithItsPlaceAndWhatStandsThere) {
         textOf(u"no packed text, but a sentence", 2),
         "The packed text is malformed behind its first 0 characters: a length, a colon and the text belong "
         "there, not 'no packed text, but ...'.");
+    // the nut has two units, of which the twentieth is the first
+    EXPECT_EQ(textOf(u"1:ano text, but a nut \xD83D\xDD29", 2),
+              "The packed text is malformed behind its first 3 characters: a length, a "
+              "colon and the text belong there, not 'no text, but a nut ...'.");
     EXPECT_EQ(textOf(u"1:a1:b1:c", 2),
               "The packed text is malformed behind its first 9 characters: another text belongs there.");
 }

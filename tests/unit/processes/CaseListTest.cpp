@@ -2,8 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base/Text.h"
-#include "support/CaseHarness.h"
+#include "support/CaseListFixture.h"
 
 namespace pellmark::test {
 namespace {
@@ -14,25 +13,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-class CaseListTest : public testing::Test, protected CaseHarness {
-  protected:
-    Grid& grid() { return main.VSFGProcessCaseResults; }
-    std::vector<std::string> names() {
-        std::vector<std::string> all;
-        for (int row = 1; row < grid().rows(); ++row)
-            all.push_back(grid().text(row, field::kName));
-        return all;
-    }
-    CellStyle nameStyle(const std::string& id) {
-        return grid().style(grid().findRow(id), grid().colIndex(field::kName));
-    }
-    /// Two exact and three partial matches of the value 8, found partial ones first.
-    void addFive() {
-        base.addFeatureCase(hole, {m8}, {base.addProcess("p1"), base.addProcess("p2")});
-        base.addFeatureCase(hole, {d8, m8}, {base.addProcess("e1"), base.addProcess("e2")});
-        base.addFeatureCase(hole, {d8}, {base.addProcess("p3")});
-    }
-};
+class CaseListTest : public CaseListFixture {};
 
 TEST_F(CaseListTest, ColumnsFallOneToTheRightUnderTheirWidths) {
     openCase({d8});
@@ -275,106 +256,7 @@ TEST_F(CaseListTest, ANewViewHasItsOwnWidthsAgainTheLastColumnIncluded) {
     EXPECT_EQ(grid().colWidth(5), 1440);
 }
 
-// --- detaching ---------------------------------------------------------------------------------------------
-
-constexpr const char* kQuestion =
-    "Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?";
-
-TEST_F(CaseListTest, DetachingNamesTheCaseThroughWhichEachIsListedFirst) {
-    const std::string one = base.addProcess("one");
-    const std::string two = base.addProcess("two");
-    const std::string exactCase = base.addFeatureCase(hole, {d8, m8}, {one});
-    const std::string partialCase = base.addFeatureCase(hole, {d8}, {two});
-    openCase({d8, m8});
-    grid().selectBlock(1, 0, 2, 0);
-    desktop.expectMessage(kQuestion);
-    list().DeleteFromFeatureCase();
-    EXPECT_THAT(changes(),
-                ElementsAre("detach " + partialCase + " " + two, "detach " + exactCase + " " + one));
-    EXPECT_THAT(names(), IsEmpty());
-    EXPECT_EQ(desktop.messages().front().title, "Norvex - Process Manager");
-    EXPECT_EQ(desktop.messages().front().icon, MessageIcon::Question);
-    EXPECT_EQ(desktop.messages().front().buttons, MessageButtons::OkCancel);
-}
-
-TEST_F(CaseListTest, TheQuestionOfDetachingIsShownAsItStands) {
-    base.addFeatureCase(hole, {d8}, {base.addProcess("one")});
-    openCase({d8});
-    for (const char* text : {kQuestion, "Delete selected process(es) from the selected Feature Case?",
-                             "Are you sure?", "Norvex - ", "Process Manager", "Norvex - Process Manager"})
-        library.translations[text] = "translated";
-    desktop.expectMessage(kQuestion, MessageAnswer::Cancel);
-    list().DeleteFromFeatureCase();
-    EXPECT_EQ(desktop.messages().back().title, "Norvex - Process Manager");
-}
-
-TEST_F(CaseListTest, AfterDetachingTheLastRowIsCurrentAndItsStepsAreShown) {
-    const std::string last = base.addProcess("c");
-    base.addFeatureCase(hole, {d8}, {base.addProcess("a"), base.addProcess("b"), last});
-    openCase({d8});
-    base.forgetCalls();
-    desktop.expectMessage(kQuestion);
-    list().DeleteFromFeatureCase();
-    EXPECT_EQ(list().SelectedProcessID(), last);
-    EXPECT_THAT(base.callsOf("steps"), ElementsAre("steps " + last));
-}
-
-TEST_F(CaseListTest, ARefusedDetachKeepsItsRowWithoutAWord) {
-    const std::string one = base.addProcess("one");
-    base.addFeatureCase(hole, {d8}, {one, base.addProcess("two")});
-    base.refuse(one);
-    openCase({d8});
-    grid().selectBlock(1, 0, 2, 0);
-    desktop.expectMessage(kQuestion);
-    list().DeleteFromFeatureCase();
-    EXPECT_THAT(names(), ElementsAre("one"));
-}
-
-TEST_F(CaseListTest, AFailedDetachIsToldAndTracedAsWhatItIs) {
-    base.addFeatureCase(hole, {d8}, {base.addProcess("one")});
-    openCase({d8});
-    base.throwOn("detach");
-    desktop.expectMessage(kQuestion);
-    desktop.expectMessage(
-        "The knowledge base failed. Still there:\r\none: The knowledge base failed on purpose.\r\n\r\n"
-        "Removed: 0 / 1");
-    list().DeleteFromFeatureCase();
-    EXPECT_THAT(names(), ElementsAre("one"));
-    EXPECT_TRUE(trace.trapped("cProcess::DeleteFromFeatureCase"));
-    EXPECT_FALSE(trace.trapped("cProcess::Delete"));
-    EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
-}
-
-TEST_F(CaseListTest, MoreFailuresThanABoxHoldsAreCounted) {
-    std::vector<std::string> ids;
-    for (int i = 0; i < 12; ++i)
-        ids.push_back(base.addProcess(std::string("p") + static_cast<char>('a' + i)));
-    base.addFeatureCase(hole, {d8}, ids);
-    openCase({d8});
-    grid().selectBlock(1, 0, 12, 0);
-    base.throwOn("detach", errors::kKnowledgeBase, "No.");
-    desktop.expectMessage(kQuestion);
-    std::string text = "The knowledge base failed. Still there:";
-    for (char c = 'l'; c > 'b'; --c)
-        text += std::string("\r\np") + c + ": No.";
-    desktop.expectMessage(text + "\r\n+ 2\r\n\r\nRemoved: 0 / 12");
-    list().DeleteFromFeatureCase();
-}
-
-TEST_F(CaseListTest, NothingIsAskedWithoutARightASelectionOrConsent) {
-    base.addFeatureCase(hole, {d8}, {base.addProcess("one")});
-    openCase({d8});
-    desktop.expectMessage(kQuestion, MessageAnswer::Cancel);
-    list().DeleteFromFeatureCase();
-    grid().clearSelection();
-    list().DeleteFromFeatureCase();
-    base.allowed = {PermissionAdd, PermissionEdit};
-    grid().select(1, 0);
-    desktop.expectMessage("You do not have permission to delete objects from the database!");
-    list().DeleteFromFeatureCase();
-    EXPECT_THAT(changes(), IsEmpty());
-    EXPECT_THAT(names(), ElementsAre("one"));
-}
+// --- commands ----------------------------------------------------------------------------------------------
 
 TEST_F(CaseListTest, ARightsCheckThatFailsIsToldAndNothingIsDone) {
     base.addFeatureCase(hole, {d8}, {base.addProcess("one")});
@@ -396,7 +278,7 @@ TEST_F(CaseListTest, AnEmptyIdIsNeverSentToTheStore) {
     grid().select(1, 0);
     desktop.expectMessage("Permanently delete selected item(s) from the database?");
     list().Delete();
-    desktop.expectMessage(kQuestion);
+    desktop.expectMessage(kDetachQuestion);
     list().DeleteFromFeatureCase();
     list().Editwizard();
     list().EditMaterialsWizard();
@@ -408,7 +290,8 @@ TEST_F(CaseListTest, AnEmptyIdIsNeverSentToTheStore) {
 TEST_F(CaseListTest, ADoubleClickOnTheFirstProcessEditsItAndOneOnTheHeadingDoesNot) {
     base.addFeatureCase(hole, {d8}, {base.addProcess("one")});
     openCase({d8});
-    grid().doubleClicked.raise(0);
+    for (const int row : {0, -1})
+        grid().doubleClicked.raise(row);
     EXPECT_THAT(desktop.windows(), IsEmpty());
     desktop.expectDialog("FrmAddEditProcess", [](Form& dialog) { dialog.close(); });
     grid().doubleClicked.raise(1);

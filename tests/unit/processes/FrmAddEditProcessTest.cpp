@@ -130,6 +130,7 @@ TEST_F(FrmAddEditProcessTest, AnEmptyNameIsRefusedAndOneOfBlanksIsNot) {
     });
     EXPECT_EQ(stored(drill).Name, "  ");
     EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
+    EXPECT_EQ(desktop.messages().back().title, "Norvex - Process Manager");
 }
 
 TEST_F(FrmAddEditProcessTest, OfALongRuleAndAnEmptyNameOnlyTheRuleIsTold) {
@@ -199,6 +200,24 @@ TEST_F(FrmAddEditProcessTest, TheExpressionBuilderChangesTheRuleUnlessItWasCance
     EXPECT_THAT(host->rulesOffered, ElementsAre("Depth < 3", "Depth < 3"));
 }
 
+TEST_F(FrmAddEditProcessTest, TheExpressionBuilderOpensOverTheDialog) {
+    struct BuildingHost : FakeHost {
+        std::string buildExpression(const std::string&, WindowHandle over) override {
+            owner = over;
+            return {};
+        }
+        WindowHandle owner = 0;
+    };
+    const auto building = std::make_shared<BuildingHost>();
+    services.host.set(building);
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.CmdBuildExpression.click();
+        EXPECT_NE(building->owner, 0);
+        EXPECT_EQ(building->owner, dialog.handle());
+        dialog.CmdCancel.click();
+    });
+}
+
 TEST_F(FrmAddEditProcessTest, HelpOpensTheHelpContextOverTheDialog) {
     edit([&](FrmAddEditProcess& dialog) {
         dialog.CmdHelp.click();
@@ -232,6 +251,17 @@ TEST_F(FrmAddEditProcessTest, AFailingUpdateIsToldAndTheDialogStaysOpenWithItsIn
     EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
     EXPECT_TRUE(trace.trapped("FrmAddEditProcess::CmdOk_Click"));
     EXPECT_EQ(stored(drill).Name, "other");
+}
+
+TEST_F(FrmAddEditProcessTest, TheRowShowsWhatWasStoredThoughTheMaterialsCouldNotBe) {
+    edit([&](FrmAddEditProcess& dialog) {
+        dialog.TxtName.setText("Drill deep");
+        base.throwOn("addMaterial", errors::kKnowledgeBase, "The disk is full.");
+        desktop.expectMessage("The disk is full.");
+        dialog.CmdOk.click();
+        dialog.CmdCancel.click();
+    });
+    EXPECT_EQ(list().grid().text(1, field::kName), "Drill deep");
 }
 
 TEST_F(FrmAddEditProcessTest, AProcessThatWasDeletedMeanwhileIsToldOnOk) {

@@ -69,9 +69,13 @@ TEST_F(FrmAddExistingProcessTest, ACaseOfNoUnitOffersTheProcessesOfBoth) {
 }
 
 TEST_F(FrmAddExistingProcessTest, HeadingsAreLookedUp) {
-    library.translations = {{"Nonmembers", "Fremde"}, {"Members", "Mitglieder"}, {"Processes", "Prozesse"}};
+    library.translations = {{"Nonmembers", "Fremde"},
+                            {"Members", "Mitglieder"},
+                            {"Processes", "Prozesse"},
+                            {"Process Members", "Prozesse des Falls"}};
     openCase({d8});
     run([&](FrmAddExistingProcess& dialog) {
+        EXPECT_EQ(dialog.caption(), "Prozesse des Falls");
         EXPECT_EQ(dialog.FrameProcesses.caption(), "Prozesse");
         EXPECT_EQ(dialog.FrameProcesses.LV1.columnHeaders().at(0).text, "Fremde");
         EXPECT_EQ(dialog.FrameProcesses.LV2.columnHeaders().at(0).text, "Mitglieder");
@@ -174,6 +178,7 @@ TEST_F(FrmAddExistingProcessTest, ACaseOfNoUnitIsNotCreatedAndTheUserIsToldWhatT
 
 TEST_F(FrmAddExistingProcessTest, WithoutAFeatureTypeTheUserIsToldAndNothingOpens) {
     library.translations["No feature type is currently selected"] = "Kein Merkmalstyp";
+    services.texts.setTitle("Verwaltung");
     mainForm().SetView(FRView::FRProcesscase);
     desktop.expectMessage("Kein Merkmalstyp");
     list().EditExistingProcesseswizard();
@@ -272,6 +277,18 @@ TEST_F(FrmAddExistingProcessTest, RefreshShowsWhatTheStoreHoldsNow) {
     });
 }
 
+TEST_F(FrmAddExistingProcessTest, AMemberThatARefreshBroughtIsNotAttachedAgain) {
+    openCase({d8});
+    run([&](FrmAddExistingProcess& dialog) {
+        base.processStore().attach(ream, featureCase);  // by somebody else
+        dialog.FrameProcesses.Cmdrefresh.click();
+        EXPECT_THAT(shown(dialog.FrameProcesses.LV2), ElementsAre("Drill", "Ream"));
+        base.forgetCalls();
+        dialog.CmdOk.click();
+    });
+    EXPECT_THAT(changes(), ElementsAre("detach " + featureCase + " " + bore));
+}
+
 TEST_F(FrmAddExistingProcessTest, WhatIsAttachedButNotListedIsAMemberAndStaysAttached) {
     base.processStore().attach(ream, featureCase);
     base.processStore().attach(tap, featureCase);  // of the other unit
@@ -284,6 +301,17 @@ TEST_F(FrmAddExistingProcessTest, WhatIsAttachedButNotListedIsAMemberAndStaysAtt
     });
     EXPECT_EQ(attached(), (std::set<std::string>{drill, ream, tap}));
     EXPECT_THAT(base.callsOf("attach"), IsEmpty());
+}
+
+TEST_F(FrmAddExistingProcessTest, AProcessOfAnotherCaseThatIsNotListedIsNoMember) {
+    base.addFeatureCase(hole, {d8, m8}, {ream});
+    set("MaxProcessReturnNum", "1");
+    openCase({d8});
+    run([&](FrmAddExistingProcess& dialog) {
+        EXPECT_THAT(shown(dialog.FrameProcesses.LV2), ElementsAre("Drill"));
+        EXPECT_THAT(shown(dialog.FrameProcesses.LV1), ElementsAre("Bore", "Ream"));
+        dialog.CmdCancel.click();
+    });
 }
 
 TEST_F(FrmAddExistingProcessTest, WithAStyleThatListsNothingOkDetachesNobody) {

@@ -34,8 +34,8 @@ class CProcessTest : public testing::Test, protected ServicesHarness {
     Grid grid{form, "VSFG"};
     cProcess list{person,           services.forViews().knowledgeBase,
                   services.rights,  services.settings,
-                  services.gridOps, services.host,
-                  nullptr};
+                  services.gridOps, idle,
+                  services.host,    nullptr};
 };
 
 TEST_F(CProcessTest, TheColumnsStandAsTheyAreKnown) {

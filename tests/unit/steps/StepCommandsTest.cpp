@@ -8,15 +8,11 @@
 namespace pellmark::test {
 namespace {
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
-using testing::SizeIs;
-using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
-constexpr const char* kQuestion = "Permanently delete selected item(s) from the database?";
 constexpr const char* kGone = "The process step does not exist any more. Somebody else has deleted it.";
 
 class StepCommandsTest : public testing::Test, protected StepsHarness {
@@ -27,17 +23,6 @@ class StepCommandsTest : public testing::Test, protected StepsHarness {
             ids.push_back(base.addStep(process, name, static_cast<std::int16_t>(ids.size() + 1), 602));
         start();
     }
-    void pressDelete() {
-        KeyPress key;
-        key.keyCode = KeyPress::kDelete;
-        grid.keyPressed.raise(key);
-        EXPECT_TRUE(key.handled);
-    }
-    void select(const std::vector<int>& rows) {
-        grid.clearSelection();
-        for (const int row : rows)
-            grid.setSelected(row, true);
-    }
     void storeValue(std::int32_t code, const std::string& value) {
         base.tables().requireStep(ids[0]).values[code] = value;
     }
@@ -46,49 +31,24 @@ class StepCommandsTest : public testing::Test, protected StepsHarness {
     std::vector<std::string> ids;
 };
 
-// --- deleting ---------------------------------------------------------------------------------------------
+// --- keys -------------------------------------------------------------------------------------------------
 
-TEST_F(StepCommandsTest, SelectedStepsAreDeletedFromTheBottomUpAfterOneQuestion) {
-    select({1, 4, 2});
-    desktop.expectMessage(kQuestion);
-    pressDelete();
-    EXPECT_THAT(changes(),
-                ElementsAre("deleteStep " + ids[3], "deleteStep " + ids[1], "deleteStep " + ids[0]));
-    EXPECT_THAT(names(), ElementsAre("c"));
-    EXPECT_TRUE(grid.isSelected(1));
-    EXPECT_EQ(steps.SelectedStepID(), ids[2]);
-    EXPECT_EQ(desktop.messages()[0].icon, MessageIcon::Question);
-    EXPECT_EQ(desktop.messages()[0].buttons, MessageButtons::OkCancel);
-    EXPECT_EQ(desktop.messages()[0].title, "Norvex - Process Manager");
-    EXPECT_THAT(desktop.messages()[0].names, ElementsAre("a", "b", "d"));
-    EXPECT_TRUE(desktop.messages()[0].cancelIsDefault);
-    EXPECT_THAT(trace.lines(), IsEmpty());
+TEST_F(StepCommandsTest, EnterAndF2OpenTheWizard) {
+    technology.wizard = [](FakeTechnology&) { return false; };
+    for (const int code : {KeyPress::kEnter, KeyPress::kF2}) {
+        technology.calls.clear();
+        KeyPress key{code};
+        grid.keyPressed.raise(key);
+        EXPECT_TRUE(key.handled);
+        EXPECT_THAT(technology.calls, testing::Contains(testing::StartsWith("runStepWizard"))) << code;
+    }
 }
 
-TEST_F(StepCommandsTest, TheQuestionIsTranslatedAndItsTitleIsNot) {
-    translate(kQuestion, "Wirklich?");
-    translate("Norvex - Process Manager", "Verwaltung");
-    desktop.expectMessage("Wirklich?", MessageAnswer::Cancel);
-    steps.Delete();
-    EXPECT_EQ(desktop.messages()[0].title, "Norvex - Process Manager");
-}
-
-TEST_F(StepCommandsTest, WhichStepARowStandsForIsNotReadFromItsCell) {
-    grid.setText(2, field::kId, ids[3]);
-    grid.select(2, 4);
-    EXPECT_EQ(steps.SelectedStepID(), ids[1]);
-    desktop.expectMessage(kQuestion);
-    steps.Delete();
-    EXPECT_THAT(changes(), ElementsAre("deleteStep " + ids[1]));
-}
-
-TEST_F(StepCommandsTest, ACancelDeletesNothing) {
-    select({1, 2});
-    desktop.expectMessage(kQuestion, MessageAnswer::Cancel);
-    steps.Delete();
-    EXPECT_THAT(changes(), IsEmpty());
-    EXPECT_EQ(grid.dataRows(), 4);
-    EXPECT_EQ(grid.selectedRows(), 2);
+TEST_F(StepCommandsTest, AKeyThatSomebodyElseHasHandledDoesNothing) {
+    KeyPress key{KeyPress::kDelete};
+    key.handled = true;
+    grid.keyPressed.raise(key);
+    EXPECT_THAT(base.calls(), IsEmpty());
 }
 
 TEST_F(StepCommandsTest, OtherKeysDoNothing) {
@@ -99,79 +59,6 @@ TEST_F(StepCommandsTest, OtherKeysDoNothing) {
         EXPECT_FALSE(key.handled) << code;
     }
     EXPECT_THAT(base.calls(), IsEmpty());
-}
-
-TEST_F(StepCommandsTest, WithoutTheRightNothingIsDeletedAndNothingAsked) {
-    base.allowed.erase(PermissionDelete);
-    desktop.expectMessage("You do not have permission to delete objects from the database!");
-    steps.Delete();
-    EXPECT_EQ(grid.dataRows(), 4);
-}
-
-TEST_F(StepCommandsTest, WithoutASelectionNothingIsAsked) {
-    grid.clearSelection();
-    steps.Delete();
-    grid.bind(nullptr);
-    steps.Delete();
-    EXPECT_THAT(desktop.messages(), IsEmpty());
-}
-
-TEST_F(StepCommandsTest, ARefusedStepKeepsItsRowAndTheOthersGo) {
-    base.refuse(ids[1]);
-    select({1, 2, 3});
-    desktop.expectMessage(kQuestion);
-    steps.Delete();
-    EXPECT_THAT(names(), ElementsAre("b", "d"));
-    EXPECT_TRUE(grid.isSelected(1));
-    EXPECT_EQ(grid.selectedRows(), 1);
-}
-
-TEST_F(StepCommandsTest, AFailureIsToldOnceAndTheOthersAreTried) {
-    select({1, 2, 3});
-    base.throwOn("deleteStep", errors::kKnowledgeBase, "The knowledge base is locked.");
-    desktop.expectMessage(kQuestion);
-    desktop.expectMessage("The knowledge base is locked.");
-    steps.Delete();
-    EXPECT_EQ(base.callsOf("deleteStep").size(), 3U);
-    EXPECT_EQ(grid.dataRows(), 4);
-    EXPECT_THAT(trace.lines(), SizeIs(3)) << "the trace knows each";
-    EXPECT_THAT(trace.lines(), Each(StartsWith("cProcessSteps::Delete: error 26104")));
-}
-
-TEST_F(StepCommandsTest, WhatWasSelectedBeforeTheQuestionIsDeletedWhateverTheListShowsThen) {
-    class Refreshing : public Desktop {
-      public:
-        Refreshing(const Operations& operations, cProcessSteps*& list) : Desktop(operations), list_(list) {}
-        MessageAnswer showMessage(const MessageBox&) override {
-            list_->RefreshList("");
-            return MessageAnswer::Ok;
-        }
-        std::unique_ptr<FormPeer> createPeer(Form&) override { return nullptr; }
-
-      private:
-        cProcessSteps*& list_;
-    };
-    cProcessSteps* list = nullptr;
-    Refreshing desk(operations, list);
-    const UserInterface watched{desk, texts, help, layouts};
-    const StepServices mine{watched, rights,  base,   technology, settings,
-                            gridOps, dialogs, fileIO, files,      idle};
-    cProcessSteps second(mine, &processGrid);
-    list = &second;
-    Grid view(form, "view");
-    second.Init(view);
-    base.addStep(process, "before all", 0);
-    view.select(2, 0);
-    second.Delete();
-    EXPECT_THAT(changes(), ElementsAre("deleteStep " + ids[1]));
-}
-
-TEST_F(StepCommandsTest, TheLastStepLeavesAnEmptyList) {
-    gridOps.SelectAll(grid);
-    desktop.expectMessage(kQuestion);
-    steps.Delete();
-    EXPECT_FALSE(grid.hasData());
-    EXPECT_EQ(steps.SelectedStepID(), "");
 }
 
 // --- adding -----------------------------------------------------------------------------------------------
@@ -208,7 +95,8 @@ TEST_F(StepCommandsTest, ACancelledDialogLeavesTheStepsAndTheirSelection) {
 TEST_F(StepCommandsTest, AStepIsAddedToTheProcessWhoseIdTheListShowsInItsCurrentRow) {
     const std::string other = base.addProcess("B");
     listProcesses();
-    processGrid.select(2, 1);
+    processGrid.select(1, 1);
+    processGrid.setText(1, field::kId, other);
     technology.editor = [](FakeTechnology&) { return TechnologyService::kAccepted; };
     desktop.expectDialog("frmAddEditProcessTechStep",
                          [](Form& shown) { dynamic_cast<frmAddEditProcessTechStep&>(shown).CmdOk.click(); });

@@ -40,7 +40,7 @@ class StepEditsTest : public testing::Test, protected StepsHarness {
     std::string process, first, second;
 };
 
-TEST_F(StepEditsTest, EveryEditIsWrittenAtOnceAndNothingElseIsRead) {
+TEST_F(StepEditsTest, EveryEditIsWrittenAtOnceAndNothingIsReadAfterIt) {
     EXPECT_TRUE(edit(2, field::kName, "Tap M8"));
     EXPECT_EQ(stored(second), (ProcessStepRecord{second, "Tap M8", process, 2, 402}));
     EXPECT_TRUE(edit(2, field::kPriority, " 040 "));
@@ -48,8 +48,11 @@ TEST_F(StepEditsTest, EveryEditIsWrittenAtOnceAndNothingElseIsRead) {
     EXPECT_EQ(stored(second), (ProcessStepRecord{second, "Tap M8", process, 40, 1012}));
     EXPECT_EQ(grid.text(2, field::kPriority), "40");
     EXPECT_EQ(grid.displayText(2, grid.colIndex(field::kCuttingCycleId)), "Milling");
-    EXPECT_THAT(base.calls(), ElementsAre("may 1", "updateStep " + second, "may 1", "updateStep " + second,
-                                          "may 1", "updateStep " + second));
+    const std::vector<std::string> each{"may 1", "step " + second, "updateStep " + second};
+    std::vector<std::string> calls;
+    for (int edits = 0; edits < 3; ++edits)
+        calls.insert(calls.end(), each.begin(), each.end());
+    EXPECT_EQ(base.calls(), calls);
     EXPECT_EQ(stored(first), (ProcessStepRecord{first, "Drill", process, 1, 602}));
     EXPECT_THAT(trace.lines(), IsEmpty());
 }
@@ -63,8 +66,9 @@ TEST_F(StepEditsTest, WhichStepARowStandsForIsNotReadFromItsCell) {
 
 TEST_F(StepEditsTest, TheProcessOfAStepIsThatOfItsCell) {
     const std::string other = base.addProcess("B");
+    ASSERT_TRUE(grid.beginEdit(1, grid.colIndex(field::kName)));
     grid.setText(1, field::kProcessId, other);
-    EXPECT_TRUE(edit(1, field::kName, "Drill deep"));
+    EXPECT_TRUE(grid.commitEdit("Drill deep"));
     EXPECT_EQ(stored(first), (ProcessStepRecord{first, "Drill deep", other, 1, 602}));
 }
 
@@ -103,6 +107,18 @@ TEST_F(StepEditsTest, AnImpossiblePriorityIsRefusedAndTheEditingGoesOn) {
     EXPECT_EQ(stored(first).priority, 12);
 }
 
+TEST_F(StepEditsTest, ABlankNameIsRefusedAndTheEditingGoesOn) {
+    ASSERT_TRUE(grid.beginEdit(1, grid.colIndex(field::kName)));
+    for (const char* value : {"", " \t"}) {
+        desktop.expectMessage("Name cannot be blank");
+        EXPECT_FALSE(grid.commitEdit(value));
+        EXPECT_TRUE(grid.isEditing());
+    }
+    EXPECT_THAT(changes(), IsEmpty());
+    EXPECT_TRUE(grid.commitEdit("Deburr"));
+    EXPECT_EQ(stored(first).name, "Deburr");
+}
+
 /// The message box takes the keyboard away from the cell, which then offers its value a second time.
 TEST_F(StepEditsTest, ARefusalIsToldOnceAlsoWhenItTakesTheKeyboardAway) {
     class NosyDesktop : public Desktop {
@@ -136,10 +152,11 @@ TEST_F(StepEditsTest, ARefusalIsToldOnceAlsoWhenItTakesTheKeyboardAway) {
 }
 
 TEST_F(StepEditsTest, ARefusedWriteIsToldAndTheCellShowsWhatIsStored) {
+    ASSERT_TRUE(grid.beginEdit(1, grid.colIndex(field::kName)));
     base.stepStore().updateStep({first, "Drill deep", process, 5, 602});
     base.throwOn("updateStep", errors::kValueTooLong, "The name is too long.");
     desktop.expectMessage("The name is too long.");
-    edit(1, field::kName, "x");
+    grid.commitEdit("x");
     EXPECT_EQ(grid.text(1, field::kName), "Drill deep");
     EXPECT_EQ(grid.text(1, field::kPriority), "5");
     EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Critical);
@@ -164,6 +181,36 @@ TEST_F(StepEditsTest, AStepThatSomebodyElseHasDeletedIsSaidAndItsRowGoes) {
     EXPECT_EQ(desktop.messages().back().icon, MessageIcon::Information);
 }
 
+/// The list may be hours old.
+TEST_F(StepEditsTest, WhatSomebodyElseHasChangedOfTheStepIsNotUndone) {
+    base.stepStore().updateStep({first, "Drill deep", process, 1, 402});
+    EXPECT_TRUE(edit(1, field::kPriority, "7"));
+    EXPECT_EQ(stored(first), (ProcessStepRecord{first, "Drill deep", process, 7, 402}));
+    EXPECT_EQ(grid.text(1, field::kName), "Drill deep");
+}
+
+TEST_F(StepEditsTest, ACellThatSomebodyElseHasChangedIsShownBeforeItIsEdited) {
+    base.stepStore().updateStep({first, "Drill deep", process, 1, 602});
+    EXPECT_FALSE(edit(1, field::kName, "Drill M8"));
+    EXPECT_EQ(grid.text(1, field::kName), "Drill deep");
+    EXPECT_TRUE(edit(1, field::kName, "Drill deep M8"));
+    EXPECT_EQ(stored(first).name, "Drill deep M8");
+}
+
+TEST_F(StepEditsTest, NoEditBeginsOfAStepThatSomebodyElseHasDeleted) {
+    base.stepStore().deleteStep(first);
+    desktop.expectMessage(kGone);
+    EXPECT_FALSE(grid.beginEdit(1, grid.colIndex(field::kName)));
+    EXPECT_THAT(names(), ElementsAre("Tap"));
+}
+
+TEST_F(StepEditsTest, AStepThatCannotBeReadAnewCanBeEditedNevertheless) {
+    base.throwOn("step");
+    EXPECT_TRUE(edit(1, field::kName, "x"));
+    EXPECT_EQ(stored(first).name, "x");
+    EXPECT_TRUE(trace.trapped("cProcessSteps::BeforeEdit"));
+}
+
 TEST_F(StepEditsTest, AStepWhoseNumbersAreOutOfRangeIsNotWritten) {
     grid.setText(1, field::kCuttingCycleId, "40000");
     desktop.expectMessage("Overflow: 40000 is out of range.");
@@ -173,16 +220,19 @@ TEST_F(StepEditsTest, AStepWhoseNumbersAreOutOfRangeIsNotWritten) {
     grid.setText(1, field::kPriority, "-32769");
     desktop.expectMessage("Overflow: -32769 is out of range.");
     edit(1, field::kName, "x");
+    ASSERT_TRUE(grid.beginEdit(1, grid.colIndex(field::kName)));
     grid.setText(1, field::kPriority, "-32768");
     grid.setText(1, field::kCuttingCycleId, "32767");
-    edit(1, field::kName, "x");
+    grid.commitEdit("x");
     EXPECT_EQ(stored(first), (ProcessStepRecord{first, "x", process, -32768, 32767}));
 }
 
 TEST_F(StepEditsTest, NumbersThatTheKnowledgeBaseLeavesOpenCountAsNone) {
+    base.stepStore().updateStep({first, "Drill", process, 0, 0});
     grid.setText(1, field::kPriority, "");
     grid.setText(1, field::kCuttingCycleId, "");
     EXPECT_TRUE(edit(1, field::kName, "x"));
+    EXPECT_EQ(grid.text(1, field::kPriority), "");
     EXPECT_EQ(stored(first), (ProcessStepRecord{first, "x", process, 0, 0}));
 }
 

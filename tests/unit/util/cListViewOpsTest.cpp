@@ -63,6 +63,16 @@ TEST_F(CListViewOpsTest, SelectsTheFirstItemThatIsLeftSoThatTheNextClickHasATarg
     EXPECT_THAT(shown(target), ElementsAre("d", "a"));
 }
 
+TEST_F(CListViewOpsTest, TheTargetOfTheNextClickIsScrolledTo) {
+    int scrolledTo = -1;
+    const Subscription heard = source.listChanged.subscribe([&](const ListChange& change) {
+        if (change.what == ListChange::What::Scroll) scrolledTo = change.index;
+    });
+    source.select(3);
+    cListViewOps::MoveListItems(source, target, false);
+    EXPECT_EQ(scrolledTo, 0);
+}
+
 TEST_F(CListViewOpsTest, WithoutASelectionNothingChangesInEitherList) {
     cListViewOps::MoveListItems(source, target, false);
     EXPECT_THAT(shown(source), ElementsAre("a", "b", "c", "d"));

@@ -161,8 +161,9 @@ TEST_P(TranslatedFormsTest, TheProcessDialogShowsItsTextsWhole) {
 TEST_P(TranslatedFormsTest, TheMembersDialogShowsItsTextsWhole) {
     FrmMain main(services_.forViews());
     main.SetView(FRView::FRProcesscase);
-    FrmAddExistingProcess dialog(services_.person, base, main.caseView()->featureCase,
-                                 main.VSFGProcessCaseResults, FrmAddExistingProcess::kNoUnit);
+    FrmAddExistingProcess dialog(services_.person, services_.forViews().steps.idle, base,
+                                 main.caseView()->featureCase, main.VSFGProcessCaseResults,
+                                 FrmAddExistingProcess::kNoUnit);
     expectRoom(dialog);
 }
 
