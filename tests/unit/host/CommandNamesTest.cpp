@@ -93,7 +93,7 @@ TEST_F(CommandNamesTest, OfTheProcessDialogs) {
     expectRefused("FrmAddEditProcess::RefreshNonMembers", edit.FrameMaterialClass.Cmdrefresh);
     expectRefused("Dialog::CmdHelp_Click", edit.CmdHelp);
 
-    FrmAddExistingProcess members(person, base, view(), main.VSFGProcessCaseResults, "71");
+    FrmAddExistingProcess members(person, idle, base, view(), main.VSFGProcessCaseResults, "71");
     members.load();
     expectRefused("FrmAddExistingProcess::CmdOk_Click", members.CmdOk);
     expectRefused("FrmAddExistingProcess::RefreshNonMembers", members.FrameProcesses.Cmdrefresh);

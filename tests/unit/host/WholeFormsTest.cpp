@@ -82,7 +82,7 @@ TEST_F(WholeFormsTest, TheDialogs) {
     openCase({d8});
     FrmAddEditProcess edit(person, base, services.settings, *host, &view(), process, nullptr);
     expectWholeAtEverySize(edit);
-    FrmAddExistingProcess members(person, base, view(), main.VSFGProcessCaseResults, "71");
+    FrmAddExistingProcess members(person, idle, base, view(), main.VSFGProcessCaseResults, "71");
     expectWholeAtEverySize(members);
     FrmEditProcessMaterials materials(person, base, process);
     expectWholeAtEverySize(materials);

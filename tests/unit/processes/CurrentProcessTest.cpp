@@ -38,7 +38,7 @@ class CurrentProcessTest : public testing::Test, protected ServicesHarness {
     }
     cProcess listOver(KnowledgeBaseService& knowledgeBase) {
         return {person,           knowledgeBase, services.rights, services.settings,
-                services.gridOps, services.host, nullptr};
+                services.gridOps, idle,          services.host,   nullptr};
     }
     Subscription watchScrolling() {
         return grid.gridChanged.subscribe([this](const GridChange& change) {
