@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "com/WorkingDay.h"
+#include "com/soak/WorkingDay.h"
 
 /// soak TURNS [EACH]: works with the component for so many turns, and says after each EACH of them what the
 /// process holds more than after the first ones. The host's library must be registered.

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "com/RegisteredLibrary.h"
-#include "com/WorkingDay.h"
+#include "com/soak/WorkingDay.h"
 
 namespace pellmark {
 namespace {

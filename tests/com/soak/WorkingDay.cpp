@@ -1,4 +1,4 @@
-#include "com/WorkingDay.h"
+#include "com/soak/WorkingDay.h"
 
 #include <tlhelp32.h>
 
