@@ -178,7 +178,7 @@ bool FrmAddEditProcess::takeOverChanges() {
     const std::vector<ListItem> members = storedMaterials();
     const std::vector<ListItem> materials = itemsOf(*knowledgeBase_.materialStore().materials());
     const MergedProcess merged = mergedProcess(unchanged_, record_, theirs);
-    const bool otherMembers = FrameMaterialClass.takeOver(materials, members);
+    const bool otherMembers = FrameMaterialClass.takeOver(withoutMembers(materials, members), members);
     if (!otherMembers && merged.contested.empty() && merged.record == record_) return false;
     record_ = merged.record;
     showRecord();

@@ -96,9 +96,7 @@ bool FrmAddExistingProcess::takeOverChanges() {
     if (ids == attached_) return false;
     Members initial;
     const std::vector<ListItem> members = membersOf(attached, initial);
-    std::vector<ListItem> all = withoutMembers(processesOfUnit(), members);
-    all.insert(all.end(), members.begin(), members.end());
-    FrameProcesses.takeOver(all, members);
+    FrameProcesses.takeOver(withoutMembers(processesOfUnit(), members), members);
     initialMembers_ = std::move(initial);
     attached_ = std::move(ids);
     tellChangedMeanwhile(person(), "");

@@ -54,7 +54,7 @@ void FrmEditProcessMaterials::readLists() {
 bool FrmEditProcessMaterials::takeOverChanges() {
     const std::vector<ListItem> all = itemsOf(*knowledgeBase_.materialStore().materials());
     const std::vector<ListItem> members = itemsOf(*knowledgeBase_.processStore().materialsOf(processId_));
-    if (!FrameMaterials.takeOver(all, members)) return false;
+    if (!FrameMaterials.takeOver(withoutMembers(all, members), members)) return false;
     tellChangedMeanwhile(person(), "");
     return true;
 }

@@ -87,19 +87,21 @@ MemberLists::Ids MemberLists::memberIds() const {
     return ids;
 }
 
-bool MemberLists::takeOver(const std::vector<ListItem>& all, const std::vector<ListItem>& members) {
+bool MemberLists::takeOver(const std::vector<ListItem>& nonMembers, const std::vector<ListItem>& members) {
     Ids stored;
     for (const ListItem& member : members)
         stored.insert(lowerAscii(member.key));
     if (stored == known_) return false;
-    const Ids wanted = memberIds();
+    const auto isMoved = [this, wanted = memberIds()](const ListItem& item) {
+        const std::string id = lowerAscii(item.key);
+        return wanted.contains(id) != known_.contains(id);
+    };
     std::vector<ListItem> inside;
     std::vector<ListItem> outside;
-    for (const ListItem& item : all) {
-        const std::string id = lowerAscii(item.key);
-        const bool moved = wanted.contains(id) != known_.contains(id);
-        (stored.contains(id) != moved ? inside : outside).push_back(item);
-    }
+    for (const ListItem& item : nonMembers)
+        (isMoved(item) ? inside : outside).push_back(item);
+    for (const ListItem& item : members)
+        (isMoved(item) ? outside : inside).push_back(item);
     show(outside, inside);
     known_ = std::move(stored);
     return true;

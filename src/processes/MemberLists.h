@@ -24,10 +24,9 @@ class MemberLists : public Frame {
     void show(const std::vector<ListItem>& nonMembers, const std::vector<ListItem>& members);
     /// Whether a person has moved something that is not stored yet.
     bool isChanged() const { return memberIds() != known_; }
-    /// What the knowledge base holds now, of all items these as members. Where those are not the members that
-    /// were known, somebody else has changed them: that is shown, with what the person has moved on top of
-    /// it. False when nobody has.
-    bool takeOver(const std::vector<ListItem>& all, const std::vector<ListItem>& members);
+    /// What the knowledge base holds now. Where those are not the members that were known, somebody else has
+    /// changed them: that is shown, with what the person has moved on top of it. False when nobody has.
+    bool takeOver(const std::vector<ListItem>& nonMembers, const std::vector<ListItem>& members);
     /// The knowledge base holds this one as the lists show it. Without a word about it, takeOver() would take
     /// an OK that failed half-way for somebody else's.
     void noteStored(const std::string& key);

@@ -4,9 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
-#include "host/FrmMain.h"
 #include "processes/cProcess.h"
-#include "support/PortsHarness.h"
+#include "support/HolesAndSlotsFixture.h"
 
 namespace pellmark::test {
 namespace {
@@ -17,68 +16,7 @@ using testing::IsEmpty;
 constexpr int kTypeRow = FeatureCaseGrid::kTypeRow;
 constexpr int kValueCol = FeatureCaseGrid::kValueCol;
 
-/// A Process Case view over holes (two keys) and metric slots, opened as the main form opens it.
-class CFeatureCaseTest : public testing::Test, protected ServicesHarness {
-  protected:
-    CFeatureCaseTest() {
-        base.addNvxFeatureType(3, "Hole features");
-        base.addNvxFeatureType(5, "Slots");
-        prismatic = base.addPartType("Prismatic");
-        turned = base.addPartType("Turned");
-        steel = base.addMaterialClass("Steel");
-        hole = base.addFeatureType("Hole", 3);
-        slot = base.addFeatureType("Slot", 5, prismatic, unit::kMetric);
-        diameter = base.addKey(hole, "Diameter");
-        d8 = base.addValue(diameter, "8");
-        d10 = base.addValue(diameter, "10");
-        thread = base.addKey(hole, "Thread");
-        m8 = base.addValue(thread, "M8");
-        width = base.addKey(slot, "Width");
-        w5 = base.addValue(width, "5");
-    }
-    void open() {
-        form_().SetView(FRView::FRProcesscase);
-        base.forgetCalls();
-    }
-    FrmMain& form_() { return main; }
-    cFeatureCase& view() { return main.caseView()->featureCase; }
-    Grid& grid() { return form_().VSFGProcessCase; }
-    Grid& list() { return form_().VSFGProcessCaseResults; }
-    void chooseInGrid(int row, const std::string& stored) {
-        ASSERT_TRUE(grid().beginEdit(row, kValueCol));
-        ASSERT_TRUE(grid().commitEdit(stored));
-    }
-    static std::vector<std::string> textsOf(const ComboBox& combo) {
-        std::vector<std::string> texts;
-        for (const auto& item : combo.items())
-            texts.push_back(item.text);
-        return texts;
-    }
-    std::vector<std::string> typesOffered() {
-        std::vector<std::string> texts;
-        for (const auto& item : grid().comboList(kTypeRow, kValueCol).items())
-            texts.push_back(item.shown);
-        return texts;
-    }
-    std::vector<std::string> keysShown() {
-        std::vector<std::string> texts;
-        for (int row = 2; row < grid().rows(); ++row)
-            texts.push_back(grid().text(row, 0));
-        return texts;
-    }
-    void describeHole() {
-        view().SetFeatureCaseUnitGui(unit::kMetric);
-        view().SetNvxFeatureTypeGui(3);
-        view().SetPartTypeGui(prismatic);
-        view().SetFeatureTypeGui(hole);
-        view().SetPartMaterialClassGui(steel);
-        view().SetProcessUnitGui(unit::kInch);
-        view().SetValuesGui({m8, d10});
-    }
-
-    FrmMain main{services.forViews()};
-    std::string prismatic, turned, steel, hole, slot, diameter, d8, d10, thread, m8, width, w5;
-};
+class CFeatureCaseTest : public HolesAndSlotsFixture {};
 
 TEST_F(CFeatureCaseTest, TheFiltersOfferWhatTheKnowledgeBaseHoldsAfterAnOpenEntry) {
     library.translations["Any"] = "Alle";
@@ -316,65 +254,6 @@ TEST_F(CFeatureCaseTest, AClickOnMaterialOrProcessUnitRefillsTheListAndLeavesThe
     EXPECT_EQ(base.callsOf("processesOfValues").size(), 2U);
     EXPECT_THAT(base.callsOf("featureTypes"), IsEmpty());
     EXPECT_EQ(view().GetPcUnit(), unit::kMetric);
-}
-
-TEST_F(CFeatureCaseTest, TheFirstExactMatchWins) {
-    base.addFeatureCase(hole, {d8});
-    const std::string first = base.addFeatureCase(hole, {d10, m8});
-    base.addFeatureCase(hole, {d10, m8});
-    open();
-    describeHole();
-    EXPECT_EQ(view().GetFirstFeatureTypeExactMatchId(), first);
-}
-
-TEST_F(CFeatureCaseTest, NoExactMatchAndAFailingStoreAnswerNothing) {
-    base.addFeatureCase(hole, {d10});
-    open();
-    describeHole();
-    EXPECT_EQ(view().GetFirstFeatureTypeExactMatchId(), "");
-    base.throwOn("matches");
-    EXPECT_EQ(view().GetFirstFeatureTypeExactMatchId(), "");
-    EXPECT_TRUE(trace.trapped("cFeatureCase::GetFirstFeatureTypeExactMatchId"));
-}
-
-TEST_F(CFeatureCaseTest, AnExistingCaseIsNotCreatedAgain) {
-    const std::string existing = base.addFeatureCase(hole, {d10, m8});
-    open();
-    describeHole();
-    EXPECT_EQ(view().existingOrNewFeatureCase(), existing);
-    EXPECT_THAT(base.callsOf("createFeatureCase"), IsEmpty());
-}
-
-TEST_F(CFeatureCaseTest, ANewCaseIsCreatedWithOneCallPerValue) {
-    open();
-    describeHole();
-    base.forgetCalls();
-    const std::string created = view().existingOrNewFeatureCase();
-    EXPECT_THAT(base.calls(),
-                ElementsAre("matches " + hole, "createFeatureCase " + hole, "addValue " + d10 + " " + created,
-                            "addValue " + m8 + " " + created));
-    EXPECT_EQ(view().GetFirstFeatureTypeExactMatchId(), created);
-}
-
-TEST_F(CFeatureCaseTest, AStoreThatCannotAnswerIsNotGivenASecondCase) {
-    base.addFeatureCase(hole, {d10, m8});
-    open();
-    describeHole();
-    base.throwOn("matches");
-    EXPECT_THROW(view().existingOrNewFeatureCase(), Error);
-    EXPECT_THAT(base.callsOf("createFeatureCase"), IsEmpty());
-}
-
-TEST_F(CFeatureCaseTest, WithoutAFeatureTypeThereIsNoCaseToCreate) {
-    open();
-    EXPECT_THROW(view().existingOrNewFeatureCase(), Error);
-}
-
-TEST_F(CFeatureCaseTest, AValueThatIsRefusedEndsTheCreationWithItsError) {
-    open();
-    describeHole();
-    base.throwOn("addValue", errors::kKnowledgeBase, "The disk is full.");
-    EXPECT_THROW(view().existingOrNewFeatureCase(), Error);
 }
 
 TEST_F(CFeatureCaseTest, AListThatCannotBeReadLeavesTheOtherFiltersUsable) {

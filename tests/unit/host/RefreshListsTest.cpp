@@ -13,15 +13,21 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-class RefreshListsTest : public ListsFixture {};
+class RefreshListsTest : public ListsFixture {
+  protected:
+    /// A case of two processes that are found by "tap"; the first of them is selected.
+    void findTwoTaps() {
+        const std::string tap = base.addProcess("Tap M3");
+        base.addFeatureCase(hole, {d8, m8}, {tap, base.addProcess("Tap M4")});
+        openCase({d8, m8});
+        press(results, 'F', true);
+        resultsLine.TxtFind.setText("tap");
+        results.select(results.findRow(tap), 1);
+    }
+};
 
 TEST_F(RefreshListsTest, ADeletedProcessDoesNotComeBackWithTheNextLetter) {
-    const std::string tap = base.addProcess("Tap M3");
-    base.addFeatureCase(hole, {d8, m8}, {tap, base.addProcess("Tap M4")});
-    openCase({d8, m8});
-    press(results, 'F', true);
-    resultsLine.TxtFind.setText("tap");
-    results.select(results.findRow(tap), 1);
+    findTwoTaps();
     desktop.expectMessage("Permanently delete selected item(s) from the database?");
     press(results, KeyPress::kDelete);
     resultsLine.TxtFind.setText("ta");
@@ -29,12 +35,7 @@ TEST_F(RefreshListsTest, ADeletedProcessDoesNotComeBackWithTheNextLetter) {
 }
 
 TEST_F(RefreshListsTest, ADetachedProcessDoesNotComeBackWithTheNextLetter) {
-    const std::string tap = base.addProcess("Tap M3");
-    base.addFeatureCase(hole, {d8, m8}, {tap, base.addProcess("Tap M4")});
-    openCase({d8, m8});
-    press(results, 'F', true);
-    resultsLine.TxtFind.setText("tap");
-    results.select(results.findRow(tap), 1);
+    findTwoTaps();
     desktop.expectMessage("Delete selected process(es) from the selected Feature Case?\r\n\r\nAre you sure?");
     main.processes()->DeleteFromFeatureCase();
     resultsLine.TxtFind.setText("ta");

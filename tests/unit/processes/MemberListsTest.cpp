@@ -53,6 +53,19 @@ TEST_F(MemberListsTest, AClickOnAHeadingSortsItsList) {
     EXPECT_FALSE(lists.LV2.sorted());
 }
 
+TEST_F(MemberListsTest, WhatIsTakenOverHasThePersonsMovesOnTopOfIt) {
+    lists.LV1.select(0);
+    lists.CmdAddft.click();
+    EXPECT_FALSE(lists.takeOver({{"1", "b", {}}, {"2", "a", {}}}, {{"3", "c", {}}}));
+    // the other has taken "c" out and another in, one that the list of all does not name
+    EXPECT_TRUE(lists.takeOver({{"1", "b", {}}, {"2", "a", {}}, {"3", "c", {}}}, {{"9", "gone", {}}}));
+    EXPECT_THAT(shown(lists.LV1), ElementsAre("a", "c"));
+    EXPECT_THAT(shown(lists.LV2), ElementsAre("b", "gone"));
+    EXPECT_TRUE(lists.isChanged());
+    lists.noteStored("1");
+    EXPECT_FALSE(lists.isChanged());
+}
+
 TEST_F(MemberListsTest, WhatIsShownTakesThePlaceOfWhatWasShownBefore) {
     lists.show({{"4", "d", {}}}, {{"5", "e", {}}});
     EXPECT_THAT(shown(lists.LV1), ElementsAre("d"));
